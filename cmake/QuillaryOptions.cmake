@@ -1,0 +1,53 @@
+# Compiler settings that every target shares, and the helpers that the folders use.
+
+option(QUILLARY_TESTS "Build the tests" ON)
+option(QUILLARY_BENCH "Build the benchmarks" ON)
+option(QUILLARY_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(QUILLARY_FUZZ "Build the fuzz targets only (clang)" OFF)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()
+
+find_program(QUILLARY_CCACHE ccache)
+if(QUILLARY_CCACHE)
+  # Precompiled headers hash only with these allowances; hash_dir off lets two build folders share.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+    CCACHE_NOHASHDIR=1 ${QUILLARY_CCACHE})
+endif()
+
+add_library(QuillaryWarnings INTERFACE)
+target_compile_options(QuillaryWarnings INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough
+  -Wcast-align -Wextra-semi)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # ccache and precompiled headers: without it GCC's preprocessed text hides the precompiled header.
+  target_compile_options(QuillaryWarnings INTERFACE -fpch-preprocess -Wlogical-op -Wduplicated-cond)
+endif()
+
+if(QUILLARY_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# Compile settings of one of our own targets: warnings as errors, includes from the root of the repository.
+function(quillary_target target)
+  target_link_libraries(${target} PRIVATE QuillaryWarnings)
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_FROM_ASCII
+                                               QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER)
+endfunction()
+
+# Headers that nearly every file of a Qt target includes.
+function(quillary_precompile_qt target)
+  target_precompile_headers(${target} PRIVATE <QtCore/QtCore> <QtGui/QtGui> <QtWidgets/QWidget>
+                                              <functional> <memory> <optional> <string> <vector>)
+endfunction()

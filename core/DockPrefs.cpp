@@ -1,0 +1,7 @@
+#include "core/DockPrefs.h"
+
+namespace quillary {
+
+const DockPrefs DockPrefs::hidden{true, 1000.0};
+
+} // namespace quillary

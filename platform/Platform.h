@@ -1,0 +1,39 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+class QWidget;
+
+namespace quillary {
+
+class PanelWindow;
+class PointerMonitor;
+class Scheduler;
+class Screens;
+class SystemDockPreferences;
+class SystemLog;
+class Workspace;
+
+/// All that the operating system does for the program, in one hand. Every part lives as long as this.
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    [[nodiscard]] virtual Screens& screens() = 0;
+    [[nodiscard]] virtual Workspace& workspace() = 0;
+    [[nodiscard]] virtual SystemDockPreferences& systemDock() = 0;
+    [[nodiscard]] virtual PointerMonitor& pointer() = 0;
+    [[nodiscard]] virtual Scheduler& scheduler() = 0;
+    [[nodiscard]] virtual SystemLog& log() = 0;
+    /// Dresses a top-level widget that was never shown as a dock's window.
+    [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWidget& contents) = 0;
+    /// The folder under which programs keep their settings.
+    [[nodiscard]] virtual std::filesystem::path applicationSupportDirectory() const = 0;
+};
+
+/// The platform of the running system. Needs a QApplication; null with one line on standard error when the session
+/// offers no window system that docks can live on.
+[[nodiscard]] std::unique_ptr<Platform> makePlatform();
+
+} // namespace quillary

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QRectF>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace quillary {
+
+/// One connected screen. Coordinates are global points: origin at the top-left of the primary screen, y down.
+struct ScreenInfo {
+    /// The system's number of the display; 0 when it gives none.
+    std::uint32_t displayNumber = 0;
+    /// Stable identity of the physical display (RFC 4122 text form, upper case); absent when it has none.
+    std::optional<std::string> uuid;
+    /// Human-readable name, valid UTF-8.
+    std::string name;
+    /// The whole screen.
+    QRectF frame;
+    /// The frame without the areas that panels and menu bars of the system reserve.
+    QRectF visibleFrame;
+    /// Device pixels per point.
+    double scale = 1.0;
+
+    bool operator==(const ScreenInfo&) const = default;
+};
+
+} // namespace quillary
