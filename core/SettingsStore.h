@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/Settings.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace quillary {
+
+/// The one file that holds the settings. Keeps its location alone: every call reads or writes the whole file.
+class SettingsStore {
+public:
+    /// A larger file is not read, and not written either.
+    static constexpr std::size_t sizeLimit = std::size_t{4} * 1024 * 1024;
+
+    /// Does not touch the file.
+    explicit SettingsStore(std::filesystem::path url);
+
+    [[nodiscard]] const std::filesystem::path& url() const { return m_url; }
+
+    /// The settings in the file. A file that is missing, unreadable or larger than `sizeLimit` gives the
+    /// defaults and nothing is written. One that is no settings file gives the defaults too, and its bytes
+    /// are copied to the location with ".broken" appended, replacing an earlier copy; the file itself stays
+    /// as it is.
+    [[nodiscard]] Settings load() const;
+
+    /// Replaces the file as `AtomicFile::write` does, after creating missing folders (mode 0700, as the XDG
+    /// Base Directory rules ask). Returns nothing on success, else the text of the error.
+    [[nodiscard]] std::optional<std::string> save(const Settings& settings) const;
+
+private:
+    std::filesystem::path m_url;
+};
+
+} // namespace quillary
