@@ -1,0 +1,68 @@
+#include "core/SettingsStore.h"
+
+#include "core/AtomicFile.h"
+#include "core/BoundedFile.h"
+#include "core/SettingsJson.h"
+
+#include <cerrno>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include <sys/stat.h>
+
+namespace quillary {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path withBrokenAppended(fs::path url) {
+    url += ".broken";
+    return url;
+}
+
+std::optional<std::string> createFolders(const fs::path& folder) {
+    std::error_code error;
+    if (folder.empty() || fs::is_directory(folder, error)) {
+        return std::nullopt;
+    }
+    if (std::optional<std::string> failure = createFolders(folder.parent_path())) {
+        return failure;
+    }
+    if (::mkdir(folder.c_str(), S_IRWXU) == 0 || errno == EEXIST) {
+        return std::nullopt;
+    }
+    return folder.string() + ": " + std::generic_category().message(errno);
+}
+
+} // namespace
+
+SettingsStore::SettingsStore(fs::path url) : m_url(std::move(url)) {}
+
+Settings SettingsStore::load() const {
+    const std::optional<std::string> content = readBoundedFile(m_url, sizeLimit);
+    if (!content) {
+        return {};
+    }
+    if (std::optional<Settings> settings = decodeSettings(*content)) {
+        return *std::move(settings);
+    }
+    // The copy is a courtesy: without it the program starts all the same.
+    static_cast<void>(AtomicFile::write(withBrokenAppended(m_url), *content));
+    return {};
+}
+
+std::optional<std::string> SettingsStore::save(const Settings& settings) const {
+    if (std::optional<std::string> failure = createFolders(m_url.parent_path())) {
+        return failure;
+    }
+    const std::string content = encodeSettings(settings);
+    if (content.size() > sizeLimit) {
+        // Written, it would not be read again at the next start.
+        return m_url.string() + ": " + std::make_error_code(std::errc::file_too_large).message();
+    }
+    return AtomicFile::write(m_url, content);
+}
+
+} // namespace quillary
