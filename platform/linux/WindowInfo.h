@@ -5,8 +5,8 @@
 
 namespace quillary {
 
-/// One window of a client program, as the window system describes it. Every text is untrusted: valid UTF-8, otherwise
-/// anything. Empty texts and 0 mean "not known".
+/// One window of a client program, as the window system describes it. Every text is untrusted: valid UTF-8,
+/// otherwise anything. Empty texts and 0 mean "not known".
 struct WindowInfo {
     std::uint64_t id = 0;
     /// WM_CLASS (ICCCM): class and instance, or the application id where the window system has only that.
@@ -20,7 +20,8 @@ struct WindowInfo {
     std::string sandboxId;
     /// The window that this one is a dialog of (WM_TRANSIENT_FOR); 0 for a window of its own.
     std::uint64_t transientFor = 0;
-    /// Whether it is a window for docks and task bars: not a dock, desktop, menu or tooltip, nor marked to be skipped.
+    /// Whether it is a window for docks and task bars: not a dock, desktop, menu or tooltip, nor marked to be
+    /// skipped.
     bool normal = true;
 
     bool operator==(const WindowInfo&) const = default;

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace quillary {
+
+/// What /proc tells of a process that helps to find its desktop entry. Every text is the process's own claim:
+/// valid UTF-8, otherwise anything; empty when not known.
+struct ProcessFacts {
+    std::int64_t pid = 0;
+    /// Path of the executable, "" when it may not be read.
+    std::string executable;
+    /// The start of the command line.
+    std::vector<std::string> arguments;
+    /// Flatpak id from the sandbox's own description, or snap name from the environment.
+    std::string sandbox;
+    /// Path of its control group in the unified hierarchy, else in systemd's own.
+    std::string controlGroup;
+    /// GIO_LAUNCHED_DESKTOP_FILE and its companion.
+    std::string launchedEntry;
+    std::int64_t launchedEntryPid = 0;
+
+    bool operator==(const ProcessFacts&) const = default;
+};
+
+/// Reads facts of processes. Reads are bounded; what can't be read, because the process ended or belongs to
+/// another user, stays empty.
+class ProcessReader {
+public:
+    /// `root` is where the process file system stands.
+    explicit ProcessReader(std::filesystem::path root = "/proc");
+
+    [[nodiscard]] ProcessFacts read(std::int64_t pid) const;
+
+private:
+    std::filesystem::path m_root;
+};
+
+} // namespace quillary
