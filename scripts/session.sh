@@ -138,7 +138,7 @@ start_applications() {
 # place CLASS X Y [WIDTH HEIGHT]: waits for the window, then moves, sizes and raises it.
 place() {
     local window
-    wait_until 20 is_shown "$1"
+    wait_until 20 is_shown "$1" || return 0 # the docks can be shown without it
     window=$(xdotool search --onlyvisible --class "^$1\$" | tail -n 1)
     xdotool windowmove "$window" "$2" "$3"
     if (($# > 3)); then
