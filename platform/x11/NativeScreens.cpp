@@ -1,0 +1,39 @@
+#include "platform/x11/NativeScreens.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quillary {
+
+namespace {
+
+int outside(int value, int low, int high) {
+    return std::max({low - value, 0, value - high});
+}
+
+int distance(const QRect& rect, QPoint point) {
+    return outside(point.x(), rect.left(), rect.right()) + outside(point.y(), rect.top(), rect.bottom());
+}
+
+} // namespace
+
+QPointF NativeScreen::toPoints(QPoint native) const {
+    const QPoint origin = geometry.topLeft();
+    return QPointF(native - origin) / scale + origin;
+}
+
+QRectF NativeScreen::toPoints(const QRect& native) const {
+    const auto rounded = [](QPointF point) { return QPointF(std::round(point.x()), std::round(point.y())); };
+    const QPoint bottomRight = native.topLeft() + QPoint(native.width(), native.height());
+    return {rounded(toPoints(native.topLeft())), rounded(toPoints(bottomRight))};
+}
+
+QPointF toGlobalPoints(const std::vector<NativeScreen>& screens, QPoint native) {
+    const auto nearest =
+        std::min_element(screens.begin(), screens.end(), [&](const NativeScreen& a, const NativeScreen& b) {
+            return distance(a.geometry, native) < distance(b.geometry, native);
+        });
+    return nearest == screens.end() ? QPointF(native) : nearest->toPoints(native);
+}
+
+} // namespace quillary

@@ -1,0 +1,140 @@
+#include "platform/x11/X11Connection.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QPointer>
+#include <QSocketNotifier>
+
+#include <algorithm>
+#include <vector>
+
+namespace quillary {
+
+namespace {
+
+// The server gives each client a range of identifiers, so a window's number tells who made it.
+struct IdRange {
+    std::uint32_t base = 0;
+    std::uint32_t mask = 0;
+
+    static IdRange of(xcb_connection_t* connection) {
+        const auto* setup = xcb_get_setup(connection);
+        return {setup->resource_id_base, setup->resource_id_mask};
+    }
+    [[nodiscard]] bool contains(xcb_window_t window) const { return (window & ~mask) == base; }
+    bool operator==(const IdRange&) const = default;
+};
+
+std::vector<IdRange>& ownRanges() {
+    static std::vector<IdRange> ranges;
+    return ranges;
+}
+
+} // namespace
+
+std::unique_ptr<X11Connection> X11Connection::open() {
+    int screenIndex = 0;
+    auto* connection = xcb_connect(nullptr, &screenIndex);
+    if (xcb_connection_has_error(connection) != 0) {
+        xcb_disconnect(connection);
+        return nullptr;
+    }
+    auto roots = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (int i = 0; i < screenIndex && roots.rem > 1; ++i) {
+        xcb_screen_next(&roots);
+    }
+    // No make_unique: the constructor is private.
+    return std::unique_ptr<X11Connection>(new X11Connection(connection, screenIndex, roots.data->root));
+}
+
+X11Connection::X11Connection(xcb_connection_t* connection, int screenIndex, xcb_window_t rootId)
+    : handle(connection),
+      screen(screenIndex),
+      rootWindow(rootId),
+      atomTable(X11Atoms::intern(connection)),
+      notifier(new QSocketNotifier(xcb_get_file_descriptor(connection), QSocketNotifier::Read, this)) {
+    ownRanges().push_back(IdRange::of(connection));
+    connect(notifier, &QSocketNotifier::activated, this, [this] { dispatch(); });
+}
+
+X11Connection::~X11Connection() {
+    std::erase(ownRanges(), IdRange::of(handle));
+    // The notifier must be gone before the file descriptor is closed.
+    delete notifier;
+    xcb_disconnect(handle);
+}
+
+void X11Connection::flush() {
+    xcb_flush(handle);
+    checkAlive();
+}
+
+void X11Connection::setListening(Listening state) {
+    notifier->setEnabled(state == Listening::on && alive);
+    if (notifier->isEnabled()) {
+        keepQueuedEvents();
+    }
+}
+
+void X11Connection::keepQueuedEvents() {
+    // Reading a reply may read events too; the socket then stays silent about them.
+    while (auto* event = xcb_poll_for_queued_event(handle)) {
+        pending.emplace_back(event);
+    }
+    if (!pending.empty() && !dispatchPlanned && notifier->isEnabled()) {
+        dispatchPlanned = true;
+        QMetaObject::invokeMethod(
+            this, [this] { dispatch(); }, Qt::QueuedConnection);
+    }
+}
+
+int X11Connection::dispatch() {
+    dispatchPlanned = false;
+    while (auto* event = xcb_poll_for_event(handle)) {
+        pending.emplace_back(event);
+    }
+    int count = 0;
+    const QPointer guard(this);
+    while (!pending.empty()) {
+        const auto event = std::move(pending.front());
+        pending.pop_front();
+        if (event->response_type == 0) {
+            continue;
+        }
+        ++count;
+        Q_EMIT eventReceived(event.get());
+        if (!guard) {
+            return count;
+        }
+    }
+    if (count > 0) {
+        Q_EMIT settled();
+    }
+    if (guard) {
+        flush();
+    }
+    return count;
+}
+
+void X11Connection::checkAlive() {
+    if (!alive || xcb_connection_has_error(handle) == 0) {
+        return;
+    }
+    alive = false;
+    notifier->setEnabled(false);
+    Q_EMIT lost();
+    QCoreApplication::quit();
+}
+
+bool X11Connection::isOwnWindow(xcb_window_t window) {
+    const auto& ranges = ownRanges();
+    if (std::any_of(ranges.begin(), ranges.end(),
+                    [&](const IdRange& range) { return range.contains(window); })) {
+        return true;
+    }
+    const auto* x11 =
+        qGuiApp == nullptr ? nullptr : qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 != nullptr && x11->connection() != nullptr && IdRange::of(x11->connection()).contains(window);
+}
+
+} // namespace quillary

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "platform/PanelWindow.h"
+#include "platform/x11/X11Connection.h"
+
+#include <QPointer>
+#include <QTimer>
+
+#include <xcb/shape.h>
+
+#include <optional>
+
+class QWindow;
+
+namespace quillary {
+
+class X11Compositor;
+
+/// A dock's window under an EWMH window manager: of type dock, above, on all desktops, out of task bars and
+/// pagers, with an input region by the SHAPE extension. It reserves no space.
+///
+/// While nothing composites, the window's bounds are the union of the visible shape and the input region, as
+/// the X server takes no clicks outside the bounds: contents are then painted opaque over both.
+class X11PanelWindow final : public PanelWindow {
+    Q_OBJECT
+
+public:
+    /// Dresses the widget, which must be a top-level one that was never shown.
+    X11PanelWindow(QWidget& widget, X11Connection& server, const X11Compositor& compositing);
+    ~X11PanelWindow() override;
+
+    void setFrame(const QRect& frame) override;
+    [[nodiscard]] QRect frame() const override { return target; }
+    void setInputRegion(const QRegion& region) override;
+    /// Does nothing: the input region is exact.
+    void setIgnoresMouseEvents(bool ignores) override;
+    void setVisibleShape(const QRegion& region) override;
+    [[nodiscard]] bool composited() const override;
+    void orderFront() override;
+    void close() override;
+    [[nodiscard]] bool isVisible() const override;
+    [[nodiscard]] QImage grab() override;
+
+    /// How often a shape was sent to the server so far; for measurements.
+    [[nodiscard]] int shapeRequests() const { return shapeRequestCount; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    [[nodiscard]] xcb_connection_t* qtConnection() const;
+    void dress();
+    void setProperties();
+    void followCrossings();
+    void handleEvent(const xcb_generic_event_t* event);
+    void applyFrame();
+    void applyShapes();
+    void applyShape(xcb_shape_kind_t kind, const QRegion* region);
+    void checkFrame();
+
+    X11Connection& connection;
+    const X11Compositor& compositor;
+    QPointer<QWidget> contents;
+    QPointer<QWindow> watchedWindow;
+    xcb_window_t native = XCB_WINDOW_NONE;
+    QRect target;
+    std::optional<QRegion> inputRegion;
+    std::optional<QRegion> visibleShape;
+    // What the server was told last, so that nothing is told twice: a new shape makes it send crossings.
+    std::optional<QRegion> sentInput;
+    std::optional<QRegion> sentBounds;
+    double sentScale = 0.0;
+    QTimer frameCheck;
+    bool closed = false;
+    int shapeRequestCount = 0;
+};
+
+} // namespace quillary

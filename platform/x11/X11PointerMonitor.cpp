@@ -1,0 +1,89 @@
+#include "platform/x11/X11PointerMonitor.h"
+
+#include "platform/x11/X11Screens.h"
+
+#include <xcb/xinput.h>
+
+namespace quillary {
+
+X11PointerMonitor::X11PointerMonitor(std::unique_ptr<X11Connection> server, const X11Screens& screenList)
+    : connection(std::move(server)), screens(screenList) {
+    frame.setSingleShot(true);
+    frame.setInterval(frameInterval);
+    frame.setTimerType(Qt::PreciseTimer);
+    connect(&frame, &QTimer::timeout, this, &X11PointerMonitor::endFrame);
+    connect(connection.get(), &X11Connection::eventReceived, this, &X11PointerMonitor::handleEvent);
+    connect(connection.get(), &X11Connection::settled, this, &X11PointerMonitor::handleSettled);
+    selectRawEvents();
+    lastTold = query();
+}
+
+void X11PointerMonitor::selectRawEvents() {
+    const auto* input = xcb_get_extension_data(connection->xcb(), &xcb_input_id);
+    if (input == nullptr || input->present == 0 ||
+        !connection->reply(xcb_input_xi_query_version_reply,
+                           xcb_input_xi_query_version(connection->xcb(), 2, 2))) {
+        return;
+    }
+    extensionOpcode = input->major_opcode;
+    // A click or a touch shows where a pointer stands that was moved by a program.
+    struct {
+        xcb_input_event_mask_t head;
+        std::uint32_t mask;
+    } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1},
+                XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS |
+                    XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_BEGIN | XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_UPDATE};
+    xcb_input_xi_select_events(connection->xcb(), connection->root(), 1, &selection.head);
+    connection->flush();
+}
+
+void X11PointerMonitor::handleEvent(const xcb_generic_event_t* event) {
+    if (eventKind(event) == XCB_GE_GENERIC &&
+        eventAs<xcb_ge_generic_event_t>(event)->extension == extensionOpcode) {
+        moving = true;
+    }
+}
+
+void X11PointerMonitor::handleSettled() {
+    if (!moving) {
+        return;
+    }
+    moving = false;
+    // Until the frame ends, movements wait in the socket instead of waking the program one by one.
+    connection->setListening(X11Connection::Listening::off);
+    frame.start();
+    refresh();
+}
+
+void X11PointerMonitor::endFrame() {
+    // Movements of the last frame begin the next one.
+    connection->dispatch();
+    if (!frame.isActive()) {
+        connection->setListening(X11Connection::Listening::on);
+    }
+}
+
+QPointF X11PointerMonitor::location() const {
+    return query().value_or(lastTold.value_or(QPointF()));
+}
+
+void X11PointerMonitor::refresh() {
+    const auto now = query();
+    if (now && now != lastTold) {
+        lastTold = now;
+        Q_EMIT moved(*now);
+    }
+}
+
+std::optional<QPointF> X11PointerMonitor::query() const {
+    ++queries;
+    const auto answer =
+        connection->reply(xcb_query_pointer_reply, xcb_query_pointer(connection->xcb(), connection->root()));
+    // A pointer on another X screen has no place on this desktop.
+    if (!answer || answer->same_screen == 0) {
+        return std::nullopt;
+    }
+    return screens.toPoints(QPoint(answer->root_x, answer->root_y));
+}
+
+} // namespace quillary

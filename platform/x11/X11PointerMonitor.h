@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/PointerMonitor.h"
+#include "platform/x11/X11Connection.h"
+
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+namespace quillary {
+
+class X11Screens;
+
+/// The pointer by raw XInput 2 events, which the server delivers whoever has the pointer grabbed, on a
+/// connection of its own so that a fast mouse burdens no other. Between two frames it sleeps; without
+/// movement it does nothing at all.
+class X11PointerMonitor final : public PointerMonitor {
+    Q_OBJECT
+
+public:
+    X11PointerMonitor(std::unique_ptr<X11Connection> server, const X11Screens& screenList);
+
+    [[nodiscard]] QPointF location() const override;
+    void refresh() override;
+
+    /// How often the pointer was asked for so far; for measurements.
+    [[nodiscard]] int queryCount() const { return queries; }
+
+    /// The time between two looks at a moving pointer, in milliseconds.
+    static constexpr int frameInterval = 8;
+
+private:
+    void handleEvent(const xcb_generic_event_t* event);
+    void handleSettled();
+    void endFrame();
+    void selectRawEvents();
+    [[nodiscard]] std::optional<QPointF> query() const;
+
+    std::unique_ptr<X11Connection> connection;
+    const X11Screens& screens;
+    QTimer frame;
+    std::optional<QPointF> lastTold;
+    std::uint8_t extensionOpcode = 0;
+    bool moving = false;
+    mutable int queries = 0;
+};
+
+} // namespace quillary

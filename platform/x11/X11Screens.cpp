@@ -1,0 +1,186 @@
+#include "platform/x11/X11Screens.h"
+
+#include "platform/x11/ScreenIdentity.h"
+#include "platform/x11/X11ClientList.h"
+#include "platform/x11/X11Monitor.h"
+#include "platform/x11/X11Property.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <xcb/randr.h>
+
+#include <algorithm>
+
+namespace quillary {
+
+namespace {
+
+constexpr std::uint32_t partialBytes = 12 * 4;
+constexpr std::uint32_t wholeBytes = 4 * 4;
+
+double scaleOf(const X11Monitor& monitor) {
+    const auto name = QString::fromStdString(monitor.name);
+    for (const auto* screen : QGuiApplication::screens()) {
+        if (screen->name() == name) {
+            return screen->devicePixelRatio();
+        }
+    }
+    return qGuiApp->devicePixelRatio();
+}
+
+std::string displayName(const X11Monitor& monitor) {
+    return monitor.edid && !monitor.edid->monitorName.empty() ? monitor.edid->monitorName : monitor.name;
+}
+
+} // namespace
+
+X11Screens::X11Screens(X11Connection& server, X11ClientList& list) : connection(server), clients(list) {
+    const auto* randr = xcb_get_extension_data(connection.xcb(), &xcb_randr_id);
+    if (randr != nullptr && randr->present != 0 &&
+        connection.reply(xcb_randr_query_version_reply, xcb_randr_query_version(connection.xcb(), 1, 5))) {
+        randrEvent = randr->first_event;
+        xcb_randr_select_input(connection.xcb(), connection.root(),
+                               XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
+                                   XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE |
+                                   XCB_RANDR_NOTIFY_MASK_OUTPUT_PROPERTY);
+    }
+    connect(&connection, &X11Connection::eventReceived, this, &X11Screens::handleEvent);
+    connect(&connection, &X11Connection::settled, this, &X11Screens::handleSettled);
+    connect(&clients, &X11ClientList::changed, this, &X11Screens::handleClients);
+    readMonitors();
+    handleClients();
+    update();
+    followQtScreens();
+}
+
+X11Screens::~X11Screens() = default;
+
+// Qt learns of a monitor and of a new scale at its own time, sometimes after us.
+void X11Screens::followQtScreens() {
+    const auto follow = [this](QScreen* screen) {
+        connect(screen, &QScreen::geometryChanged, this, &X11Screens::update);
+        connect(screen, &QScreen::logicalDotsPerInchChanged, this, &X11Screens::update);
+    };
+    for (auto* screen : QGuiApplication::screens()) {
+        follow(screen);
+    }
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this, follow](QScreen* screen) {
+        follow(screen);
+        update();
+    });
+}
+
+void X11Screens::handleEvent(const xcb_generic_event_t* event) {
+    const int kind = eventKind(event);
+    if (kind == XCB_PROPERTY_NOTIFY) {
+        const auto* notify = eventAs<xcb_property_notify_event_t>(event);
+        if ((notify->atom == connection.atoms().netWmStrut ||
+             notify->atom == connection.atoms().netWmStrutPartial) &&
+            strutWindows.contains(notify->window)) {
+            staleStruts.insert(notify->window);
+        }
+        return;
+    }
+    // Some servers tell a change of the user's own monitors by no RandR event but by the root window's.
+    const bool rootChanged = kind == XCB_CONFIGURE_NOTIFY &&
+                             eventAs<xcb_configure_notify_event_t>(event)->window == connection.root();
+    const bool randrChanged = randrEvent >= 0 && (kind == randrEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
+                                                  kind == randrEvent + XCB_RANDR_NOTIFY);
+    monitorsStale = monitorsStale || rootChanged || randrChanged;
+}
+
+void X11Screens::handleSettled() {
+    if (!monitorsStale && staleStruts.empty()) {
+        return;
+    }
+    if (std::exchange(monitorsStale, false)) {
+        readMonitors();
+    }
+    const std::vector<xcb_window_t> windows(staleStruts.begin(), staleStruts.end());
+    staleStruts.clear();
+    readStruts(windows);
+    update();
+}
+
+void X11Screens::handleClients() {
+    std::unordered_set<xcb_window_t> now;
+    std::vector<xcb_window_t> added;
+    for (const auto window : clients.windows()) {
+        // Our own docks stand beside each other; they make no room for one another.
+        if (!X11Connection::isOwnWindow(window) && now.insert(window).second &&
+            !strutWindows.contains(window)) {
+            added.push_back(window);
+        }
+    }
+    strutWindows = std::move(now);
+    std::erase_if(struts, [this](const auto& entry) { return !strutWindows.contains(entry.first); });
+    readStruts(added);
+    update();
+}
+
+void X11Screens::readStruts(const std::vector<xcb_window_t>& windows) {
+    struct Request {
+        xcb_window_t window;
+        xcb_get_property_cookie_t partial;
+        xcb_get_property_cookie_t whole;
+    };
+    std::vector<Request> requests;
+    requests.reserve(windows.size());
+    for (const auto window : windows) {
+        requests.push_back(
+            {window, requestProperty(connection, window, connection.atoms().netWmStrutPartial, partialBytes),
+             requestProperty(connection, window, connection.atoms().netWmStrut, wholeBytes)});
+    }
+    for (const auto& request : requests) {
+        const auto partial = readProperty(connection, request.partial).numbers;
+        const auto whole = readProperty(connection, request.whole).numbers;
+        struts.erase(request.window);
+        if (const auto strut = StrutArithmetic::parse(partial, whole)) {
+            struts.emplace(request.window, *strut);
+        }
+    }
+}
+
+void X11Screens::readMonitors() {
+    monitors = X11Monitor::readAll(connection);
+    const auto root =
+        connection.reply(xcb_get_geometry_reply, xcb_get_geometry(connection.xcb(), connection.root()));
+    if (root) {
+        desktop = QSize(root->width, root->height);
+    }
+}
+
+void X11Screens::update() {
+    std::vector<ScreenIdentity::Monitor> identities;
+    for (const auto& monitor : monitors) {
+        identities.push_back({monitor.name, monitor.edid ? monitor.edid->identity() : std::nullopt});
+    }
+    const auto uuids = ScreenIdentity::uuids(identities);
+    std::vector<Strut> reserved;
+    for (const auto& [window, strut] : struts) {
+        reserved.push_back(strut);
+    }
+
+    std::vector<NativeScreen> natives;
+    std::vector<ScreenInfo> now;
+    for (std::size_t i = 0; i < monitors.size(); ++i) {
+        const auto& monitor = monitors[i];
+        const NativeScreen native{monitor.geometry, scaleOf(monitor)};
+        natives.push_back(native);
+        now.push_back({.displayNumber = ScreenIdentity::displayNumber(monitor.name),
+                       .uuid = uuids[i],
+                       .name = displayName(monitor),
+                       .frame = native.toPoints(monitor.geometry),
+                       .visibleFrame = native.toPoints(
+                           StrutArithmetic::visibleFrame(monitor.geometry, desktop, reserved)),
+                       .scale = native.scale});
+    }
+    nativeScreens = std::move(natives);
+    if (now != infos) {
+        infos = std::move(now);
+        Q_EMIT changed();
+    }
+}
+
+} // namespace quillary

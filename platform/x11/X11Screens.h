@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/Screens.h"
+#include "platform/x11/NativeScreens.h"
+#include "platform/x11/StrutArithmetic.h"
+#include "platform/x11/X11Connection.h"
+
+#include <map>
+#include <unordered_set>
+
+namespace quillary {
+
+class X11ClientList;
+struct X11Monitor;
+
+/// The monitors that RandR tells, read by ourselves: Qt misses some changes and knows no free space per
+/// monitor. A monitor that shows the same area as an earlier one is a mirror and left out.
+class X11Screens final : public Screens {
+    Q_OBJECT
+
+public:
+    X11Screens(X11Connection& server, X11ClientList& list);
+    ~X11Screens() override;
+
+    [[nodiscard]] std::vector<ScreenInfo> list() const override { return infos; }
+    /// A point of the X server's root window in global points.
+    [[nodiscard]] QPointF toPoints(QPoint native) const { return toGlobalPoints(nativeScreens, native); }
+
+private:
+    void followQtScreens();
+    void handleEvent(const xcb_generic_event_t* event);
+    void handleSettled();
+    void handleClients();
+    void readStruts(const std::vector<xcb_window_t>& windows);
+    void readMonitors();
+    void update();
+
+    X11Connection& connection;
+    X11ClientList& clients;
+    int randrEvent = -1;
+    std::vector<X11Monitor> monitors;
+    QSize desktop;
+    std::unordered_set<xcb_window_t> strutWindows;
+    // Ordered, so that equal struts give equal frames whatever came first.
+    std::map<xcb_window_t, Strut> struts;
+    std::unordered_set<xcb_window_t> staleStruts;
+    bool monitorsStale = false;
+    std::vector<NativeScreen> nativeScreens;
+    std::vector<ScreenInfo> infos;
+};
+
+} // namespace quillary

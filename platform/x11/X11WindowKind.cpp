@@ -1,0 +1,39 @@
+#include "platform/x11/X11WindowKind.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quillary::X11WindowKind {
+
+namespace {
+
+bool contains(const auto& list, xcb_atom_t atom) {
+    return std::find(list.begin(), list.end(), atom) != list.end();
+}
+
+} // namespace
+
+bool isNormal(const X11Atoms& atoms, const std::vector<std::uint32_t>& types,
+              const std::vector<std::uint32_t>& states) {
+    if (contains(states, atoms.netWmStateSkipTaskbar)) {
+        return false;
+    }
+    const std::array shown = {atoms.netWmWindowTypeNormal, atoms.netWmWindowTypeDialog,
+                              atoms.netWmWindowTypeUtility};
+    const std::array hidden = {
+        atoms.netWmWindowTypeDesktop,   atoms.netWmWindowTypeDock,    atoms.netWmWindowTypeToolbar,
+        atoms.netWmWindowTypeMenu,      atoms.netWmWindowTypeSplash,  atoms.netWmWindowTypeDropdownMenu,
+        atoms.netWmWindowTypePopupMenu, atoms.netWmWindowTypeTooltip, atoms.netWmWindowTypeNotification,
+        atoms.netWmWindowTypeCombo,     atoms.netWmWindowTypeDnd};
+    for (const auto type : types) {
+        if (contains(shown, type)) {
+            return true;
+        }
+        if (contains(hidden, type)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace quillary::X11WindowKind

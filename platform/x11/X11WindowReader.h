@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/linux/WindowInfo.h"
+#include "platform/x11/X11Connection.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace quillary {
+
+/// Reads what windows say of themselves (ICCCM, EWMH and toolkits' own properties).
+class X11WindowReader {
+public:
+    explicit X11WindowReader(X11Connection& server);
+
+    /// The given windows, in one round trip; those that have gone are missing from the result.
+    [[nodiscard]] std::unordered_map<xcb_window_t, WindowInfo>
+    read(const std::vector<xcb_window_t>& windows) const;
+    /// Whether a change of the property can change what `read` returns.
+    [[nodiscard]] bool concerns(xcb_atom_t property) const;
+
+private:
+    struct Request;
+    [[nodiscard]] Request request(xcb_window_t window) const;
+    [[nodiscard]] std::optional<WindowInfo> finish(const Request& request) const;
+
+    X11Connection& connection;
+    std::string hostName;
+};
+
+} // namespace quillary

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/linux/WindowSource.h"
+#include "platform/x11/X11WindowReader.h"
+
+#include <unordered_map>
+#include <unordered_set>
+
+namespace quillary {
+
+class ScheduledTask;
+class Scheduler;
+class X11ClientList;
+
+/// Other programs' windows as the EWMH window manager lists them; none while there is no such window manager.
+class X11WindowSource final : public WindowSource {
+    Q_OBJECT
+
+public:
+    X11WindowSource(X11Connection& server, X11ClientList& list, Scheduler& clock);
+    ~X11WindowSource() override;
+
+    [[nodiscard]] std::vector<WindowInfo> windows() const override;
+    [[nodiscard]] std::optional<std::uint64_t> activeWindow() const override { return active; }
+    [[nodiscard]] std::vector<std::uint64_t> stackingOrder() const override;
+    void activate(std::uint64_t id) override;
+    void close(std::uint64_t id) override;
+
+    /// How long no window has to be active before that is told, in seconds: window managers pass through that
+    /// state between two windows.
+    static constexpr double focusGap = 0.15;
+
+private:
+    void handleEvent(const xcb_generic_event_t* event);
+    void handleSettled();
+    void updateWindows();
+    void updateActive();
+    void setActive(std::optional<std::uint64_t> window);
+    void send(xcb_window_t window, xcb_atom_t type, std::uint32_t first, std::uint32_t second);
+    [[nodiscard]] bool wmSupports(xcb_atom_t feature) const;
+    [[nodiscard]] bool acceptsDelete(xcb_window_t window) const;
+
+    X11Connection& connection;
+    X11ClientList& clients;
+    Scheduler& scheduler;
+    X11WindowReader reader;
+    std::vector<WindowInfo> known;
+    std::unordered_set<xcb_window_t> stale;
+    std::optional<std::uint64_t> active;
+    std::unique_ptr<ScheduledTask> loseFocus;
+    bool activeStale = false;
+};
+
+} // namespace quillary
