@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+/// Which icon theme the program shows (Icon Theme Specification).
+namespace quillary::IconTheme {
+
+/// Sets Qt's icon theme: the one the user chose in the desktop's settings, else what Qt found itself, else
+/// the best that is installed; adds the folders of unthemed icons. Once is enough; needs a QGuiApplication.
+void apply();
+
+/// The name that the user's settings give, whether installed or not: KDE's kdeglobals, GNOME's interface
+/// settings, Xfce's xsettings or GTK's settings.ini, in an order that suits `currentDesktop`
+/// (XDG_CURRENT_DESKTOP). Empty when none does.
+[[nodiscard]] std::string chosenByUser(const std::filesystem::path& configFolder,
+                                       const std::string& currentDesktop);
+
+/// The first of the names that is installed with an index.theme below one of the folders; empty when none is.
+/// Names that are no plain folder name are passed over.
+[[nodiscard]] std::string firstInstalled(const std::vector<std::string>& names,
+                                         const std::vector<std::filesystem::path>& folders);
+
+} // namespace quillary::IconTheme

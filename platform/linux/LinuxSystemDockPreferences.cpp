@@ -1,0 +1,84 @@
+#include "platform/linux/LinuxSystemDockPreferences.h"
+
+#include "core/SystemDock.h"
+#include "platform/linux/DefaultApplications.h"
+#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/DesktopFavourites.h"
+#include "platform/linux/GlibText.h"
+
+#include <algorithm>
+
+#include <glib.h>
+
+namespace quillary {
+
+namespace {
+
+// The absolute path of what a favourite stands for; empty when that isn't installed.
+std::string resolved(const std::string& item, const EntryIndex& entries) {
+    constexpr std::string_view byId = "applications:";
+    if (item == "preferred://browser") {
+        return DefaultApplications::browser(entries);
+    }
+    if (item == "preferred://filemanager") {
+        return DefaultApplications::fileManager(entries);
+    }
+    auto path =
+        item.starts_with("file:") ? takeText(g_filename_from_uri(item.c_str(), nullptr, nullptr)) : item;
+    if (path.starts_with('/')) {
+        std::error_code error;
+        return path.ends_with(".desktop") && std::filesystem::is_regular_file(path, error) ? path
+                                                                                           : std::string();
+    }
+    const auto* entry =
+        entries.find(EntryIndex::Key::id, item.starts_with(byId) ? item.substr(byId.size()) : item);
+    return entry != nullptr ? entry->path : std::string();
+}
+
+std::vector<std::string> defaults(const EntryIndex& entries) {
+    return {DefaultApplications::browser(entries), DefaultApplications::terminal(entries),
+            DefaultApplications::textEditor(entries), DefaultApplications::settings(entries)};
+}
+
+} // namespace
+
+DockPrefs LinuxSystemDockPreferences::read() const {
+    return {};
+}
+
+void LinuxSystemDockPreferences::write(const DockPrefs& /*prefs*/) {}
+
+void LinuxSystemDockPreferences::synchronise() {}
+
+void LinuxSystemDockPreferences::restart() {}
+
+std::vector<std::string> LinuxSystemDockPreferences::pinnedItems() const {
+    const auto dockFile =
+        std::filesystem::path(g_get_home_dir()) / "Library/Preferences/com.apple.dock.plist";
+    std::error_code error;
+    if (std::filesystem::is_regular_file(dockFile, error)) {
+        return SystemDock::load(dockFile);
+    }
+    const EntryIndex entries(readInstalledEntries(applicationFolders()).entries);
+    const char* desktop = g_getenv("XDG_CURRENT_DESKTOP");
+    const auto favourites =
+        DesktopFavourites::ofDesktop(desktop != nullptr ? desktop : "", g_get_user_config_dir());
+    std::vector<std::string> paths;
+    const auto add = [&paths](std::string path) {
+        if (!path.empty() && std::find(paths.begin(), paths.end(), path) == paths.end()) {
+            paths.push_back(std::move(path));
+        }
+    };
+    add(DefaultApplications::fileManager(entries));
+    for (const auto& item : favourites.value_or(std::vector<std::string>())) {
+        add(resolved(item, entries));
+    }
+    if (!favourites) {
+        for (auto& path : defaults(entries)) {
+            add(std::move(path));
+        }
+    }
+    return paths;
+}
+
+} // namespace quillary

@@ -1,0 +1,229 @@
+#include "platform/linux/LinuxWorkspace.h"
+
+#include "platform/SystemLog.h"
+#include "platform/linux/AsciiText.h"
+#include "platform/linux/GlibText.h"
+#include "platform/linux/IconTheme.h"
+#include "platform/linux/PathIcons.h"
+#include "platform/linux/WindowSource.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include <glib.h>
+
+namespace quillary {
+
+namespace {
+
+constexpr std::string_view entrySuffix = ".desktop";
+constexpr std::string_view bundleSuffix = ".app";
+constexpr const char* ownId = "quillary.desktop";
+
+RunningApplication running(const WindowApplication& application) {
+    return {.handle = application.handle,
+            .policy = ActivationPolicy::regular,
+            .bundlePath = application.path,
+            .bundleIdentifier = application.id};
+}
+
+bool isFolder(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(path, error);
+}
+
+std::string withoutTrailingSlash(std::string path) {
+    while (path.size() > 1 && path.ends_with('/')) {
+        path.pop_back();
+    }
+    return path;
+}
+
+bool contains(const std::vector<std::uint64_t>& list, std::uint64_t id) {
+    return std::find(list.begin(), list.end(), id) != list.end();
+}
+
+} // namespace
+
+LinuxWorkspace::LinuxWorkspace(WindowSource& windows, Scheduler& scheduler, SystemLog& log)
+    : m_windows(windows), m_log(log), m_entries(scheduler), m_launcher(scheduler, log) {
+    connect(&m_windows, &WindowSource::windowsChanged, this, &LinuxWorkspace::tellChanges);
+    connect(&m_windows, &WindowSource::activeWindowChanged, this, &LinuxWorkspace::tellChanges);
+    connect(&m_entries, &DesktopEntries::changed, this, [this] {
+        m_applications.forgetMatches();
+        tellChanges();
+    });
+}
+
+LinuxWorkspace::~LinuxWorkspace() = default;
+
+const std::vector<WindowApplication>& LinuxWorkspace::refreshed() const {
+    m_applications.update(m_windows.windows(), m_entries.index());
+    return m_applications.list();
+}
+
+const WindowApplication* LinuxWorkspace::activeApplication() const {
+    const auto window = m_windows.activeWindow();
+    return window ? m_applications.owner(*window) : nullptr;
+}
+
+LinuxWorkspace::Told LinuxWorkspace::state() const {
+    Told told;
+    for (const auto& application : m_applications.list()) {
+        told.running.insert(application.handle);
+    }
+    if (const auto* active = activeApplication()) {
+        told.active = active->handle;
+    }
+    return told;
+}
+
+// What is read before the first change is no news later; what is read between a change and its signal still
+// is.
+void LinuxWorkspace::noteFirstReading() const {
+    if (!m_told) {
+        m_told = state();
+    }
+}
+
+void LinuxWorkspace::tellChanges() {
+    refreshed();
+    const auto before = m_told.value_or(Told());
+    const auto now = state();
+    m_told = now;
+    const bool launched =
+        !std::includes(before.running.begin(), before.running.end(), now.running.begin(), now.running.end());
+    const bool terminated =
+        !std::includes(now.running.begin(), now.running.end(), before.running.begin(), before.running.end());
+    if (launched) {
+        Q_EMIT applicationLaunched();
+    }
+    if (terminated) {
+        Q_EMIT applicationTerminated();
+    }
+    if (before.active != now.active) {
+        Q_EMIT applicationActivated();
+    }
+}
+
+std::vector<RunningApplication> LinuxWorkspace::runningApplications() const {
+    std::vector<RunningApplication> result;
+    for (const auto& application : refreshed()) {
+        result.push_back(running(application));
+    }
+    noteFirstReading();
+    return result;
+}
+
+std::optional<RunningApplication> LinuxWorkspace::frontmostApplication() const {
+    refreshed();
+    noteFirstReading();
+    const auto* application = activeApplication();
+    return application != nullptr ? std::optional(running(*application)) : std::nullopt;
+}
+
+std::optional<std::string> LinuxWorkspace::ownBundleIdentifier() const {
+    return ownId;
+}
+
+bool LinuxWorkspace::isApplication(const std::string& path) const {
+    return path.ends_with(bundleSuffix) || (path.ends_with(entrySuffix) && !isFolder(path));
+}
+
+bool LinuxWorkspace::exists(const std::string& path) const {
+    std::error_code error;
+    return !path.empty() && std::filesystem::exists(path, error);
+}
+
+std::optional<DesktopEntry> LinuxWorkspace::entryAt(const std::string& path) const {
+    if (!path.ends_with(entrySuffix)) {
+        return std::nullopt;
+    }
+    if (const auto* entry = m_entries.index().find(EntryIndex::Key::path, path)) {
+        return *entry;
+    }
+    // Entries stand elsewhere too, on the desktop for one.
+    return readDesktopEntry(path, std::string(baseName(path)), {});
+}
+
+std::string LinuxWorkspace::displayName(const std::string& path) const {
+    if (const auto entry = entryAt(path); entry && !entry->hidden) {
+        return entry->localisedName;
+    }
+    const auto plain = withoutTrailingSlash(path);
+    if (plain == "/") {
+        return "File System";
+    }
+    if (plain == withoutTrailingSlash(g_get_home_dir())) {
+        return "Home";
+    }
+    // What GFile shows for a local file, without waking the virtual file systems, which wait for the session
+    // bus.
+    return takeText(g_filename_display_basename(plain.c_str()));
+}
+
+QIcon LinuxWorkspace::icon(const std::string& path) const {
+    if (!m_iconsReady) {
+        IconTheme::apply();
+        m_iconsReady = true;
+    }
+    if (isFolder(path)) {
+        return PathIcons::ofFolder(path);
+    }
+    if (isApplication(path)) {
+        const auto entry = entryAt(path);
+        return PathIcons::ofEntry(entry ? entry->icon : std::string());
+    }
+    return PathIcons::ofFile(path);
+}
+
+std::vector<std::uint64_t> LinuxWorkspace::topDown(const WindowApplication& application) const {
+    std::vector<std::uint64_t> result;
+    const auto stack = m_windows.stackingOrder();
+    std::copy_if(stack.rbegin(), stack.rend(), std::back_inserter(result),
+                 [&application](std::uint64_t id) { return contains(application.windows, id); });
+    std::copy_if(application.windows.rbegin(), application.windows.rend(), std::back_inserter(result),
+                 [&stack](std::uint64_t id) { return !contains(stack, id); });
+    return result;
+}
+
+void LinuxWorkspace::openApplication(const std::string& path) {
+    const auto& list = refreshed();
+    const auto place = std::find_if(list.begin(), list.end(),
+                                    [&path](const auto& application) { return application.path == path; });
+    if (place == list.end()) {
+        m_launcher.launch(path);
+        return;
+    }
+    m_windows.activate(topDown(*place).front());
+}
+
+void LinuxWorkspace::open(const std::string& path) {
+    m_launcher.open(path);
+}
+
+void LinuxWorkspace::openWith(const std::vector<std::string>& paths, const std::string& application) {
+    m_launcher.launch(application, paths);
+}
+
+void LinuxWorkspace::reveal(const std::string& path) {
+    m_launcher.reveal(path);
+}
+
+void LinuxWorkspace::terminate(const RunningApplication& application) {
+    const auto& list = refreshed();
+    const auto place = std::find_if(list.begin(), list.end(), [&application](const auto& candidate) {
+        return candidate.handle == application.handle;
+    });
+    if (place == list.end()) {
+        m_log.write("Quillary: could not quit an application that is no longer running");
+        return;
+    }
+    // Dialogs before the windows below them, which often refuse to close while they are open.
+    const auto windows = topDown(*place);
+    for (const auto id : windows) {
+        m_windows.close(id);
+    }
+}
+
+} // namespace quillary

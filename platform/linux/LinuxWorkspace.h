@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/Workspace.h"
+#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/Launcher.h"
+#include "platform/linux/WindowApplications.h"
+
+#include <cstdint>
+#include <set>
+
+namespace quillary {
+
+class Scheduler;
+class SystemLog;
+class WindowSource;
+
+/// Applications as desktop entries and the windows that belong to them. An application runs while it has a
+/// window for docks; windows that belong to no entry are left out. Its identifier is the desktop file id. An
+/// application's policy is always regular.
+class LinuxWorkspace final : public Workspace {
+    Q_OBJECT
+
+public:
+    /// All three must outlive the workspace. Does not read anything yet.
+    LinuxWorkspace(WindowSource& windows, Scheduler& scheduler, SystemLog& log);
+    ~LinuxWorkspace() override;
+
+    [[nodiscard]] std::vector<RunningApplication> runningApplications() const override;
+    [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
+    /// The id under which this program installs its own entry.
+    [[nodiscard]] std::optional<std::string> ownBundleIdentifier() const override;
+
+    [[nodiscard]] bool isApplication(const std::string& path) const override;
+    [[nodiscard]] bool exists(const std::string& path) const override;
+    [[nodiscard]] std::string displayName(const std::string& path) const override;
+    [[nodiscard]] QIcon icon(const std::string& path) const override;
+
+    void openApplication(const std::string& path) override;
+    void open(const std::string& path) override;
+    void openWith(const std::vector<std::string>& paths, const std::string& application) override;
+    void reveal(const std::string& path) override;
+    void terminate(const RunningApplication& application) override;
+
+private:
+    /// What was last told to listeners.
+    struct Told {
+        std::set<std::uint64_t> running;
+        std::optional<std::uint64_t> active;
+    };
+
+    const std::vector<WindowApplication>& refreshed() const;
+    [[nodiscard]] const WindowApplication* activeApplication() const;
+    [[nodiscard]] Told state() const;
+    void noteFirstReading() const;
+    void tellChanges();
+    [[nodiscard]] std::optional<DesktopEntry> entryAt(const std::string& path) const;
+    [[nodiscard]] std::vector<std::uint64_t> topDown(const WindowApplication& application) const;
+
+    WindowSource& m_windows;
+    SystemLog& m_log;
+    DesktopEntries m_entries;
+    Launcher m_launcher;
+    mutable WindowApplications m_applications;
+    mutable std::optional<Told> m_told;
+    mutable bool m_iconsReady = false;
+};
+
+} // namespace quillary
