@@ -76,11 +76,12 @@ bool isObstacle(std::error_code error) {
            error == std::errc::no_such_device_or_address;
 }
 
-/// Removes what stands at `path`, unless it is a file that a writer may be using.
+/// Removes what stands at `path`, unless it is a file that a writer may be using. With nothing there, the
+/// folder was what opening failed at.
 std::error_code clearWay(const fs::path& path, std::error_code openError) {
     struct stat status {};
     if (::lstat(path.c_str(), &status) != 0) {
-        return {};
+        return openError;
     }
     const bool isUsable = S_ISREG(status.st_mode) && status.st_nlink == 1 && !openError;
     return isUsable || ::unlink(path.c_str()) == 0 ? std::error_code{} : lastError();

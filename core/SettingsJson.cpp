@@ -167,6 +167,10 @@ json written(const DockPrefs& prefs) {
 }
 
 json parsed(std::string_view text) {
+    // The library takes a NUL for the end and would not look at what follows.
+    if (text.find('\0') != std::string_view::npos) {
+        return json::value_t::discarded;
+    }
     bool isTooDeep = false;
     const json::parser_callback_t boundDepth = [&isTooDeep](int depth, json::parse_event_t /*event*/,
                                                             json& /*value*/) {
