@@ -1,0 +1,107 @@
+#include "platform/x11/X11Platform.h"
+
+#include "platform/linux/LinuxSystemDockPreferences.h"
+#include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/SyslogLog.h"
+#include "platform/qt/QtScheduler.h"
+#include "platform/x11/X11ClientList.h"
+#include "platform/x11/X11Compositor.h"
+#include "platform/x11/X11PanelWindow.h"
+#include "platform/x11/X11PointerMonitor.h"
+#include "platform/x11/X11Screens.h"
+#include "platform/x11/X11WindowSource.h"
+
+#include <QDir>
+#include <QGuiApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace quillary {
+
+// In the order in which one builds on another.
+struct X11Platform::Parts {
+    Parts(std::unique_ptr<X11Connection> server, std::unique_ptr<X11Connection> pointerServer)
+        : connection(std::move(server)),
+          clients(*connection, scheduler),
+          compositor(*connection),
+          screens(*connection, clients),
+          pointer(std::move(pointerServer), screens),
+          windows(*connection, clients, scheduler),
+          workspace(windows, scheduler, log) {}
+
+    QtScheduler scheduler;
+    SyslogLog log;
+    LinuxSystemDockPreferences systemDock;
+    std::unique_ptr<X11Connection> connection;
+    X11ClientList clients;
+    X11Compositor compositor;
+    X11Screens screens;
+    X11PointerMonitor pointer;
+    X11WindowSource windows;
+    LinuxWorkspace workspace;
+};
+
+X11Platform::X11Platform(std::unique_ptr<Parts> made) : parts(std::move(made)) {}
+
+X11Platform::~X11Platform() = default;
+
+std::unique_ptr<X11Platform> X11Platform::open() {
+    if (qGuiApp == nullptr || QGuiApplication::platformName() != QLatin1String("xcb")) {
+        std::fputs("Quillary: docks need an X11 session; this one has none.\n", stderr);
+        return nullptr;
+    }
+    auto connection = X11Connection::open();
+    auto pointerConnection = X11Connection::open();
+    if (!connection || !pointerConnection) {
+        std::fputs("Quillary: the X server refuses further connections.\n", stderr);
+        return nullptr;
+    }
+    auto made = std::make_unique<Parts>(std::move(connection), std::move(pointerConnection));
+    // No make_unique: the constructor is private.
+    return std::unique_ptr<X11Platform>(new X11Platform(std::move(made)));
+}
+
+Screens& X11Platform::screens() {
+    return parts->screens;
+}
+
+Workspace& X11Platform::workspace() {
+    return parts->workspace;
+}
+
+SystemDockPreferences& X11Platform::systemDock() {
+    return parts->systemDock;
+}
+
+PointerMonitor& X11Platform::pointer() {
+    return parts->pointer;
+}
+
+Scheduler& X11Platform::scheduler() {
+    return parts->scheduler;
+}
+
+SystemLog& X11Platform::log() {
+    return parts->log;
+}
+
+std::unique_ptr<PanelWindow> X11Platform::makePanelWindow(QWidget& contents) {
+    return std::make_unique<X11PanelWindow>(contents, *parts->connection, parts->compositor);
+}
+
+std::filesystem::path X11Platform::applicationSupportDirectory() const {
+    if (const char* configured = std::getenv("XDG_CONFIG_HOME"); configured != nullptr) {
+        const std::filesystem::path path(configured);
+        if (path.is_absolute()) {
+            return path;
+        }
+    }
+    return std::filesystem::path(QDir::homePath().toStdString()) / ".config";
+}
+
+std::unique_ptr<Platform> makePlatform() {
+    return X11Platform::open();
+}
+
+} // namespace quillary

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Platform.h"
+
+namespace quillary {
+
+/// The platform of an X11 session: what the X server and its window manager do, with the Linux parts beside
+/// it. Panel windows that it made must be gone before it.
+class X11Platform final : public Platform {
+public:
+    /// Connects to the X server that the application uses; null with one line on standard error when it uses
+    /// none.
+    [[nodiscard]] static std::unique_ptr<X11Platform> open();
+    ~X11Platform() override;
+
+    [[nodiscard]] Screens& screens() override;
+    [[nodiscard]] Workspace& workspace() override;
+    [[nodiscard]] SystemDockPreferences& systemDock() override;
+    [[nodiscard]] PointerMonitor& pointer() override;
+    [[nodiscard]] Scheduler& scheduler() override;
+    [[nodiscard]] SystemLog& log() override;
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWidget& contents) override;
+    /// The XDG configuration folder (XDG Base Directory Specification): XDG_CONFIG_HOME when that is an
+    /// absolute path, else ".config" in the home folder.
+    [[nodiscard]] std::filesystem::path applicationSupportDirectory() const override;
+
+private:
+    struct Parts;
+    explicit X11Platform(std::unique_ptr<Parts> made);
+
+    std::unique_ptr<Parts> parts;
+};
+
+} // namespace quillary
