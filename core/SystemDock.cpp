@@ -88,15 +88,17 @@ std::vector<std::string> paths(plist_t dictionary) {
     return result;
 }
 
-std::vector<std::string> load(const std::filesystem::path& file) {
-    const std::optional<std::string> content = readBoundedFile(file, PropertyListGuard::sizeLimit);
-    if (!content || !PropertyListGuard::isHarmless(*content)) {
-        return paths(nullptr);
-    }
+std::vector<std::string> pathsIn(std::string_view bytes) {
     plist_t root = nullptr;
-    plist_from_memory(content->data(), static_cast<std::uint32_t>(content->size()), &root);
+    if (PropertyListGuard::isHarmless(bytes)) {
+        plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
+    }
     const std::unique_ptr<void, FreePropertyList> owner(root);
     return paths(root);
+}
+
+std::vector<std::string> load(const std::filesystem::path& file) {
+    return pathsIn(readBoundedFile(file, PropertyListGuard::sizeLimit).value_or(std::string()));
 }
 
 } // namespace quillary::SystemDock

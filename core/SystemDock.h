@@ -19,6 +19,9 @@ inline constexpr std::string_view finder = "/System/Library/CoreServices/Finder.
 /// unreasonably large or deep, or no property list with a dictionary at the top, gives the Finder alone.
 [[nodiscard]] std::vector<std::string> load(const std::filesystem::path& file);
 
+/// The same for the bytes of such a file.
+[[nodiscard]] std::vector<std::string> pathsIn(std::string_view bytes);
+
 /// The items in an already parsed top-level dictionary, which the caller keeps; anything else gives the
 /// Finder alone. Each tile names its item by a plain absolute path, taken as it stands, or by a file URL (RFC
 /// 8089, on this host); tiles that do neither are skipped.

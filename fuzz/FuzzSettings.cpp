@@ -1,0 +1,48 @@
+#include "core/SettingsJson.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+
+namespace {
+
+using quillary::DockConfig;
+using quillary::Settings;
+
+void require(bool condition) {
+    if (!condition) {
+        std::abort();
+    }
+}
+
+/// What could be decoded is written in a form that decodes to the same.
+void roundTrip(std::string_view text) {
+    const std::optional<Settings> settings = quillary::decodeSettings(text);
+    if (settings) {
+        const std::string encoded = quillary::encodeSettings(*settings);
+        const std::optional<Settings> again = quillary::decodeSettings(encoded);
+        require(again == settings);
+        require(quillary::encodeSettings(*again) == encoded);
+    }
+}
+
+/// Whatever a record holds, what is written can be loaded.
+void encodeAnything(std::string_view text) {
+    Settings settings({DockConfig("K", std::string(text), {std::string(text)})}, false);
+    double number = 0;
+    std::memcpy(&number, text.data(), text.size() < sizeof number ? text.size() : sizeof number);
+    settings.docks[0].iconSize = number;
+    settings.savedSystemDock = quillary::DockPrefs{std::nullopt, number};
+    require(quillary::decodeSettings(quillary::encodeSettings(settings)).has_value());
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    roundTrip(text);
+    encodeAnything(text);
+    return 0;
+}
