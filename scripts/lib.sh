@@ -30,7 +30,8 @@ build_dir() {
 # Prints the project's files that match the patterns, new ones that git ignores not included, NUL after each.
 project_files() {
     local file
-    git -C "$ROOT" ls-files -z --cached --others --exclude-standard -- "$@" | while IFS= read -r -d '' file; do
+    # The folder may belong to another user, as on machines that check out as root and test as somebody else.
+    git -C "$ROOT" -c safe.directory="$ROOT" ls-files -z --cached --others --exclude-standard -- "$@" | while IFS= read -r -d '' file; do
         if [[ -f $ROOT/$file ]]; then # a file deleted but not yet committed is still listed
             printf '%s\0' "$file"
         fi
