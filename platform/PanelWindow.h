@@ -9,8 +9,9 @@ class QWidget;
 
 namespace quillary {
 
-/// The window of one dock: borderless, translucent, above other windows, on all desktops, never focused. It dresses a
-/// top-level widget (its contents) that the caller draws and owns; the widget must outlive the window's use of it.
+/// The window of one dock: borderless, translucent, above other windows, on all desktops, never focused. It
+/// dresses a top-level widget (its contents) that the caller draws and owns; the widget must outlive the
+/// window's use of it.
 class PanelWindow : public QObject {
     Q_OBJECT
 
@@ -20,9 +21,9 @@ public:
     /// The frame last set.
     [[nodiscard]] virtual QRect frame() const = 0;
 
-    /// The part of the window that takes clicks and drops, in the panel's coordinates (points, origin top-left); the
-    /// rest, and all of it when the region is empty, lets them through to the window below. Clips no drawing.
-    /// Setting the same region again costs nothing.
+    /// The part of the window that takes clicks and drops, in the panel's coordinates (points, origin
+    /// top-left); the rest, and all of it when the region is empty, lets them through to the window below.
+    /// Clips no drawing. Setting the same region again costs nothing.
     virtual void setInputRegion(const QRegion& region) = 0;
     /// Whether all clicks pass, for window systems that cannot shape the input of a window. A no-op where
     /// setInputRegion is exact.

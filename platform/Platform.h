@@ -32,8 +32,8 @@ public:
     [[nodiscard]] virtual std::filesystem::path applicationSupportDirectory() const = 0;
 };
 
-/// The platform of the running system. Needs a QApplication; null with one line on standard error when the session
-/// offers no window system that docks can live on.
+/// The platform of the running system. Needs a QApplication; null with one line on standard error when the
+/// session offers no window system that docks can live on.
 [[nodiscard]] std::unique_ptr<Platform> makePlatform();
 
 } // namespace quillary

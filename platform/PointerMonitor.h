@@ -12,8 +12,8 @@ class PointerMonitor : public QObject {
 public:
     /// Where the pointer is now, in global points.
     [[nodiscard]] virtual QPointF location() const = 0;
-    /// Asks the system for the pointer's place and tells of it when it differs from the last one told: for events
-    /// that show a jump of the pointer without a movement.
+    /// Asks the system for the pointer's place and tells of it when it differs from the last one told: for
+    /// events that show a jump of the pointer without a movement.
     virtual void refresh() = 0;
 
 Q_SIGNALS:

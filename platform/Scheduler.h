@@ -19,12 +19,15 @@ class Scheduler {
 public:
     virtual ~Scheduler() = default;
 
-    /// Runs the work once on the main thread, after the given seconds; 0 means the next turn of the event loop.
-    [[nodiscard]] virtual std::unique_ptr<ScheduledTask> after(double seconds, std::function<void()> work) = 0;
+    /// Runs the work once on the main thread, after the given seconds; 0 means the next turn of the event
+    /// loop.
+    [[nodiscard]] virtual std::unique_ptr<ScheduledTask> after(double seconds,
+                                                               std::function<void()> work) = 0;
     /// Runs the work on the main thread again and again, the first time after one interval. Seconds.
-    [[nodiscard]] virtual std::unique_ptr<ScheduledTask> every(double seconds, std::function<void()> work) = 0;
-    /// Runs the work on another thread at utility priority; what it returns is then run on the main thread. Work still
-    /// under way when the program ends is not waited for.
+    [[nodiscard]] virtual std::unique_ptr<ScheduledTask> every(double seconds,
+                                                               std::function<void()> work) = 0;
+    /// Runs the work on another thread at utility priority; what it returns is then run on the main thread.
+    /// Work still under way when the program ends is not waited for.
     virtual void onWorker(std::function<std::function<void()>()> work) = 0;
     /// Seconds on a monotonic clock with an arbitrary zero.
     [[nodiscard]] virtual double now() const = 0;

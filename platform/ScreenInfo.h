@@ -13,13 +13,13 @@ struct ScreenInfo {
     /// The system's number of the display; 0 when it gives none.
     std::uint32_t displayNumber = 0;
     /// Stable identity of the physical display (RFC 4122 text form, upper case); absent when it has none.
-    std::optional<std::string> uuid;
+    std::optional<std::string> uuid{};
     /// Human-readable name, valid UTF-8.
-    std::string name;
+    std::string name{};
     /// The whole screen.
-    QRectF frame;
+    QRectF frame{};
     /// The frame without the areas that panels and menu bars of the system reserve.
-    QRectF visibleFrame;
+    QRectF visibleFrame{};
     /// Device pixels per point.
     double scale = 1.0;
 

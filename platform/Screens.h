@@ -13,12 +13,13 @@ class Screens : public QObject {
     Q_OBJECT
 
 public:
-    /// The screens connected now, the primary one first, then in the system's order. Empty when there is none:
-    /// placeholders that a window system shows for "no screen" are left out.
+    /// The screens connected now, the primary one first, then in the system's order. Empty when there is
+    /// none: placeholders that a window system shows for "no screen" are left out.
     [[nodiscard]] virtual std::vector<ScreenInfo> list() const = 0;
 
 Q_SIGNALS:
-    /// A screen came or went, or a frame, visible frame or scale changed. Every change is told, none is merged.
+    /// A screen came or went, or a frame, visible frame or scale changed. Every change is told, none is
+    /// merged.
     void changed();
 };
 

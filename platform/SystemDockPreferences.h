@@ -7,8 +7,8 @@
 
 namespace quillary {
 
-/// The preferences of the desktop's own dock. Where the desktop has none to speak of, `read` gives absent values and
-/// the writing operations do nothing.
+/// The preferences of the desktop's own dock. Where the desktop has none to speak of, `read` gives absent
+/// values and the writing operations do nothing.
 class SystemDockPreferences {
 public:
     virtual ~SystemDockPreferences() = default;
@@ -22,8 +22,8 @@ public:
     /// Restarts the desktop's dock and waits until the old one has ended. A failure is ignored.
     virtual void restart() = 0;
 
-    /// The absolute paths pinned to the desktop's own dock, the file manager first, without repeats. Never empty on
-    /// a desktop that has a file manager.
+    /// The absolute paths pinned to the desktop's own dock, the file manager first, without repeats. Never
+    /// empty on a desktop that has a file manager.
     [[nodiscard]] virtual std::vector<std::string> pinnedItems() const = 0;
 };
 

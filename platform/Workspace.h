@@ -13,7 +13,8 @@ namespace quillary {
 
 /// Running applications and what can be done with applications and files. Paths are absolute, UTF-8.
 ///
-/// No operation fails visibly: what cannot be done is written to the log as one line and nothing else happens.
+/// No operation fails visibly: what cannot be done is written to the log as one line and nothing else
+/// happens.
 class Workspace : public QObject {
     Q_OBJECT
 
@@ -29,7 +30,8 @@ public:
     [[nodiscard]] virtual bool isApplication(const std::string& path) const = 0;
     /// Whether something stands at the path.
     [[nodiscard]] virtual bool exists(const std::string& path) const = 0;
-    /// The name that the file manager shows for the path; the last path component when there is no better one.
+    /// The name that the file manager shows for the path; the last path component when there is no better
+    /// one.
     [[nodiscard]] virtual std::string displayName(const std::string& path) const = 0;
     /// The path's icon in every size the system has; a generic one when it has none. Never null.
     [[nodiscard]] virtual QIcon icon(const std::string& path) const = 0;
