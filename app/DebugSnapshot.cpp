@@ -1,0 +1,102 @@
+#include "app/DebugSnapshot.h"
+
+#include "app/DisplayName.h"
+#include "app/DockManager.h"
+#include "app/DockModel.h"
+#include "app/DockPanel.h"
+#include "app/MemoryMonitor.h"
+#include "app/RunningApps.h"
+#include "core/AtomicFile.h"
+#include "platform/Platform.h"
+#include "platform/Scheduler.h"
+#include "platform/Workspace.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <string_view>
+
+namespace quillary {
+
+namespace {
+
+// By then the docks stand in their places and the first memory figures have arrived.
+constexpr double settlingTime = 8.0;
+
+void write(const std::filesystem::path& file, std::string_view bytes) {
+    static_cast<void>(AtomicFile::write(file, bytes));
+}
+
+std::string pngOf(const QImage& picture) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    return picture.save(&buffer, "PNG") ? bytes.toStdString() : std::string();
+}
+
+} // namespace
+
+std::unique_ptr<DebugSnapshot> DebugSnapshot::runIfRequested(DockManager& manager, Platform& platform) {
+    const QByteArray folder = qgetenv(variable);
+    if (folder.isEmpty()) {
+        return nullptr;
+    }
+    return std::make_unique<DebugSnapshot>(std::filesystem::path(folder.toStdString()), manager, platform,
+                                           [] { QCoreApplication::quit(); });
+}
+
+DebugSnapshot::DebugSnapshot(std::filesystem::path target, DockManager& docks, Platform& system,
+                             std::function<void()> end)
+    : folder(std::move(target)),
+      manager(docks),
+      platform(system),
+      terminate(std::move(end)),
+      work(platform.scheduler().after(settlingTime, [this] { take(); })) {}
+
+DebugSnapshot::~DebugSnapshot() = default;
+
+void DebugSnapshot::take() {
+    writeDockPictures();
+    write(folder / "snapshot-report.txt", report(manager, platform.workspace()));
+    terminate();
+}
+
+void DebugSnapshot::writeDockPictures() const {
+    // Pictures carry the window's place among all windows of the program, in the order of their creation.
+    const auto windows = QGuiApplication::allWindows();
+    for (const auto& [key, panel] : manager.panels()) {
+        const auto index = windows.indexOf(panel->nativeWindow());
+        if (index < 0 || !panel->isVisible() || panel->model().hidden()) {
+            continue;
+        }
+        const std::string png = pngOf(panel->grab());
+        if (!png.empty()) {
+            write(folder / ("screenshot-dock-" + std::to_string(index) + ".png"), png);
+        }
+    }
+}
+
+std::string DebugSnapshot::report(const DockManager& manager, const Workspace& workspace) {
+    const MemoryMonitor& memory = *manager.memory;
+    const MemoryStats& stats = memory.stats();
+    std::string text = "showsMemory: ";
+    text += manager.showMemorySetting() ? "true" : "false";
+    text += "\npressure: ";
+    text += rawValue(stats.pressure);
+    text += " · used " + RamBadges::text(stats.used) + " of " + RamBadges::text(stats.total);
+    for (const auto& model : manager.models()) {
+        text += "\ndock " + model->screenName();
+        for (const std::string& path : model->running->paths()) {
+            const auto usage = memory.byApp().find(path);
+            text += "\n  " + displayName(workspace, path) + " · ";
+            text += usage == memory.byApp().end() ? "—" : RamBadges::text(usage->second);
+            text += " · ";
+            text += rawValue(memory.badge(path));
+        }
+    }
+    return text;
+}
+
+} // namespace quillary

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace quillary {
+
+class DockManager;
+class Platform;
+class ScheduledTask;
+class Workspace;
+
+/// Pictures of every dock and a text report for checking the program without a person at the screen, asked
+/// for by an environment variable. Nothing it cannot draw or write is told: it is left out, and the program
+/// ends all the same.
+class DebugSnapshot {
+public:
+    /// Names the folder for the files; it must exist.
+    static constexpr const char* variable = "QY_SNAPSHOT_DIR";
+
+    /// When the variable is set and not empty: takes the snapshot once the docks have settled (8 s), then
+    /// ends the program. Otherwise null. Manager and platform must outlive what is returned.
+    [[nodiscard]] static std::unique_ptr<DebugSnapshot> runIfRequested(DockManager& manager,
+                                                                       Platform& platform);
+
+    DebugSnapshot(std::filesystem::path folder, DockManager& manager, Platform& platform,
+                  std::function<void()> terminate);
+    ~DebugSnapshot();
+
+    /// The report's text, without a line feed at its end.
+    [[nodiscard]] static std::string report(const DockManager& manager, const Workspace& workspace);
+
+private:
+    void take();
+    void writeDockPictures() const;
+
+    std::filesystem::path folder;
+    DockManager& manager;
+    Platform& platform;
+    std::function<void()> terminate;
+    std::unique_ptr<ScheduledTask> work;
+};
+
+} // namespace quillary

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace quillary {
+
+class Workspace;
+
+/// The name under which the program speaks of a path: the file manager's, without a trailing ".app".
+[[nodiscard]] std::string displayName(const Workspace& workspace, const std::string& path);
+
+} // namespace quillary

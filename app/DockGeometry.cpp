@@ -1,0 +1,162 @@
+#include "app/DockGeometry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace quillary {
+
+namespace {
+
+double fittedSize(double configured, double amount, std::size_t cells, std::size_t items, double maxLength) {
+    if (items == 0) {
+        return std::max(DockLayout::minimumIconSize,
+                        std::min(configured, std::numeric_limits<double>::max()));
+    }
+    const auto n = static_cast<double>(cells);
+    const auto k = static_cast<double>(items);
+    const double fixed = (n - k) * DockLayout::separatorWidth + std::max(n - 1, 0.0) * DockLayout::spacing +
+                         2 * DockLayout::pad + DockLayout::alongSlack;
+    const double limit = std::floor((maxLength - fixed) / (amount * DockLayout::growthFactor + k));
+    return std::max(DockLayout::minimumIconSize, std::min(configured, limit));
+}
+
+} // namespace
+
+DockGeometry::DockGeometry(const DockConfig& config, std::span<const DockCell> cells, double maxLength)
+    : edge(config.edge), style(config.style), amount(quillary::amount(config.magnification)) {
+    const auto items = static_cast<std::size_t>(std::ranges::count_if(cells, &DockCell::isItem));
+    size = fittedSize(config.iconSize, amount, cells.size(), items, maxLength);
+    widths.reserve(cells.size());
+    for (const DockCell& cell : cells) {
+        widths.push_back(cell.isItem() ? size : DockLayout::separatorWidth);
+    }
+    restCenters = DockLayout::restCenters(widths, DockLayout::spacing, DockLayout::pad);
+    restLen = DockLayout::length(widths, DockLayout::spacing, DockLayout::pad);
+}
+
+double DockGeometry::growthRoom() const {
+    return size * amount * DockLayout::growthFactor;
+}
+
+double DockGeometry::alongLength() const {
+    return restLen + growthRoom() + DockLayout::alongSlack;
+}
+
+double DockGeometry::rowOffset() const {
+    return (growthRoom() + DockLayout::alongSlack) / 2;
+}
+
+QSizeF DockGeometry::panelSize() const {
+    const bool horizontal = isHorizontal(edge);
+    const double labelRoom = horizontal ? DockLayout::labelRoomHorizontal : DockLayout::labelRoomVertical;
+    const double depth = labelRoom + size * amount + (size + DockLayout::depthBase) + DockLayout::depthTail;
+    return horizontal ? QSizeF(alongLength(), depth) : QSizeF(depth, alongLength());
+}
+
+double DockGeometry::along(QPointF point) const {
+    return isHorizontal(edge) ? point.x() : point.y();
+}
+
+double DockGeometry::depth(QPointF point) const {
+    switch (edge) {
+    case DockEdge::bottom:
+        return panelSize().height() - point.y();
+    case DockEdge::left:
+        return point.x();
+    case DockEdge::right:
+        return panelSize().width() - point.x();
+    case DockEdge::top:
+        break;
+    }
+    return point.y();
+}
+
+QPointF DockGeometry::point(double along, double depth) const {
+    switch (edge) {
+    case DockEdge::bottom:
+        return {along, panelSize().height() - depth};
+    case DockEdge::left:
+        return {depth, along};
+    case DockEdge::right:
+        return {panelSize().width() - depth, along};
+    case DockEdge::top:
+        break;
+    }
+    return {along, depth};
+}
+
+double DockGeometry::magnifiedScale(double mouseAxis, std::size_t index) const {
+    return DockLayout::magnifyScale(mouseAxis - (rowOffset() + restCenters[index]), size, amount);
+}
+
+std::vector<double> DockGeometry::scales(std::optional<double> mouseAxis,
+                                         std::span<const DockCell> cells) const {
+    std::vector<double> result(cells.size(), 1.0);
+    if (!mouseAxis || amount <= 0) {
+        return result;
+    }
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        if (cells[i].isItem()) {
+            result[i] = magnifiedScale(*mouseAxis, i);
+        }
+    }
+    return result;
+}
+
+DockLayout::Shifted DockGeometry::layout(std::span<const double> scales) const {
+    std::vector<double> centers = restCenters;
+    for (double& center : centers) {
+        center += rowOffset();
+    }
+    return DockLayout::shifted(centers, widths, scales);
+}
+
+std::optional<std::size_t> DockGeometry::hitTest(double along, std::span<const DockCell> cells,
+                                                 std::span<const double> centers,
+                                                 std::span<const double> scales) const {
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        if (cells[i].isItem() &&
+            std::abs(along - centers[i]) <= widths[i] * scales[i] / 2 + DockLayout::hitTolerance) {
+            return i;
+        }
+    }
+    return std::nullopt;
+}
+
+DockGeometry::Zone DockGeometry::zone(bool active) const {
+    const double start = rowOffset();
+    const double widened = DockLayout::zoneAlongTolerance + (active ? growthRoom() / 2 : 0);
+    return {.alongMin = start - widened,
+            .alongMax = restLen + start + widened,
+            .depthMin = -DockLayout::zoneBeyondEdge,
+            .depthMax =
+                size + DockLayout::depthBase + (active ? size * amount : 0) + DockLayout::zoneIntoScreen};
+}
+
+bool DockGeometry::isInZone(QPointF point, bool active) const {
+    const Zone z = zone(active);
+    const double a = along(point);
+    const double d = depth(point);
+    return a >= z.alongMin && a <= z.alongMax && d >= z.depthMin && d <= z.depthMax;
+}
+
+bool DockGeometry::isInRevealStrip(QPointF point) const {
+    const double a = along(point);
+    const double d = depth(point);
+    return a >= rowOffset() && a <= restLen + rowOffset() && d >= -DockLayout::zoneBeyondEdge &&
+           d <= DockLayout::revealDepth;
+}
+
+QRect DockGeometry::inputZone(bool active) const {
+    const Zone z = zone(active);
+    const QRectF corners = QRectF(point(z.alongMin, z.depthMin), point(z.alongMax, z.depthMax)).normalized();
+    const QPoint first(static_cast<int>(std::ceil(corners.left())),
+                       static_cast<int>(std::ceil(corners.top())));
+    const QPoint last(static_cast<int>(std::floor(corners.right())),
+                      static_cast<int>(std::floor(corners.bottom())));
+    const QSize whole = panelSize().toSize();
+    return QRect(first, last) & QRect(QPoint(0, 0), whole);
+}
+
+} // namespace quillary

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "app/DockCell.h"
+#include "core/DockConfig.h"
+#include "core/DockLayout.h"
+
+#include <QPointF>
+#include <QRect>
+#include <QRectF>
+#include <QSizeF>
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quillary {
+
+/// The pure layout of one dock: a value built from a configuration, its cells and the longest length the
+/// screen allows, wherever it is needed.
+///
+/// All lengths are points. Points and rectangles are in the panel's own coordinates: origin top-left, y down.
+/// *Along* is the axis that runs along the screen edge, *depth* the distance from that edge into the screen.
+class DockGeometry {
+public:
+    /// Fits the icon size: the configured one unless the whole panel would exceed `maxLength`, then the
+    /// largest whole number of points that fits, but at least 20.
+    DockGeometry(const DockConfig& config, std::span<const DockCell> cells, double maxLength);
+
+    DockEdge edge;
+    DockStyle style;
+    /// The icon size after fitting.
+    double size;
+    /// How much an icon right under the pointer grows, as a fraction.
+    double amount;
+    /// Along-width of each cell at rest.
+    std::vector<double> widths;
+    /// Resting centre of each cell, along, from the start of the row.
+    std::vector<double> restCenters;
+    /// Along-length of the resting row, its margins included.
+    double restLen;
+
+    /// Along-length reserved for magnification.
+    [[nodiscard]] double growthRoom() const;
+    /// Along-length of the panel.
+    [[nodiscard]] double alongLength() const;
+    /// Where the resting row starts in the panel.
+    [[nodiscard]] double rowOffset() const;
+    /// The size of the panel.
+    [[nodiscard]] QSizeF panelSize() const;
+
+    /// The along-coordinate of a point.
+    [[nodiscard]] double along(QPointF point) const;
+    /// The distance of a point from the screen edge; negative beyond it.
+    [[nodiscard]] double depth(QPointF point) const;
+    /// The point with this along-coordinate and this distance from the screen edge.
+    [[nodiscard]] QPointF point(double along, double depth) const;
+
+    /// One scale per cell for a pointer at `mouseAxis` along; all 1 without a pointer. `cells` must be those
+    /// the geometry was built from.
+    [[nodiscard]] std::vector<double> scales(std::optional<double> mouseAxis,
+                                             std::span<const DockCell> cells) const;
+    /// Where the cells stand along the panel with those scales, and by how much the row has widened.
+    [[nodiscard]] DockLayout::Shifted layout(std::span<const double> scales) const;
+    /// The first item cell whose magnified extent, widened by 3 points at each side, holds the
+    /// along-coordinate.
+    [[nodiscard]] std::optional<std::size_t> hitTest(double along, std::span<const DockCell> cells,
+                                                     std::span<const double> centers,
+                                                     std::span<const double> scales) const;
+
+    /// Whether the pointer is on the visible dock. `active`: whether it was on it before this movement, which
+    /// widens the zone to the magnified icons.
+    [[nodiscard]] bool isInZone(QPointF point, bool active) const;
+    /// Whether the pointer touches the strip at the screen edge that reveals a hidden dock.
+    [[nodiscard]] bool isInRevealStrip(QPointF point) const;
+    /// The whole points of the panel for which isInZone holds: what of the panel takes clicks.
+    [[nodiscard]] QRect inputZone(bool active) const;
+
+private:
+    struct Zone {
+        double alongMin, alongMax, depthMin, depthMax;
+    };
+    [[nodiscard]] Zone zone(bool active) const;
+    [[nodiscard]] double magnifiedScale(double mouseAxis, std::size_t index) const;
+};
+
+} // namespace quillary

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "core/Settings.h"
+#include "core/SettingsStore.h"
+#include "platform/ScreenInfo.h"
+
+#include <QObject>
+#include <QPointF>
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillary {
+
+class DockModel;
+class DockPanel;
+class IconCache;
+class MemoryMonitor;
+class Platform;
+class RunningApps;
+class ScheduledTask;
+
+/// The owner of all docks: keeps one model a connected screen and one panel a screen whose dock is on in step
+/// with the screens and the settings, and saves every change at once.
+///
+/// A save that fails is one line in the log; the settings in memory stay what counts.
+class DockManager : public QObject {
+    Q_OBJECT
+
+public:
+    using Models = std::vector<std::shared_ptr<DockModel>>;
+
+    /// Loads the settings and puts every dock on its screen. The platform must outlive the manager.
+    explicit DockManager(Platform& platform);
+    ~DockManager() override;
+
+    const std::shared_ptr<RunningApps> running;
+    const std::shared_ptr<MemoryMonitor> memory;
+    /// The settings file.
+    const std::filesystem::path settingsURL;
+
+    /// The stable identity of a screen: its UUID, else its display number in decimal.
+    [[nodiscard]] static std::string screenKey(const ScreenInfo& screen);
+
+    /// One model a connected screen, in the order of the screens.
+    [[nodiscard]] const Models& models() const { return published; }
+    /// The open dock of a screen; null when it has none.
+    [[nodiscard]] DockPanel* panel(std::string_view key) const;
+    [[nodiscard]] const std::map<std::string, std::unique_ptr<DockPanel>, std::less<>>& panels() const {
+        return open;
+    }
+    [[nodiscard]] const Settings& settings() const { return current; }
+    [[nodiscard]] bool hideSystemDock() const { return systemDockHidden; }
+    [[nodiscard]] bool showMemorySetting() const { return memoryShown; }
+
+    /// Changes the configuration of a screen, saves, and hands it to the screen's model; switching a dock on
+    /// or off rebuilds. A key without configuration changes nothing.
+    void update(std::string_view key, const std::function<void(DockConfig&)>& change);
+    void markOnboarded();
+    void setHideSystemDock(bool hide);
+    void setShowMemory(bool show);
+    /// Tucks the desktop's own dock away, or puts it back as it was found.
+    void applySystemDock(bool hide);
+
+Q_SIGNALS:
+    void modelsChanged();
+    void hideSystemDockChanged();
+    void showMemorySettingChanged();
+
+private:
+    void rebuild();
+    std::shared_ptr<DockModel> modelFor(const std::string& key, const DockConfig& config);
+    void seed(const std::string& key, const ScreenInfo& screen);
+    void showPanel(const std::shared_ptr<DockModel>& model, const ScreenInfo& screen);
+    void closePanel(std::string_view key);
+    void applyMemory();
+    void mouseMoved(QPointF location);
+    void save();
+
+    Platform& platform;
+    std::shared_ptr<IconCache> icons;
+    SettingsStore store;
+    Settings current;
+    Models published;
+    std::map<std::string, std::unique_ptr<DockPanel>, std::less<>> open;
+    bool systemDockHidden = true;
+    bool memoryShown = true;
+    std::unique_ptr<ScheduledTask> rebuildWork;
+};
+
+} // namespace quillary

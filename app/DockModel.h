@@ -1,0 +1,115 @@
+#pragma once
+
+#include "app/DockCell.h"
+#include "app/DockGeometry.h"
+#include "core/DockConfig.h"
+
+#include <QObject>
+#include <QPointF>
+#include <QPointer>
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace quillary {
+
+class DockManager;
+class MemoryMonitor;
+class Platform;
+class RunningApps;
+class ScheduledTask;
+
+/// The state of one dock, and what can be done with its items. The manager alone writes the configuration;
+/// the panel writes the pointer, `hidden` and `maxLength`; views read everything.
+///
+/// Every signal is emitted on every assignment, changed or not, after the new value is in place.
+class DockModel : public QObject {
+    Q_OBJECT
+
+public:
+    /// How a new pointer position is to be shown.
+    enum class Transition {
+        /// The pointer moved within the dock: magnification follows at once.
+        immediate,
+        /// It entered or left: icons grow or shrink over 0.18 s, easing out.
+        animated,
+    };
+
+    /// The manager may go away first; what needs it does nothing then. The platform must outlive the model.
+    DockModel(std::string key, DockConfig config, DockManager* manager, std::shared_ptr<RunningApps> running,
+              std::shared_ptr<MemoryMonitor> memory, Platform& platform);
+    ~DockModel() override;
+
+    /// The screen this dock belongs to.
+    const std::string key;
+    const std::shared_ptr<RunningApps> running;
+    const std::shared_ptr<MemoryMonitor> memory;
+
+    [[nodiscard]] const std::string& screenName() const { return name; }
+    [[nodiscard]] bool showMemory() const { return memoryShown; }
+    [[nodiscard]] const DockConfig& config() const { return configuration; }
+    /// The pointer in panel coordinates (points, origin top-left, y down) while it is on the dock.
+    [[nodiscard]] std::optional<QPointF> mouse() const { return pointer; }
+    [[nodiscard]] bool hidden() const { return isHidden; }
+    /// Along-length of the screen's visible frame, points; 0 until the panel is placed.
+    [[nodiscard]] double maxLength() const { return longest; }
+    /// Paths of the applications that are being launched from this dock.
+    [[nodiscard]] const std::set<std::string, std::less<>>& bouncing() const { return bouncingPaths; }
+
+    void setScreenName(std::string screenName);
+    void setShowMemory(bool shown);
+    void setConfig(DockConfig config);
+    void setHidden(bool hidden);
+    void setMaxLength(double length);
+    /// Nothing happens when the position is the one it has.
+    void setMouse(std::optional<QPointF> point);
+
+    /// The pinned items, then, when running applications are shown, a separator (if both groups have any) and
+    /// the running applications that are not pinned. Built anew at each call.
+    [[nodiscard]] std::vector<DockCell> cells() const;
+    /// The layout of those cells now.
+    [[nodiscard]] DockGeometry geometry(const std::vector<DockCell>& cells) const;
+    /// The path of the item under the pointer, if any.
+    [[nodiscard]] std::optional<std::string> hoveredPath() const;
+
+    /// Pins the paths at an index or at the end; those already pinned move there.
+    void add(const std::vector<std::string>& paths, std::optional<std::ptrdiff_t> index = std::nullopt);
+    void move(std::ptrdiff_t from, std::ptrdiff_t to);
+    /// Unpins every entry equal to the path.
+    void remove(const std::string& path);
+    /// Brings an application to the front or launches it (with its icon bouncing, when configured, until it
+    /// runs or 6 s have passed); opens anything else with its default application.
+    void open(const std::string& path);
+
+Q_SIGNALS:
+    void screenNameChanged();
+    void showMemoryChanged();
+    void configChanged();
+    void mouseChanged(quillary::DockModel::Transition transition);
+    void hiddenChanged();
+    void maxLengthChanged();
+    void bouncingChanged();
+
+private:
+    void startBouncing(const std::string& path);
+    void stopBouncing(const std::string& path);
+    void settleBouncing();
+
+    Platform& platform;
+    QPointer<DockManager> manager;
+    std::string name;
+    bool memoryShown = false;
+    DockConfig configuration;
+    std::optional<QPointF> pointer;
+    bool isHidden = false;
+    double longest = 0;
+    std::set<std::string, std::less<>> bouncingPaths;
+    std::map<std::string, std::unique_ptr<ScheduledTask>, std::less<>> bounceLimits;
+};
+
+} // namespace quillary

@@ -1,0 +1,214 @@
+#include "app/DockPanel.h"
+
+#include "app/DockModel.h"
+#include "app/RunningApps.h"
+#include "app/view/DockView.h"
+#include "platform/PanelWindow.h"
+#include "platform/Platform.h"
+#include "platform/PointerMonitor.h"
+#include "platform/Scheduler.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quillary {
+
+namespace {
+
+constexpr double hideDelay = 0.6;
+constexpr double showDelay = 0.05;
+
+bool containsOrTouches(const QRect& frame, QPointF point, double margin = 0) {
+    const QRectF area(frame);
+    return point.x() >= area.left() - margin && point.x() <= area.right() + margin &&
+           point.y() >= area.top() - margin && point.y() <= area.bottom() + margin;
+}
+
+// Both axes grow away from the side that an oversized panel keeps.
+double placedInside(double origin, double length, double from, double to) {
+    return std::min(std::max(origin, from), std::max(to - length, from));
+}
+
+int rounded(double value) {
+    return static_cast<int>(std::lround(value));
+}
+
+} // namespace
+
+DockPanel::DockPanel(std::shared_ptr<DockModel> model, ScreenInfo target, std::shared_ptr<IconCache> icons,
+                     Platform& system)
+    : dock(std::move(model)),
+      screen(std::move(target)),
+      platform(system),
+      autoHide(dock->config().autoHide),
+      view(std::make_unique<DockView>(dock, std::move(icons), platform)),
+      window(platform.makePanelWindow(*view)) {
+    view->attach(*window);
+    window->setIgnoresMouseEvents(true);
+    window->setInputRegion({});
+    connect(dock.get(), &DockModel::configChanged, this, &DockPanel::followConfig);
+    connect(dock.get(), &DockModel::hiddenChanged, this, &DockPanel::followHidden);
+    connect(dock->running.get(), &RunningApps::appsChanged, this, &DockPanel::repositionSoon);
+    connect(window.get(), &PanelWindow::pointerCrossed, &platform.pointer(), &PointerMonitor::refresh);
+}
+
+DockPanel::~DockPanel() = default;
+
+QRect DockPanel::placement(const QRectF& visible, DockEdge edge, QSizeF panelSize) {
+    const QSize size = panelSize.toSize();
+    const double width = size.width();
+    const double height = size.height();
+    // The rules count y upwards from the bottom of the frame, so that an oversized panel keeps its bottom
+    // end.
+    const double bottom = 0;
+    const double top = visible.height();
+    double x = visible.center().x() - width / 2;
+    double y = (top - height) / 2;
+    switch (edge) {
+    case DockEdge::bottom:
+        y = bottom;
+        break;
+    case DockEdge::top:
+        y = top - height;
+        break;
+    case DockEdge::left:
+        x = visible.left();
+        break;
+    case DockEdge::right:
+        x = visible.right() - width;
+        break;
+    }
+    x = placedInside(x, width, visible.left(), visible.right());
+    y = placedInside(y, height, bottom, top);
+    return {QPoint(rounded(x), rounded(visible.bottom() - y - height)), size};
+}
+
+void DockPanel::setTargetScreen(ScreenInfo target) {
+    screen = std::move(target);
+}
+
+void DockPanel::present() {
+    dock->setHidden(true);
+    reposition();
+    window->orderFront();
+    showWork = platform.scheduler().after(showDelay, [this] {
+        if (!dock->config().autoHide) {
+            dock->setHidden(false);
+        }
+    });
+}
+
+void DockPanel::reposition() {
+    const QRectF& visible = screen.visibleFrame;
+    const DockEdge edge = dock->config().edge;
+    const double length = isHorizontal(edge) ? visible.width() : visible.height();
+    if (length != dock->maxLength()) {
+        dock->setMaxLength(length);
+    }
+    placed = placement(visible, edge, geometry().panelSize());
+    window->setFrame(placed);
+    updateInputRegion();
+}
+
+void DockPanel::track(QPointF mouse) {
+    if (dock->hidden()) {
+        trackHidden(mouse);
+    } else {
+        trackShown(mouse);
+    }
+}
+
+void DockPanel::trackShown(QPointF mouse) {
+    const QPointF local = mouse - placed.topLeft();
+    // The frame is asked first: movements elsewhere must not cost a layout.
+    const bool inside =
+        containsOrTouches(placed, mouse) && geometry().isInZone(local, dock->mouse().has_value());
+    const bool wasInside = dock->mouse().has_value();
+    window->setIgnoresMouseEvents(!inside);
+    dock->setMouse(inside ? std::optional(local) : std::nullopt);
+    if (inside != wasInside) {
+        updateInputRegion();
+    }
+    if (!dock->config().autoHide) {
+        return;
+    }
+    if (inside) {
+        hideWork.reset();
+    } else if (!hideWork) {
+        scheduleHide();
+    }
+}
+
+void DockPanel::trackHidden(QPointF mouse) {
+    window->setIgnoresMouseEvents(true);
+    dock->setMouse(std::nullopt);
+    if (!dock->config().autoHide || !containsOrTouches(placed, mouse, DockLayout::zoneBeyondEdge)) {
+        return;
+    }
+    if (geometry().isInRevealStrip(mouse - placed.topLeft())) {
+        hideWork.reset();
+        dock->setHidden(false);
+    }
+}
+
+void DockPanel::scheduleHide() {
+    hideWork = platform.scheduler().after(hideDelay, [this] {
+        hideWork.reset();
+        dock->setHidden(true);
+    });
+}
+
+void DockPanel::close() {
+    window->close();
+}
+
+bool DockPanel::isVisible() const {
+    return window->isVisible();
+}
+
+QImage DockPanel::grab() {
+    return window->grab();
+}
+
+QWindow* DockPanel::nativeWindow() const {
+    return view->windowHandle();
+}
+
+void DockPanel::followConfig() {
+    const bool wanted = dock->config().autoHide;
+    if (wanted != autoHide) {
+        autoHide = wanted;
+        // A hide that waits for its moment would strand the dock hidden once nothing reveals it any more.
+        hideWork.reset();
+        dock->setHidden(wanted);
+    }
+    repositionSoon();
+}
+
+void DockPanel::followHidden() {
+    if (dock->hidden()) {
+        window->setIgnoresMouseEvents(true);
+        dock->setMouse(std::nullopt);
+    }
+    updateInputRegion();
+}
+
+void DockPanel::repositionSoon() {
+    if (!repositionWork) {
+        repositionWork = platform.scheduler().after(0, [this] {
+            repositionWork.reset();
+            reposition();
+        });
+    }
+}
+
+void DockPanel::updateInputRegion() {
+    window->setInputRegion(dock->hidden() ? QRegion()
+                                          : QRegion(geometry().inputZone(dock->mouse().has_value())));
+}
+
+DockGeometry DockPanel::geometry() const {
+    return dock->geometry(dock->cells());
+}
+
+} // namespace quillary

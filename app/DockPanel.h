@@ -1,0 +1,86 @@
+#pragma once
+
+#include "app/DockGeometry.h"
+#include "platform/ScreenInfo.h"
+
+#include <QImage>
+#include <QObject>
+#include <QPointF>
+#include <QRect>
+
+#include <memory>
+
+class QWindow;
+
+namespace quillary {
+
+class DockModel;
+class DockView;
+class IconCache;
+class PanelWindow;
+class Platform;
+class ScheduledTask;
+
+/// The window of one dock: where it stands, when it is hidden, which of its points take clicks, and what the
+/// pointer does to it. It draws nothing itself; its DockView does.
+class DockPanel : public QObject {
+    Q_OBJECT
+
+public:
+    /// Not on the screen yet. The platform must outlive the panel.
+    DockPanel(std::shared_ptr<DockModel> model, ScreenInfo screen, std::shared_ptr<IconCache> icons,
+              Platform& platform);
+    ~DockPanel() override;
+
+    /// Where a panel of this size stands on an edge of a visible frame: centred, moved inside, whole points.
+    /// One that is too large keeps its left or bottom end inside and runs out at the other. Global points.
+    [[nodiscard]] static QRect placement(const QRectF& visibleFrame, DockEdge edge, QSizeF panelSize);
+
+    /// The screen in whose visible frame the dock is placed, from the next reposition on.
+    void setTargetScreen(ScreenInfo screen);
+    [[nodiscard]] const ScreenInfo& targetScreen() const { return screen; }
+
+    /// Puts the dock on the screen, hidden, and shows it 0.05 s later unless it hides itself.
+    void present();
+    /// Takes up the place and size that the screen, the configuration and the cells call for.
+    void reposition();
+    /// Follows the pointer. Global points.
+    void track(QPointF mouse);
+    /// Takes the dock off the screen for good.
+    void close();
+
+    [[nodiscard]] DockModel& model() const { return *dock; }
+    /// Global points.
+    [[nodiscard]] QRect frame() const { return placed; }
+    [[nodiscard]] bool isVisible() const;
+    /// A picture of the dock at the screen's scale; null when it cannot be made.
+    [[nodiscard]] QImage grab();
+    /// The native window, for its place among the program's windows; null before `present`.
+    [[nodiscard]] QWindow* nativeWindow() const;
+
+private:
+    void followConfig();
+    void followHidden();
+    void repositionSoon();
+    void trackShown(QPointF mouse);
+    void trackHidden(QPointF mouse);
+    void scheduleHide();
+    void updateInputRegion();
+    [[nodiscard]] DockGeometry geometry() const;
+
+    std::shared_ptr<DockModel> dock;
+    ScreenInfo screen;
+    Platform& platform;
+    QRect placed;
+    bool autoHide;
+
+    // The window dresses the view and must go first.
+    std::unique_ptr<DockView> view;
+    std::unique_ptr<PanelWindow> window;
+
+    std::unique_ptr<ScheduledTask> hideWork;
+    std::unique_ptr<ScheduledTask> showWork;
+    std::unique_ptr<ScheduledTask> repositionWork;
+};
+
+} // namespace quillary

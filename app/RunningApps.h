@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/RunningApplication.h"
+
+#include <QObject>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillary {
+
+class Workspace;
+
+/// The applications with windows for the user that run now, and the one in front. All docks share one
+/// tracker.
+///
+/// Every signal is emitted on every assignment, changed or not.
+class RunningApps : public QObject {
+    Q_OBJECT
+
+public:
+    /// Filled before it returns. The workspace must outlive the tracker.
+    explicit RunningApps(Workspace& workspace);
+
+    /// Those that count, in the system's order.
+    [[nodiscard]] const std::vector<RunningApplication>& apps() const { return listed; }
+    /// Path of the application in front, whether it is in `apps` or not; absent when it has none.
+    [[nodiscard]] const std::optional<std::string>& activePath() const { return active; }
+    /// The path of each entry of `apps` that has one, in the same order.
+    [[nodiscard]] std::vector<std::string> paths() const;
+    /// The first entry with exactly this path; null when there is none. Valid until the next refresh.
+    [[nodiscard]] const RunningApplication* app(std::string_view path) const;
+
+    /// Reads both fields anew from the system.
+    void refresh();
+
+Q_SIGNALS:
+    void appsChanged();
+    void activePathChanged();
+
+private:
+    Workspace& workspace;
+    std::vector<RunningApplication> listed;
+    std::optional<std::string> active;
+};
+
+} // namespace quillary

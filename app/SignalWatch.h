@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+
+class QSocketNotifier;
+
+namespace quillary {
+
+/// Turns TERM, INT and HUP into a call on the main thread, so that they end the program as its quit entry
+/// does. One at a time in a process.
+class SignalWatch : public QObject {
+    Q_OBJECT
+
+public:
+    SignalWatch();
+    ~SignalWatch() override;
+
+Q_SIGNALS:
+    void terminationRequested();
+
+private:
+    void receive();
+
+    QSocketNotifier* notifier = nullptr;
+};
+
+} // namespace quillary

@@ -1,0 +1,26 @@
+#include "app/AppDelegate.h"
+#include "app/SignalWatch.h"
+#include "platform/Platform.h"
+
+#include <QApplication>
+
+int main(int argc, char* argv[]) {
+    QCoreApplication::setApplicationName(QStringLiteral("Quillary"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("quillary"));
+    // Docks come and go with the screens: having none at a moment is no reason to end.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    const QApplication application(argc, argv);
+
+    const auto platform = quillary::makePlatform();
+    if (!platform) {
+        return 1;
+    }
+    const quillary::SignalWatch signalWatch;
+    quillary::AppDelegate delegate(*platform);
+    QObject::connect(&signalWatch, &quillary::SignalWatch::terminationRequested, &application,
+                     &QCoreApplication::quit);
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
+                     &quillary::AppDelegate::applicationWillTerminate);
+    delegate.applicationDidFinishLaunching();
+    return QApplication::exec();
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+namespace quillary {
+
+/// The standard cubic ease-out: 0 at 0, 1 at 1, arriving without speed. The fraction is clamped to 0…1.
+[[nodiscard]] double easeOut(double fraction);
+
+/// A value on a damped spring, by the closed solution of its equation: angular frequency 2π / response,
+/// damping ratio below 1. Times are seconds.
+class Spring {
+public:
+    /// At rest at `value`.
+    Spring(double response, double dampingFraction, double value);
+
+    /// Makes for the target from where the value is at `now`, keeping its velocity.
+    void moveTo(double target, double now);
+    /// Is at the value at once, at rest.
+    void jumpTo(double value);
+
+    [[nodiscard]] double target() const { return goal; }
+    [[nodiscard]] double value(double now) const;
+    /// Whether it is so close to its target, and so slow, that nobody could see the rest.
+    [[nodiscard]] bool settled(double now) const;
+
+private:
+    struct State {
+        double offset, velocity;
+    };
+    [[nodiscard]] State state(double now) const;
+
+    double frequency;
+    double damping;
+    double goal;
+    double start = 0;
+    // Where it was, seen from the goal, when the movement began.
+    State begun{0, 0};
+};
+
+} // namespace quillary

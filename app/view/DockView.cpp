@@ -1,0 +1,226 @@
+#include "app/view/DockView.h"
+
+#include "app/DisplayName.h"
+#include "app/DockModel.h"
+#include "app/MemoryMonitor.h"
+#include "app/RunningApps.h"
+#include "app/view/DockPainter.h"
+#include "app/view/IconCache.h"
+#include "platform/PanelWindow.h"
+#include "platform/Platform.h"
+#include "platform/PointerMonitor.h"
+#include "platform/Scheduler.h"
+#include "platform/Workspace.h"
+
+#include <QBitmap>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScreen>
+
+#include <cmath>
+
+namespace quillary {
+
+namespace {
+
+constexpr double crossingDuration = 0.18;
+constexpr double hiddenResponse = 0.32;
+constexpr double hiddenDamping = 0.82;
+constexpr double defaultRefreshRate = 60;
+/// A press becomes a drag, and no click any more, beyond this many points.
+constexpr double clickReach = 4;
+
+} // namespace
+
+DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> iconCache, Platform& system)
+    : model(std::move(dock)),
+      icons(std::move(iconCache)),
+      platform(system),
+      sprites(icons),
+      labelMetrics(labelFont()),
+      hidden(hiddenResponse, hiddenDamping, model->hidden() ? 1 : 0) {
+    const auto redraw = [this] { refresh(Existence::askAgain); };
+    connect(model.get(), &DockModel::configChanged, this, redraw);
+    connect(model.get(), &DockModel::maxLengthChanged, this, redraw);
+    connect(model.get(), &DockModel::showMemoryChanged, this, redraw);
+    connect(model.get(), &DockModel::mouseChanged, this, [this](DockModel::Transition transition) {
+        followMouse(transition == DockModel::Transition::animated);
+    });
+    connect(model.get(), &DockModel::hiddenChanged, this, &DockView::followHidden);
+    connect(model->running.get(), &RunningApps::appsChanged, this, redraw);
+    connect(model->running.get(), &RunningApps::activePathChanged, this, redraw);
+    connect(model->memory.get(), &MemoryMonitor::statsChanged, this, redraw);
+    connect(model->memory.get(), &MemoryMonitor::byAppChanged, this, redraw);
+    refresh(Existence::askAgain);
+}
+
+DockView::~DockView() = default;
+
+void DockView::attach(PanelWindow& panelWindow) {
+    window = &panelWindow;
+    connect(window, &PanelWindow::compositedChanged, this, [this] {
+        updateShape();
+        update();
+    });
+}
+
+void DockView::followMouse(bool animated) {
+    const double now = platform.scheduler().now();
+    if (animated) {
+        // The model has the new state already: what was on the screen is where the movement begins.
+        const bool entered = model->mouse().has_value();
+        const double fraction = easeOut((now - magnifiedSince) / crossingDuration);
+        magnifiedFrom =
+            entered ? magnifiedFrom * (1 - fraction) : magnifiedFrom + (1 - magnifiedFrom) * fraction;
+        magnifiedSince = now;
+    }
+    refresh(Existence::asKnown);
+}
+
+void DockView::followHidden() {
+    hidden.moveTo(model->hidden() ? 1 : 0, platform.scheduler().now());
+    refresh(Existence::askAgain);
+}
+
+double DockView::magnified(double now) const {
+    const double fraction = easeOut((now - magnifiedSince) / crossingDuration);
+    const double target = model->mouse() ? 1 : 0;
+    return magnifiedFrom + (target - magnifiedFrom) * fraction;
+}
+
+bool DockView::moving(double now) const {
+    const bool crossing = magnified(now) != (model->mouse() ? 1.0 : 0.0);
+    return crossing || !hidden.settled(now);
+}
+
+DockSceneState DockView::state(double now) {
+    if (const auto mouse = model->mouse()) {
+        lastAxis = isHorizontal(model->config().edge) ? mouse->x() : mouse->y();
+    } else if (magnified(now) <= 0) {
+        lastAxis.reset();
+    }
+    return {.mouseAxis = lastAxis,
+            .magnified = magnified(now),
+            .hidden = hidden.settled(now) ? hidden.target() : hidden.value(now),
+            .labelText = [this](const std::string& path) { return labelText(path); },
+            .textWidth = [this](const QString& text) { return labelMetrics.horizontalAdvance(text); },
+            .exists =
+                [this](const std::string& path) {
+                    const auto known = existing.find(path);
+                    return known != existing.end()
+                               ? known->second
+                               : existing.emplace(path, platform.workspace().exists(path)).first->second;
+                }};
+}
+
+void DockView::refresh(Existence existence) {
+    if (existence == Existence::askAgain) {
+        existing.clear();
+        names.clear();
+    }
+    const double now = platform.scheduler().now();
+    setScene(buildDockScene(*model, state(now)));
+    if (!moving(now)) {
+        frameWork.reset();
+    } else if (!frameWork) {
+        const double rate = screen() != nullptr ? screen()->refreshRate() : defaultRefreshRate;
+        frameWork = platform.scheduler().after(1 / std::max(rate, 1.0), [this] { frame(); });
+    }
+}
+
+void DockView::frame() {
+    frameWork.reset();
+    refresh(Existence::asKnown);
+}
+
+void DockView::setScene(DockScene next) {
+    const QRegion damage = DockScene::damage(shown, next);
+    shown = std::move(next);
+    if (!damage.isEmpty()) {
+        updateShape();
+        update(damage);
+    }
+}
+
+void DockView::updateShape() {
+    if (window == nullptr || window->composited()) {
+        return;
+    }
+    if (shown.opacity <= 0) {
+        window->setVisibleShape({});
+        return;
+    }
+    QImage picture(shown.panelSize.toSize(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    updateSpriteSizes();
+    DockPainter(painter, appearance(), sprites, shadows).draw(shown);
+    painter.end();
+    window->setVisibleShape(QRegion(QBitmap::fromImage(picture.createAlphaMask(Qt::ThresholdDither))));
+}
+
+void DockView::updateSpriteSizes() {
+    const DockGeometry geometry = model->geometry(model->cells());
+    const double ratio = devicePixelRatioF();
+    sprites.setSizes(static_cast<int>(std::lround(geometry.size * ratio)),
+                     static_cast<int>(std::ceil(geometry.size * (1 + geometry.amount) * ratio)));
+}
+
+QString DockView::labelText(const std::string& path) {
+    const auto known = names.find(path);
+    if (known != names.end()) {
+        return known->second;
+    }
+    QString text = QString::fromStdString(displayName(platform.workspace(), path));
+    const auto usage = model->memory->byApp().find(path);
+    if (model->showMemory() && usage != model->memory->byApp().end()) {
+        text += QStringLiteral(" · ") + QString::fromStdString(RamBadges::text(usage->second));
+    }
+    return names.emplace(path, text).first->second;
+}
+
+Appearance DockView::appearance() const {
+    const bool blends = window == nullptr || window->composited();
+    return Appearance::of(palette(),
+                          blends ? Appearance::Blending::translucent : Appearance::Blending::opaque);
+}
+
+void DockView::paintEvent(QPaintEvent* event) {
+    updateSpriteSizes();
+    QPainter painter(this);
+    painter.setClipRegion(event->region());
+    DockPainter(painter, appearance(), sprites, shadows).draw(shown);
+}
+
+void DockView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        pressedAt = event->position();
+    }
+}
+
+void DockView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !pressedAt) {
+        return;
+    }
+    const QPointF moved = event->position() - *pressedAt;
+    pressedAt.reset();
+    if (std::hypot(moved.x(), moved.y()) > clickReach) {
+        return;
+    }
+    // The pointer is told once a frame; a quick click may come before.
+    platform.pointer().refresh();
+    if (const auto path = model->hoveredPath()) {
+        model->open(*path);
+    }
+}
+
+void DockView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
+        labelMetrics = QFontMetricsF(labelFont());
+        update();
+    }
+    QWidget::changeEvent(event);
+}
+
+} // namespace quillary

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "app/view/Animation.h"
+#include "app/view/Appearance.h"
+#include "app/view/DockScene.h"
+#include "app/view/DockSceneBuilder.h"
+#include "app/view/IconSprites.h"
+#include "app/view/Shadows.h"
+
+#include <QFontMetricsF>
+#include <QPointF>
+#include <QWidget>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace quillary {
+
+class DockModel;
+class IconCache;
+class PanelWindow;
+class Platform;
+class ScheduledTask;
+
+/// The contents of one dock's window: keeps a scene in step with the model, paints what changed of it, and
+/// turns clicks into requests to open.
+class DockView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The platform must outlive the view.
+    DockView(std::shared_ptr<DockModel> model, std::shared_ptr<IconCache> icons, Platform& platform);
+    ~DockView() override;
+
+    /// Lets the view follow what the window that shows it can do. The window must outlive the view's use.
+    void attach(PanelWindow& window);
+
+    /// What is shown now.
+    [[nodiscard]] const DockScene& scene() const { return shown; }
+    /// Whether a frame is due although nothing else happens.
+    [[nodiscard]] bool animating() const { return frameWork != nullptr; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    enum class Existence { asKnown, askAgain };
+
+    void followMouse(bool animated);
+    void followHidden();
+    void refresh(Existence existence);
+    void setScene(DockScene next);
+    void updateShape();
+    void updateSpriteSizes();
+    void frame();
+    [[nodiscard]] double magnified(double now) const;
+    [[nodiscard]] bool moving(double now) const;
+    [[nodiscard]] DockSceneState state(double now);
+    [[nodiscard]] QString labelText(const std::string& path);
+    [[nodiscard]] Appearance appearance() const;
+
+    std::shared_ptr<DockModel> model;
+    std::shared_ptr<IconCache> icons;
+    Platform& platform;
+    PanelWindow* window = nullptr;
+    IconSprites sprites;
+    Shadows shadows;
+    QFontMetricsF labelMetrics;
+    DockScene shown;
+    std::map<std::string, bool, std::less<>> existing;
+    std::map<std::string, QString, std::less<>> names;
+
+    /// Entering and leaving: from this share of the magnification, since that moment.
+    double magnifiedFrom = 0;
+    double magnifiedSince = 0;
+    std::optional<double> lastAxis;
+    Spring hidden;
+    std::unique_ptr<ScheduledTask> frameWork;
+    std::optional<QPointF> pressedAt;
+};
+
+} // namespace quillary

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QIcon>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace quillary {
+
+class Workspace;
+
+/// The icon of every path that was ever shown; the system is asked once for each. One cache serves all docks.
+class IconCache {
+public:
+    /// The workspace must outlive the cache.
+    explicit IconCache(Workspace& workspace);
+
+    /// Never null: the system's generic icon stands for a path without one.
+    [[nodiscard]] const QIcon& icon(const std::string& path);
+
+private:
+    Workspace& workspace;
+    std::map<std::string, QIcon, std::less<>> icons;
+};
+
+} // namespace quillary
