@@ -1,0 +1,275 @@
+#include "tests/app/Fixture.h"
+
+namespace quillary::test {
+namespace {
+
+const std::string mail = "/Applications/Mail.app";
+const std::string notes = "/Applications/Notes.app";
+
+/// One dock of two items at the bottom of LEFT, no magnification: the panel is 146 × 125, its row starts
+/// at 14.
+class DockPanelTest : public Desktop {
+protected:
+    void SetUp() override {
+        startWith({mail, notes});
+        configure([](DockConfig& config) { config.magnification = Magnification::off; });
+        turn();
+    }
+    void point(double x, double y) { platform.pointer().moveTo(QPointF(x, y)); }
+    void setAutoHide(bool on) const {
+        configure([on](DockConfig& config) { config.autoHide = on; });
+    }
+    void wait(double seconds) { platform.scheduler().advance(seconds); }
+
+    const QPointF onIcon{640, 860};
+    const QPointF elsewhere{640, 300};
+    const QPointF atTheEdge{640, 899};
+};
+
+TEST_F(DockPanelTest, standsCentredOnItsEdgeOfTheVisibleFrame) {
+    EXPECT_EQ(panel().frame(), QRect(567, 775, 146, 125));
+    EXPECT_EQ(window().placed, panel().frame());
+    configure([](DockConfig& config) { config.edge = DockEdge::top; });
+    turn();
+    EXPECT_EQ(panel().frame(), QRect(567, 0, 146, 125));
+    configure([](DockConfig& config) { config.edge = DockEdge::left; });
+    turn();
+    EXPECT_EQ(panel().frame(), QRect(0, 377, 289, 146));
+    configure([](DockConfig& config) { config.edge = DockEdge::right; });
+    turn();
+    EXPECT_EQ(panel().frame(), QRect(991, 377, 289, 146));
+}
+
+TEST_F(DockPanelTest, movesToItsNewPlaceOnTheNextTurnOnly) {
+    const QRect before = window().placed;
+    configure([](DockConfig& config) { config.edge = DockEdge::top; });
+    EXPECT_EQ(window().placed, before);
+    turn();
+    EXPECT_NE(window().placed, before);
+}
+
+TEST_F(DockPanelTest, severalChangesInOneTurnRepositionOnce) {
+    const int before = window().frameChanges;
+    configure([](DockConfig& config) { config.iconSize = 64; });
+    platform.workspace().launch("/Applications/A.app");
+    platform.workspace().launch("/Applications/B.app");
+    turn();
+    EXPECT_EQ(window().frameChanges, before + 1);
+}
+
+TEST_F(DockPanelTest, growsWithTheRunningApplications) {
+    platform.workspace().launch("/Applications/A.app");
+    turn();
+    // One separator and one icon more: 13 + 48 + 2 · 6.
+    EXPECT_EQ(panel().frame().width(), 146 + 73);
+}
+
+TEST_F(DockPanelTest, anOversizedPanelKeepsItsLeftOrBottomEndInside) {
+    const QRectF visible(100, 50, 300, 200);
+    EXPECT_EQ(DockPanel::placement(visible, DockEdge::bottom, {500, 100}), QRect(100, 150, 500, 100));
+    EXPECT_EQ(DockPanel::placement(visible, DockEdge::left, {100, 500}), QRect(100, -250, 100, 500));
+    EXPECT_EQ(DockPanel::placement(visible, DockEdge::top, {100, 500}), QRect(200, -250, 100, 500));
+    EXPECT_EQ(DockPanel::placement(visible, DockEdge::right, {500, 100}), QRect(100, 100, 500, 100));
+}
+
+TEST_F(DockPanelTest, wholePointsKeepTheAnchoredEdgeExact) {
+    const QRectF visible(0, 0, 1280, 900);
+    EXPECT_EQ(DockPanel::placement(visible, DockEdge::bottom, {708.56, 163.4}), QRect(286, 737, 709, 163));
+    EXPECT_EQ(DockPanel::placement(visible, DockEdge::bottom, {708.56, 163.5}).bottom(), 899);
+    EXPECT_EQ(DockPanel::placement(visible, DockEdge::right, {327.4, 708.56}), QRect(953, 96, 327, 709));
+}
+
+TEST_F(DockPanelTest, keepsTheLengthOfTheScreensVisibleFrame) {
+    EXPECT_DOUBLE_EQ(model().maxLength(), 1280);
+    configure([](DockConfig& config) { config.edge = DockEdge::left; });
+    turn();
+    EXPECT_DOUBLE_EQ(model().maxLength(), 900);
+}
+
+TEST_F(DockPanelTest, presentShowsAfter50MillisecondsInItsPlace) {
+    platform.screens().set({screenNamed("LEFT", leftFrame), screenNamed("RIGHT", rightFrame)});
+    EXPECT_TRUE(model(1).hidden());
+    EXPECT_EQ(window(1).ordersFront, 1);
+    EXPECT_FALSE(window(1).placed.isEmpty());
+    EXPECT_TRUE(window(1).inputRegion.isEmpty());
+    wait(0.049);
+    EXPECT_TRUE(model(1).hidden());
+    wait(0.001);
+    EXPECT_FALSE(model(1).hidden());
+    EXPECT_FALSE(window(1).inputRegion.isEmpty());
+}
+
+TEST_F(DockPanelTest, presentLeavesASelfHidingDockHidden) {
+    setAutoHide(true);
+    configure([](DockConfig& config) { config.enabled = false; });
+    configure([](DockConfig& config) { config.enabled = true; });
+    wait(1);
+    EXPECT_TRUE(model().hidden());
+}
+
+TEST_F(DockPanelTest, thePointerOnTheDockIsToldInPanelCoordinates) {
+    point(640, 860);
+    EXPECT_EQ(model().mouse(), QPointF(73, 85));
+    EXPECT_FALSE(window().ignoresMouseEvents);
+    point(640, 300);
+    EXPECT_EQ(model().mouse(), std::nullopt);
+    EXPECT_TRUE(window().ignoresMouseEvents);
+}
+
+TEST_F(DockPanelTest, thePointerOverTheLabelRoomIsNotOnTheDock) {
+    // Inside the panel's frame, 80 points from the edge where the zone ends at 79.
+    point(640, 820);
+    EXPECT_EQ(model().mouse(), std::nullopt);
+    point(640, 821);
+    EXPECT_TRUE(model().mouse().has_value());
+}
+
+TEST_F(DockPanelTest, thePointerOnAnotherScreenBelowTheEdgeIsNotOnTheDock) {
+    // One point beyond the edge is in the zone's tolerance, but two are outside of the frame.
+    point(640, 900);
+    EXPECT_TRUE(model().mouse().has_value());
+    point(640, 901);
+    EXPECT_FALSE(model().mouse().has_value());
+}
+
+TEST_F(DockPanelTest, clicksAreTakenInTheRestingZoneAndMoreOnceMagnified) {
+    configure([](DockConfig& config) {
+        config.magnification = Magnification::subtle;
+        config.iconSize = 40;
+    });
+    turn();
+    // 40 · 0.35 · 3.4 = 47.6 to grow in, panel 177.6 × 131; the row starts at 37.8 and is 102 long.
+    EXPECT_EQ(window().inputRegion, QRegion(QRect(QPoint(32, 60), QPoint(145, 130))));
+    point(640, 860);
+    EXPECT_EQ(window().inputRegion, QRegion(QRect(QPoint(8, 46), QPoint(169, 130))));
+    point(640, 300);
+    EXPECT_EQ(window().inputRegion, QRegion(QRect(QPoint(32, 60), QPoint(145, 130))));
+}
+
+TEST_F(DockPanelTest, theZoneWidensOnlyOnceThePointerIsOnTheDock) {
+    configure([](DockConfig& config) { config.magnification = Magnification::subtle; });
+    turn();
+    const double top = panel().frame().top();
+    // 141.8 − 50 = 91.8 from the edge: between the resting 79 and the magnified 95.8.
+    point(640, top + 50);
+    EXPECT_FALSE(model().mouse().has_value());
+    point(640, 860);
+    point(640, top + 50);
+    EXPECT_TRUE(model().mouse().has_value());
+}
+
+TEST_F(DockPanelTest, withoutAutoHideTheDockNeverHides) {
+    point(640, 860);
+    point(640, 300);
+    wait(60);
+    EXPECT_FALSE(model().hidden());
+}
+
+TEST_F(DockPanelTest, hides600MillisecondsAfterThePointerFirstLeft) {
+    setAutoHide(true);
+    platform.pointer().moveTo(atTheEdge);
+    platform.pointer().moveTo(onIcon);
+    ASSERT_FALSE(model().hidden());
+    platform.pointer().moveTo(elsewhere);
+    wait(0.3);
+    point(600, 310);
+    wait(0.29);
+    EXPECT_FALSE(model().hidden());
+    wait(0.01);
+    EXPECT_TRUE(model().hidden());
+    EXPECT_TRUE(window().inputRegion.isEmpty());
+}
+
+TEST_F(DockPanelTest, leavingAndReturningWithin600msKeepsTheDock) {
+    setAutoHide(true);
+    platform.pointer().moveTo(atTheEdge);
+    platform.pointer().moveTo(onIcon);
+    platform.pointer().moveTo(elsewhere);
+    wait(0.59);
+    platform.pointer().moveTo(onIcon);
+    wait(10);
+    EXPECT_FALSE(model().hidden());
+}
+
+TEST_F(DockPanelTest, theStripAtTheEdgeRevealsAtOnce) {
+    setAutoHide(true);
+    ASSERT_TRUE(model().hidden());
+    point(640, 896);
+    EXPECT_TRUE(model().hidden());
+    point(640, 897);
+    EXPECT_FALSE(model().hidden());
+}
+
+TEST_F(DockPanelTest, theStripIsAsLongAsTheRow) {
+    setAutoHide(true);
+    // The row spans 567 + 14 … 567 + 132.
+    point(580, 899);
+    point(700, 899);
+    EXPECT_TRUE(model().hidden());
+    point(581, 899);
+    EXPECT_FALSE(model().hidden());
+}
+
+TEST_F(DockPanelTest, aHiddenDockHasNoPointerAndTakesNoClicks) {
+    setAutoHide(true);
+    platform.pointer().moveTo(onIcon);
+    EXPECT_EQ(model().mouse(), std::nullopt);
+    EXPECT_TRUE(window().ignoresMouseEvents);
+    EXPECT_TRUE(window().inputRegion.isEmpty());
+    EXPECT_EQ(model().hoveredPath(), std::nullopt);
+}
+
+TEST_F(DockPanelTest, hidingClearsThePointerAtOnce) {
+    platform.pointer().moveTo(onIcon);
+    ASSERT_TRUE(model().mouse().has_value());
+    setAutoHide(true);
+    EXPECT_TRUE(model().hidden());
+    EXPECT_EQ(model().mouse(), std::nullopt);
+    EXPECT_TRUE(window().ignoresMouseEvents);
+}
+
+TEST_F(DockPanelTest, switchingAutoHideOffShowsTheDock) {
+    setAutoHide(true);
+    setAutoHide(false);
+    EXPECT_FALSE(model().hidden());
+}
+
+TEST_F(DockPanelTest, aConfigurationThatLeavesAutoHideAloneDoesNotHideARevealedDock) {
+    setAutoHide(true);
+    platform.pointer().moveTo(atTheEdge);
+    ASSERT_FALSE(model().hidden());
+    configure([](DockConfig& config) { config.iconSize = 64; });
+    EXPECT_FALSE(model().hidden());
+}
+
+TEST_F(DockPanelTest, aPendingHideDoesNotStrandADockWhoseAutoHideIsSwitchedOff) {
+    setAutoHide(true);
+    platform.pointer().moveTo(atTheEdge);
+    platform.pointer().moveTo(onIcon);
+    platform.pointer().moveTo(elsewhere);
+    setAutoHide(false);
+    wait(5);
+    EXPECT_FALSE(model().hidden());
+}
+
+TEST_F(DockPanelTest, aClosedPanelLeavesNothingBehindThatCallsBack) {
+    setAutoHide(true);
+    platform.pointer().moveTo(atTheEdge);
+    platform.pointer().moveTo(onIcon);
+    platform.pointer().moveTo(elsewhere);
+    configure([](DockConfig& config) { config.enabled = false; });
+    EXPECT_TRUE(platform.windows.empty());
+    EXPECT_EQ(manager->panel(leftKey), nullptr);
+    wait(5);
+    platform.pointer().moveTo(atTheEdge);
+    EXPECT_EQ(platform.scheduler().pending(), 0U);
+}
+
+TEST_F(DockPanelTest, aCrossingWithoutMovementAsksForThePointer) {
+    const int before = platform.pointer().refreshes;
+    Q_EMIT window().pointerCrossed();
+    EXPECT_EQ(platform.pointer().refreshes, before + 1);
+}
+
+} // namespace
+} // namespace quillary::test

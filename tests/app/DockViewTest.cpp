@@ -1,0 +1,217 @@
+#include "app/view/DockView.h"
+
+#include "app/view/IconCache.h"
+#include "tests/app/Fixture.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPalette>
+
+namespace quillary::test {
+namespace {
+
+const std::string mail = "/Applications/Mail.app";
+const std::string notes = "/Applications/Notes.app";
+
+/// A view of its own on LEFT's model, beside the one of the dock's panel.
+class DockViewTest : public Desktop {
+protected:
+    void SetUp() override {
+        startWith({mail, notes});
+        configure([](DockConfig& config) { config.magnification = Magnification::big; });
+        turn();
+        const auto dock = manager->models()[0];
+        view = std::make_unique<DockView>(dock, std::make_shared<IconCache>(platform.workspace()), platform);
+        view->attach(shownIn);
+        view->resize(dock->geometry(dock->cells()).panelSize().toSize());
+    }
+    void wait(double seconds) { platform.scheduler().advance(seconds); }
+    [[nodiscard]] double firstWidth() const { return view->scene().icons.at(0).rect.width(); }
+    [[nodiscard]] QImage picture() const {
+        QImage image(view->size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        view->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+        return image;
+    }
+    void press(QPointF from, QPointF to) const {
+        QMouseEvent down(QEvent::MouseButtonPress, from, from, Qt::LeftButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(view.get(), &down);
+        QMouseEvent up(QEvent::MouseButtonRelease, to, to, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view.get(), &up);
+    }
+
+    FakePanelWindow shownIn;
+    std::unique_ptr<DockView> view;
+    // The first icon's resting centre along, and the middle of the row's depth.
+    const QPointF onFirst{111, 125};
+};
+
+TEST_F(DockViewTest, iconsGrowOver180MillisecondsOnEntering) {
+    const DockGeometry geometry = model().geometry(model().cells());
+    const QPointF first = geometry.point(geometry.rowOffset() + geometry.restCenters[0], 40);
+    model().setMouse(first);
+    EXPECT_NEAR(firstWidth(), 48, 1e-9);
+    EXPECT_TRUE(view->animating());
+    wait(0.09);
+    // Ease-out is at 7/8 half-way, seen in the last frame before.
+    EXPECT_GT(firstWidth(), 48 + 38.4 * 0.8);
+    EXPECT_LT(firstWidth(), 48 + 38.4);
+    wait(0.11);
+    EXPECT_NEAR(firstWidth(), 86.4, 1e-9);
+    EXPECT_FALSE(view->animating());
+}
+
+TEST_F(DockViewTest, withinTheDockIconsFollowAtOnce) {
+    const DockGeometry geometry = model().geometry(model().cells());
+    model().setMouse(geometry.point(geometry.rowOffset() + geometry.restCenters[1], 40));
+    wait(1);
+    const double before = firstWidth();
+    model().setMouse(geometry.point(geometry.rowOffset() + geometry.restCenters[0], 40));
+    EXPECT_GT(firstWidth(), before);
+    EXPECT_NEAR(firstWidth(), 86.4, 1e-9);
+    EXPECT_FALSE(view->animating());
+}
+
+TEST_F(DockViewTest, leavingInTheMiddleOfEnteringGoesBackFromThere) {
+    const DockGeometry geometry = model().geometry(model().cells());
+    model().setMouse(geometry.point(geometry.rowOffset() + geometry.restCenters[0], 40));
+    wait(0.05);
+    const double reached = firstWidth();
+    model().setMouse(std::nullopt);
+    EXPECT_NEAR(firstWidth(), reached, 4.0);
+    wait(0.2);
+    EXPECT_NEAR(firstWidth(), 48, 1e-9);
+    EXPECT_FALSE(view->animating());
+    EXPECT_FALSE(view->scene().label.has_value());
+}
+
+TEST_F(DockViewTest, hidingSlidesAndFades) {
+    model().setHidden(true);
+    EXPECT_DOUBLE_EQ(view->scene().opacity, 1);
+    wait(0.1);
+    EXPECT_LT(view->scene().opacity, 0.9);
+    EXPECT_GT(view->scene().opacity, 0);
+    EXPECT_GT(view->scene().offset.y(), 5);
+    wait(2);
+    EXPECT_DOUBLE_EQ(view->scene().opacity, 0);
+    EXPECT_EQ(view->scene().offset, QPointF(0, 83));
+    EXPECT_FALSE(view->animating());
+}
+
+TEST_F(DockViewTest, nothingIsPlannedWhileNothingMoves) {
+    view.reset();
+    wait(3);
+    EXPECT_EQ(platform.scheduler().pending(), 0U);
+    model().setMouse(QPointF(100, 100));
+    wait(1);
+    EXPECT_EQ(platform.scheduler().pending(), 0U);
+}
+
+TEST_F(DockViewTest, labelsSayTheNameWithoutAppSuffix) {
+    const DockGeometry geometry = model().geometry(model().cells());
+    model().setMouse(geometry.point(geometry.rowOffset() + geometry.restCenters[0], 40));
+    ASSERT_TRUE(view->scene().label.has_value());
+    EXPECT_EQ(view->scene().label->text, QStringLiteral("Mail"));
+}
+
+TEST_F(DockViewTest, aFileThatReappearsIsBrightAgainOnTheNextRender) {
+    platform.workspace().missing = {mail};
+    configure([](DockConfig&) {});
+    EXPECT_DOUBLE_EQ(view->scene().icons[0].opacity, 0.35);
+    platform.workspace().missing = {};
+    configure([](DockConfig&) {});
+    EXPECT_DOUBLE_EQ(view->scene().icons[0].opacity, 1);
+}
+
+TEST_F(DockViewTest, theSystemIsAskedOnceForEachIcon) {
+    platform.workspace().iconRequests.clear();
+    const QImage first = picture();
+    model().setMouse(onFirst);
+    wait(1);
+    const QImage second = picture();
+    EXPECT_NE(first, second);
+    EXPECT_EQ(platform.workspace().iconRequests, (std::vector<std::string>{mail, notes}));
+}
+
+TEST_F(DockViewTest, iconsAreDrawnAtTheirPlaces) {
+    wait(1);
+    const QImage image = picture();
+    const QRectF icon = view->scene().icons[0].rect;
+    EXPECT_EQ(image.pixelColor(icon.center().toPoint()), QColor(Qt::blue));
+    // Above the dock there is no more than the end of its shadow.
+    EXPECT_LE(image.pixelColor(icon.center().toPoint() - QPoint(0, 44)).alpha(), 3);
+    EXPECT_EQ(image.pixelColor(icon.center().toPoint() - QPoint(0, 60)).alpha(), 0);
+    // Between the icon and the edge lies the translucent background, beyond it nothing.
+    const int below = static_cast<int>(icon.bottom()) + 8;
+    const QColor background = image.pixelColor(static_cast<int>(icon.center().x()), below);
+    EXPECT_GT(background.alpha(), 100);
+    EXPECT_LT(background.alpha(), 200);
+}
+
+TEST_F(DockViewTest, whatIsDamagedIsWhatChangesOnTheScreen) {
+    wait(1);
+    const DockGeometry geometry = model().geometry(model().cells());
+    const double first = geometry.rowOffset() + geometry.restCenters[0];
+    model().setMouse(geometry.point(first, 40));
+    wait(1);
+    const DockScene before = view->scene();
+    const QImage old = picture();
+    model().setMouse(geometry.point(first + 9, 40));
+    const QRegion damage = DockScene::damage(before, view->scene());
+    const QImage now = picture();
+    for (int y = 0; y < now.height(); ++y) {
+        for (int x = 0; x < now.width(); ++x) {
+            if (!damage.contains(QPoint(x, y))) {
+                ASSERT_EQ(old.pixel(x, y), now.pixel(x, y)) << x << " " << y;
+            }
+        }
+    }
+}
+
+TEST_F(DockViewTest, aClickOpensTheItemUnderThePointer) {
+    const DockGeometry geometry = model().geometry(model().cells());
+    const QPointF second = geometry.point(geometry.rowOffset() + geometry.restCenters[1], 40);
+    model().setMouse(second);
+    press(second, second + QPointF(3, 2));
+    EXPECT_EQ(platform.workspace().calls, std::vector<std::string>{"openApplication " + notes});
+}
+
+TEST_F(DockViewTest, aPressThatMovesMoreThan4PointsIsNoClick) {
+    const DockGeometry geometry = model().geometry(model().cells());
+    const QPointF second = geometry.point(geometry.rowOffset() + geometry.restCenters[1], 40);
+    model().setMouse(second);
+    press(second, second + QPointF(4.1, 0));
+    EXPECT_TRUE(platform.workspace().calls.empty());
+}
+
+TEST_F(DockViewTest, withoutBlendingEveryPixelShownIsOpaqueAndTheWindowIsShaped) {
+    wait(1);
+    shownIn.setComposited(false);
+    const QRegion shape = shownIn.visibleShape;
+    EXPECT_TRUE(shape.contains(view->scene().icons[0].rect.center().toPoint()));
+    EXPECT_FALSE(shape.contains(QPoint(2, 2)));
+    const QImage image = picture();
+    const QRect inner = view->scene().background.rect.toRect().adjusted(20, 4, -20, -4);
+    for (int x = inner.left(); x <= inner.right(); ++x) {
+        ASSERT_EQ(image.pixelColor(x, inner.bottom()).alpha(), 255) << x;
+    }
+    model().setHidden(true);
+    wait(3);
+    EXPECT_TRUE(shownIn.visibleShape.isEmpty());
+}
+
+TEST_F(DockViewTest, darkDesktopsHaveDarkDocks) {
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(20, 20, 20));
+    const auto night = Appearance::of(dark, Appearance::Blending::translucent);
+    const auto day = Appearance::of(QPalette(Qt::white), Appearance::Blending::translucent);
+    EXPECT_EQ(night.primaryText, QColor(Qt::white));
+    EXPECT_EQ(day.primaryText, QColor(Qt::black));
+    EXPECT_LT(night.background.lightness(), 80);
+    EXPECT_GT(day.background.lightness(), 200);
+    EXPECT_EQ(Appearance::of(dark, Appearance::Blending::opaque).background.alpha(), 255);
+}
+
+} // namespace
+} // namespace quillary::test

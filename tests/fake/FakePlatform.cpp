@@ -1,0 +1,117 @@
+#include "tests/fake/FakePlatform.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace quillary::test {
+
+namespace {
+
+std::string lastComponent(const std::string& path) {
+    return path.substr(path.find_last_of('/') + 1);
+}
+
+} // namespace
+
+void FakeScreens::set(std::vector<ScreenInfo> screens) {
+    connected = std::move(screens);
+    Q_EMIT changed();
+}
+
+std::string FakeWorkspace::displayName(const std::string& path) const {
+    return lastComponent(path);
+}
+
+QIcon FakeWorkspace::icon(const std::string& path) const {
+    iconRequests.push_back(path);
+    QPixmap pixmap(64, 64);
+    pixmap.fill(Qt::blue);
+    return {pixmap};
+}
+
+void FakeWorkspace::openWith(const std::vector<std::string>& paths, const std::string& application) {
+    std::string call = "openWith " + application;
+    for (const std::string& path : paths) {
+        call += " " + path;
+    }
+    calls.push_back(call);
+}
+
+void FakeWorkspace::terminate(const RunningApplication& application) {
+    calls.push_back("terminate " + application.bundlePath.value_or("?"));
+}
+
+void FakeWorkspace::launch(const std::string& path) {
+    running.push_back({.handle = running.size() + 1,
+                       .policy = ActivationPolicy::regular,
+                       .bundlePath = path,
+                       .bundleIdentifier = "id." + lastComponent(path)});
+    Q_EMIT applicationLaunched();
+}
+
+void FakeWorkspace::quit(const std::string& path) {
+    std::erase_if(running, [&path](const RunningApplication& entry) { return entry.bundlePath == path; });
+    Q_EMIT applicationTerminated();
+}
+
+void FakeWorkspace::activate(const std::string& path) {
+    const auto found =
+        std::ranges::find_if(running, [&path](const auto& entry) { return entry.bundlePath == path; });
+    front = found == running.end() ? std::nullopt : std::optional(*found);
+    Q_EMIT applicationActivated();
+}
+
+void FakeSystemDock::write(const DockPrefs& values) {
+    prefs = values;
+    calls.emplace_back("write");
+}
+
+void FakePointer::moveTo(QPointF point) {
+    place = point;
+    Q_EMIT moved(point);
+}
+
+void FakePanelWindow::setFrame(const QRect& frame) {
+    placed = frame;
+    ++frameChanges;
+}
+
+void FakePanelWindow::orderFront() {
+    visible = true;
+    ++ordersFront;
+}
+
+QImage FakePanelWindow::grab() {
+    QImage picture(placed.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::red);
+    return picture;
+}
+
+void FakePanelWindow::setComposited(bool composited) {
+    blends = composited;
+    Q_EMIT compositedChanged();
+}
+
+std::unique_ptr<PanelWindow> FakePlatform::makePanelWindow(QWidget& contents) {
+    contents.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+    contents.winId();
+    auto window = std::make_unique<FakePanelWindow>();
+    windows.push_back(window.get());
+    ++windowsMade;
+    QObject::connect(window.get(), &QObject::destroyed, [this](QObject* gone) {
+        std::erase_if(windows, [gone](auto* known) { return known == gone; });
+    });
+    return window;
+}
+
+std::filesystem::path FakePlatform::applicationSupportDirectory() const {
+    return folder.path().toStdString();
+}
+
+ScreenInfo screenNamed(const std::string& name, const QRectF& frame) {
+    return {.displayNumber = 1, .uuid = "KEY-" + name, .name = name, .frame = frame, .visibleFrame = frame};
+}
+
+} // namespace quillary::test

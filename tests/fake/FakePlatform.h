@@ -1,0 +1,148 @@
+#pragma once
+
+#include "platform/PanelWindow.h"
+#include "platform/Platform.h"
+#include "platform/PointerMonitor.h"
+#include "platform/Screens.h"
+#include "platform/SystemDockPreferences.h"
+#include "platform/SystemLog.h"
+#include "platform/Workspace.h"
+#include "tests/fake/ManualScheduler.h"
+
+#include <QTemporaryDir>
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace quillary::test {
+
+class FakeScreens final : public Screens {
+public:
+    [[nodiscard]] std::vector<ScreenInfo> list() const override { return connected; }
+
+    /// Connects exactly these screens and tells of it.
+    void set(std::vector<ScreenInfo> screens);
+
+    std::vector<ScreenInfo> connected;
+};
+
+class FakeWorkspace final : public Workspace {
+public:
+    [[nodiscard]] std::vector<RunningApplication> runningApplications() const override { return running; }
+    [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override { return front; }
+    [[nodiscard]] std::optional<std::string> ownBundleIdentifier() const override { return ownIdentifier; }
+    [[nodiscard]] bool isApplication(const std::string& path) const override {
+        return path.ends_with(".app");
+    }
+    [[nodiscard]] bool exists(const std::string& path) const override { return !missing.contains(path); }
+    [[nodiscard]] std::string displayName(const std::string& path) const override;
+    [[nodiscard]] QIcon icon(const std::string& path) const override;
+    void openApplication(const std::string& path) override { calls.push_back("openApplication " + path); }
+    void open(const std::string& path) override { calls.push_back("open " + path); }
+    void openWith(const std::vector<std::string>& paths, const std::string& application) override;
+    void reveal(const std::string& path) override { calls.push_back("reveal " + path); }
+    void terminate(const RunningApplication& application) override;
+
+    /// Starts or ends an application at the path and tells of it.
+    void launch(const std::string& path);
+    void quit(const std::string& path);
+    void activate(const std::string& path);
+
+    std::vector<RunningApplication> running;
+    std::optional<RunningApplication> front;
+    std::optional<std::string> ownIdentifier = "io.quillary.Quillary";
+    std::set<std::string> missing;
+    /// What was asked for, one line a call: the operation and its paths.
+    std::vector<std::string> calls;
+    mutable std::vector<std::string> iconRequests;
+};
+
+class FakeSystemDock final : public SystemDockPreferences {
+public:
+    [[nodiscard]] DockPrefs read() const override { return prefs; }
+    void write(const DockPrefs& values) override;
+    void synchronise() override { calls.emplace_back("synchronise"); }
+    void restart() override { calls.emplace_back("restart"); }
+    [[nodiscard]] std::vector<std::string> pinnedItems() const override { return pinned; }
+
+    DockPrefs prefs;
+    std::vector<std::string> pinned{"/System/Library/CoreServices/Finder.app"};
+    std::vector<std::string> calls;
+};
+
+class FakePointer final : public PointerMonitor {
+public:
+    [[nodiscard]] QPointF location() const override { return place; }
+    void refresh() override { ++refreshes; }
+
+    /// Moves the pointer and tells of it.
+    void moveTo(QPointF point);
+
+    QPointF place;
+    int refreshes = 0;
+};
+
+class FakePanelWindow final : public PanelWindow {
+public:
+    void setFrame(const QRect& frame) override;
+    [[nodiscard]] QRect frame() const override { return placed; }
+    void setInputRegion(const QRegion& region) override { inputRegion = region; }
+    void setIgnoresMouseEvents(bool ignores) override { ignoresMouseEvents = ignores; }
+    void setVisibleShape(const QRegion& region) override { visibleShape = region; }
+    [[nodiscard]] bool composited() const override { return blends; }
+    void orderFront() override;
+    void close() override { visible = false; }
+    [[nodiscard]] bool isVisible() const override { return visible; }
+    [[nodiscard]] QImage grab() override;
+
+    /// Starts or ends blending and tells of it.
+    void setComposited(bool composited);
+
+    QRect placed;
+    int frameChanges = 0;
+    int ordersFront = 0;
+    QRegion inputRegion;
+    QRegion visibleShape;
+    bool ignoresMouseEvents = false;
+    bool blends = true;
+    bool visible = false;
+};
+
+class FakeLog final : public SystemLog {
+public:
+    void write(const std::string& line) override { lines.push_back(line); }
+
+    std::vector<std::string> lines;
+};
+
+/// A whole system in memory: nothing happens in it but what a test does.
+class FakePlatform final : public Platform {
+public:
+    [[nodiscard]] FakeScreens& screens() override { return screenList; }
+    [[nodiscard]] FakeWorkspace& workspace() override { return applications; }
+    [[nodiscard]] FakeSystemDock& systemDock() override { return dock; }
+    [[nodiscard]] FakePointer& pointer() override { return pointerMonitor; }
+    [[nodiscard]] ManualScheduler& scheduler() override { return time; }
+    [[nodiscard]] FakeLog& log() override { return lines; }
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWidget& contents) override;
+    [[nodiscard]] std::filesystem::path applicationSupportDirectory() const override;
+
+    /// The windows made so far that still exist, in the order they were made in.
+    std::vector<FakePanelWindow*> windows;
+    int windowsMade = 0;
+
+private:
+    QTemporaryDir folder;
+    ManualScheduler time;
+    FakeScreens screenList;
+    FakeWorkspace applications;
+    FakeSystemDock dock;
+    FakePointer pointerMonitor;
+    FakeLog lines;
+};
+
+/// A screen of that name and frame whose visible frame is the whole of it; its key is "KEY-" and the name.
+[[nodiscard]] ScreenInfo screenNamed(const std::string& name, const QRectF& frame);
+
+} // namespace quillary::test

@@ -1,0 +1,87 @@
+#include "tests/fake/ManualScheduler.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace quillary::test {
+
+class ManualScheduler::Task final : public ScheduledTask {
+public:
+    Task(std::weak_ptr<ManualScheduler*> scheduler, std::shared_ptr<Plan> plan)
+        : owner(std::move(scheduler)), planned(std::move(plan)) {}
+    ~Task() override {
+        if (const auto scheduler = owner.lock()) {
+            std::erase((*scheduler)->plans, planned);
+        }
+    }
+
+private:
+    std::weak_ptr<ManualScheduler*> owner;
+    std::shared_ptr<Plan> planned;
+};
+
+std::unique_ptr<ScheduledTask> ManualScheduler::after(double seconds, std::function<void()> work) {
+    return plan(seconds, 0, std::move(work));
+}
+
+std::unique_ptr<ScheduledTask> ManualScheduler::every(double seconds, std::function<void()> work) {
+    return plan(seconds, seconds, std::move(work));
+}
+
+std::unique_ptr<ScheduledTask> ManualScheduler::plan(double seconds, double interval,
+                                                     std::function<void()> work) {
+    plans.push_back(std::make_shared<Plan>(Plan{time + seconds, planned++, interval, std::move(work)}));
+    return std::make_unique<Task>(self, plans.back());
+}
+
+void ManualScheduler::onWorker(std::function<std::function<void()>()> work) {
+    workers.push_back(std::move(work));
+}
+
+void ManualScheduler::advance(double seconds) {
+    // Sums of decimal fractions miss their target by an ulp: what is due "now" includes that.
+    constexpr double slack = 1e-9;
+    const double until = time + seconds;
+    // Work that plans more work for this very moment sees it run in the next turn, as in a real event loop.
+    const std::uint64_t turn = seconds > 0 ? std::numeric_limits<std::uint64_t>::max() : planned;
+    for (auto due = next(until + slack, turn); due != plans.end(); due = next(until + slack, turn)) {
+        const auto current = *due;
+        time = std::max(time, current->due);
+        if (current->interval > 0) {
+            current->due += current->interval;
+            current->order = planned++;
+        } else {
+            plans.erase(due);
+        }
+        current->work();
+    }
+    time = until;
+}
+
+ManualScheduler::Plans::iterator ManualScheduler::next(double until, std::uint64_t before) {
+    auto found = plans.end();
+    for (auto plan = plans.begin(); plan != plans.end(); ++plan) {
+        if ((*plan)->due > until || (*plan)->order >= before) {
+            continue;
+        }
+        if (found == plans.end() || (*plan)->due < (*found)->due ||
+            ((*plan)->due == (*found)->due && (*plan)->order < (*found)->order)) {
+            found = plan;
+        }
+    }
+    return found;
+}
+
+bool ManualScheduler::finishWork() {
+    if (workers.empty()) {
+        return false;
+    }
+    const auto work = std::move(workers.front());
+    workers.pop_front();
+    if (const auto then = work()) {
+        then();
+    }
+    return true;
+}
+
+} // namespace quillary::test
