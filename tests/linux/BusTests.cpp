@@ -1,0 +1,180 @@
+#include "platform/linux/Launcher.h"
+#include "platform/linux/Released.h"
+#include "tests/fake/ManualScheduler.h"
+#include "tests/linux/LinesLog.h"
+#include "tests/linux/World.h"
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <mutex>
+
+namespace quillary::test {
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+// Owns names on the private bus and answers every call. GIO runs the filter in its own thread, so a test that
+// waits in a call of its own is answered too.
+class Services {
+public:
+    Services() {
+        constexpr auto flags = static_cast<GDBusConnectionFlags>(
+            G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+        bus.reset(g_dbus_connection_new_for_address_sync(std::getenv("DBUS_SESSION_BUS_ADDRESS"), flags,
+                                                         nullptr, nullptr, nullptr));
+        g_dbus_connection_add_filter(bus.get(), answer, this, nullptr);
+    }
+    Services(const Services&) = delete;
+    Services& operator=(const Services&) = delete;
+    ~Services() { g_dbus_connection_close_sync(bus.get(), nullptr, nullptr); }
+
+    void own(const char* name) {
+        const Released<GVariant, g_variant_unref> reply(g_dbus_connection_call_sync(
+            bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
+            g_variant_new("(su)", name, 0U), nullptr, G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, nullptr));
+        ASSERT_NE(reply, nullptr);
+    }
+
+    Strings calls() {
+        const std::lock_guard guard(lock);
+        return recorded;
+    }
+
+    bool refuses = false;
+
+private:
+    static GDBusMessage* answer(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
+                                gpointer data) {
+        auto& self = *static_cast<Services*>(data);
+        if (incoming == FALSE ||
+            g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_METHOD_CALL) {
+            return message;
+        }
+        auto* body = g_dbus_message_get_body(message);
+        const Released<char, g_free> text(body != nullptr ? g_variant_print(body, FALSE) : g_strdup(""));
+        {
+            const std::lock_guard guard(self.lock);
+            self.recorded.push_back(std::string(g_dbus_message_get_member(message)) + text.get());
+        }
+        GDBusMessage* reply = nullptr;
+        if (self.refuses) {
+            reply = g_dbus_message_new_method_error_literal(message, "org.test.Refused", "refused");
+        } else {
+            reply = g_dbus_message_new_method_reply(message);
+        }
+        g_dbus_connection_send_message(connection, reply, G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
+        g_object_unref(reply);
+        g_object_unref(message);
+        return nullptr;
+    }
+
+    Released<GDBusConnection, g_object_unref> bus;
+    std::mutex lock;
+    Strings recorded;
+};
+
+class BusTest : public WorldTest {
+protected:
+    void finish() {
+        while (scheduler.finishWork()) {
+        }
+    }
+
+    Services services;
+    ManualScheduler scheduler;
+    LinesLog log;
+    Launcher launcher{scheduler, log};
+};
+
+TEST_F(BusTest, fileManagerShowsTheItem) {
+    services.own("org.freedesktop.FileManager1");
+    launcher.reveal("/tmp/a b");
+    finish();
+    const auto calls = services.calls();
+    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_TRUE(calls[0].starts_with("ShowItems(['file:///tmp/a%20b'], 'quillary-")) << calls[0];
+    EXPECT_EQ(log.lines, Strings());
+}
+
+TEST_F(BusTest, fileManagerThatRefusesIsReplacedByTheFolder) {
+    services.own("org.freedesktop.FileManager1");
+    services.refuses = true;
+    const auto output = World::home() / "output";
+    writeScript(World::programs() / "files", "echo \"$1\" > " + output.string());
+    install("files.desktop", "Name=Files\nExec=files %f\nMimeType=inode/directory;");
+    writeFile(World::config() / "mimeapps.list", "[Default Applications]\ninode/directory=files.desktop\n");
+    launcher.reveal((World::home() / "x").string());
+    finish();
+    EXPECT_EQ(waitForLine(output), World::home().string() + "\n");
+}
+
+TEST_F(BusTest, applicationThatStartsByBusIsActivated) {
+    services.own("org.test.Viewer");
+    const auto entry =
+        install("org.test.Viewer.desktop", "Name=Viewer\nExec=surely-not-run\nDBusActivatable=true");
+    writeScript(World::programs() / "surely-not-run", "touch " + (World::home() / "ran").string());
+    launcher.launch(entry);
+    launcher.launch(entry, {"/tmp/a"});
+    finish();
+    const auto calls = services.calls();
+    ASSERT_EQ(calls.size(), 2U);
+    EXPECT_TRUE(calls[0].starts_with("Activate(")) << calls[0];
+    EXPECT_TRUE(calls[1].starts_with("Open(['file:///tmp/a']")) << calls[1];
+    EXPECT_FALSE(std::filesystem::exists(World::home() / "ran"));
+    EXPECT_EQ(log.lines, Strings());
+}
+
+TEST_F(BusTest, failedActivationIsOneLineOfTheLog) {
+    const auto entry = install("org.test.Nobody.desktop", "Name=Nobody\nExec=true\nDBusActivatable=true");
+    launcher.launch(entry);
+    finish();
+    ASSERT_EQ(log.lines.size(), 1U);
+    EXPECT_TRUE(log.lines[0].starts_with("Quillary: could not launch org.test.Nobody: ")) << log.lines[0];
+}
+
+TEST_F(BusTest, childGetsAScopeOfItsOwn) {
+    services.own("org.freedesktop.systemd1");
+    const auto output = World::home() / "output";
+    writeScript(World::programs() / "report", "echo $$ > " + output.string());
+    const auto entry = install("kde4-report.desktop", "Name=Report\nExec=report");
+    launcher.launch(entry);
+    finish();
+    auto pid = waitForLine(output);
+    pid.pop_back();
+    const auto calls = services.calls();
+    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_EQ(calls[0], "StartTransientUnit('app-quillary-kde4\\\\x2dreport-" + pid +
+                            ".scope', 'fail', [('PIDs', <[uint32 " + pid +
+                            "]>), ('Description', <'kde4-report'>), ('Slice', <'app.slice'>), "
+                            "('CollectMode', <'inactive-or-failed'>)], [])");
+    EXPECT_EQ(log.lines, Strings());
+}
+
+TEST_F(BusTest, sessionWithoutAServiceManagerIsSilent) {
+    const auto output = World::home() / "output";
+    writeScript(World::programs() / "report", "echo ran > " + output.string());
+    launcher.launch(install("report.desktop", "Name=Report\nExec=report"));
+    finish();
+    EXPECT_EQ(waitForLine(output), "ran\n");
+    EXPECT_EQ(log.lines, Strings());
+}
+
+} // namespace
+
+} // namespace quillary::test
+
+int main(int argc, char** argv) {
+    quillary::test::World::enter();
+    ::testing::InitGoogleTest(&argc, argv);
+    auto* daemon = g_test_dbus_new(G_TEST_DBUS_NONE);
+    g_test_dbus_up(daemon);
+    const int result = RUN_ALL_TESTS();
+    // Our own connection to the bus lives as long as the program; g_test_dbus_down would wait for its end.
+    g_test_dbus_stop(daemon);
+    g_object_unref(daemon);
+    quillary::test::World::leave();
+    return result;
+}

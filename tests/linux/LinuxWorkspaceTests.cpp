@@ -1,0 +1,327 @@
+#include "platform/linux/IconTheme.h"
+#include "platform/linux/LinuxWorkspace.h"
+#include "tests/fake/ManualScheduler.h"
+#include "tests/linux/FakeWindowSource.h"
+#include "tests/linux/LinesLog.h"
+#include "tests/linux/World.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+namespace quillary::test {
+
+namespace {
+
+using Strings = std::vector<std::string>;
+using Ids = std::vector<std::uint64_t>;
+
+WindowInfo window(std::uint64_t id, const std::string& windowClass, std::uint64_t transientFor = 0) {
+    WindowInfo info;
+    info.id = id;
+    info.windowClass = windowClass;
+    info.transientFor = transientFor;
+    return info;
+}
+
+class LinuxWorkspaceTest : public WorldTest {
+protected:
+    void SetUp() override {
+        WorldTest::SetUp();
+        gimp =
+            install("gimp.desktop", "Name=GIMP\nName[de]=Bildbearbeitung\nExec=gimp %U\nIcon=no-such-icon");
+        files = install("org.test.Files.desktop", "Name=Files\nExec=test-files %U");
+        workspace = std::make_unique<LinuxWorkspace>(source, scheduler, log);
+        QObject::connect(workspace.get(), &Workspace::applicationLaunched,
+                         [this] { told.emplace_back("launched"); });
+        QObject::connect(workspace.get(), &Workspace::applicationTerminated,
+                         [this] { told.emplace_back("terminated"); });
+        QObject::connect(workspace.get(), &Workspace::applicationActivated,
+                         [this] { told.emplace_back("activated"); });
+    }
+
+    Strings paths() {
+        Strings result;
+        for (const auto& application : workspace->runningApplications()) {
+            result.push_back(application.bundlePath.value_or("none"));
+        }
+        return result;
+    }
+
+    Strings take() { return std::exchange(told, {}); }
+
+    std::string gimp;
+    std::string files;
+    FakeWindowSource source;
+    ManualScheduler scheduler;
+    LinesLog log;
+    std::unique_ptr<LinuxWorkspace> workspace;
+    Strings told;
+};
+
+TEST_F(LinuxWorkspaceTest, applicationWithManyWindowsRunsOnce) {
+    source.list = {window(1, "Gimp"), window(2, "Files"), window(3, "Gimp")};
+    const auto list = workspace->runningApplications();
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0].bundlePath, gimp);
+    EXPECT_EQ(list[0].bundleIdentifier, "gimp.desktop");
+    EXPECT_EQ(list[0].policy, ActivationPolicy::regular);
+    EXPECT_EQ(list[1].bundlePath, files);
+    EXPECT_NE(list[0].handle, list[1].handle);
+    EXPECT_EQ(workspace->runningApplications(), list);
+}
+
+TEST_F(LinuxWorkspaceTest, orderIsThatOfTheFirstWindows) {
+    source.list = {window(1, "Files"), window(2, "Gimp"), window(3, "Files")};
+    EXPECT_EQ(paths(), (Strings{files, gimp}));
+    source.list = {window(2, "Gimp"), window(3, "Files")};
+    EXPECT_EQ(paths(), (Strings{gimp, files}));
+}
+
+TEST_F(LinuxWorkspaceTest, windowsWithoutAnEntryAreLeftOut) {
+    source.list = {window(1, "Nobody-knows"), window(2, "Gimp")};
+    EXPECT_EQ(paths(), (Strings{gimp}));
+}
+
+TEST_F(LinuxWorkspaceTest, windowsThatAreNotNormalMakeNoApplication) {
+    source.list = {window(1, "Gimp")};
+    source.list[0].normal = false;
+    EXPECT_EQ(paths(), (Strings{}));
+}
+
+TEST_F(LinuxWorkspaceTest, handleIsNotUsedAgainAfterTheApplicationEnded) {
+    source.list = {window(1, "Gimp")};
+    const auto first = workspace->runningApplications().at(0).handle;
+    source.list = {};
+    EXPECT_TRUE(workspace->runningApplications().empty());
+    source.list = {window(1, "Gimp")};
+    EXPECT_NE(workspace->runningApplications().at(0).handle, first);
+}
+
+TEST_F(LinuxWorkspaceTest, dialogBelongsToItsParentsApplication) {
+    source.list = {window(1, "Files"), window(2, "Gimp", 1), window(3, "", 2), window(4, "", 99)};
+    EXPECT_EQ(paths(), (Strings{files}));
+    source.active = 3;
+    EXPECT_EQ(workspace->frontmostApplication()->bundlePath, files);
+}
+
+TEST_F(LinuxWorkspaceTest, windowsThatAreEachOthersParentsEnd) {
+    source.list = {window(1, "Gimp", 2), window(2, "", 1), window(3, "Files", 3)};
+    EXPECT_EQ(paths(), (Strings{gimp, files}));
+}
+
+TEST_F(LinuxWorkspaceTest, frontmostIsTheActiveWindowsApplication) {
+    source.list = {window(1, "Gimp"), window(2, "Unknown")};
+    EXPECT_FALSE(workspace->frontmostApplication());
+    source.active = 1;
+    EXPECT_EQ(workspace->frontmostApplication()->bundlePath, gimp);
+    source.active = 2;
+    EXPECT_FALSE(workspace->frontmostApplication());
+}
+
+TEST_F(LinuxWorkspaceTest, ownIdentifierIsTheInstalledEntrys) {
+    EXPECT_EQ(workspace->ownBundleIdentifier(), "quillary.desktop");
+}
+
+TEST_F(LinuxWorkspaceTest, launchAndEndAreToldOnceAnApplication) {
+    Q_EMIT source.windowsChanged();
+    EXPECT_EQ(take(), (Strings{}));
+    source.list = {window(1, "Gimp")};
+    Q_EMIT source.windowsChanged();
+    EXPECT_EQ(take(), (Strings{"launched"}));
+    source.list = {window(1, "Gimp"), window(2, "Gimp"), window(3, "Unknown")};
+    Q_EMIT source.windowsChanged();
+    EXPECT_EQ(take(), (Strings{}));
+    source.list = {window(2, "Gimp"), window(3, "Unknown")};
+    Q_EMIT source.windowsChanged();
+    EXPECT_EQ(take(), (Strings{}));
+    source.list = {window(4, "Files")};
+    Q_EMIT source.windowsChanged();
+    EXPECT_EQ(take(), (Strings{"launched", "terminated"}));
+    source.list = {};
+    Q_EMIT source.windowsChanged();
+    EXPECT_EQ(take(), (Strings{"terminated"}));
+}
+
+TEST_F(LinuxWorkspaceTest, whatWasReadAtTheStartIsNotTold) {
+    source.list = {window(1, "Gimp")};
+    source.active = 1;
+    EXPECT_EQ(paths(), (Strings{gimp}));
+    Q_EMIT source.windowsChanged();
+    Q_EMIT source.activeWindowChanged();
+    EXPECT_EQ(take(), (Strings{}));
+}
+
+TEST_F(LinuxWorkspaceTest, whatIsReadBeforeItsSignalIsStillTold) {
+    EXPECT_EQ(paths(), (Strings{}));
+    source.list = {window(1, "Gimp")};
+    EXPECT_EQ(paths(), (Strings{gimp}));
+    Q_EMIT source.windowsChanged();
+    EXPECT_EQ(take(), (Strings{"launched"}));
+}
+
+TEST_F(LinuxWorkspaceTest, activationIsToldWhenTheApplicationChanges) {
+    source.list = {window(1, "Gimp"), window(2, "Gimp"), window(3, "Files")};
+    Q_EMIT source.windowsChanged();
+    take();
+    source.active = 1;
+    Q_EMIT source.activeWindowChanged();
+    EXPECT_EQ(take(), (Strings{"activated"}));
+    source.active = 2;
+    Q_EMIT source.activeWindowChanged();
+    EXPECT_EQ(take(), (Strings{}));
+    source.active = 3;
+    Q_EMIT source.activeWindowChanged();
+    EXPECT_EQ(take(), (Strings{"activated"}));
+    source.active.reset();
+    Q_EMIT source.activeWindowChanged();
+    EXPECT_EQ(take(), (Strings{"activated"}));
+}
+
+TEST_F(LinuxWorkspaceTest, windowThatChangesItsClassIsMatchedAgain) {
+    source.list = {window(1, "Unknown")};
+    EXPECT_EQ(paths(), (Strings{}));
+    source.list = {window(1, "Gimp")};
+    Q_EMIT source.windowsChanged();
+    EXPECT_EQ(paths(), (Strings{gimp}));
+    EXPECT_EQ(take(), (Strings{"launched"}));
+}
+
+TEST_F(LinuxWorkspaceTest, entryThatIsInstalledLaterIsMatched) {
+    source.list = {window(1, "Later")};
+    EXPECT_EQ(paths(), (Strings{}));
+    const auto later = install("later.desktop", "Name=Later\nExec=later");
+    QElapsedTimer time;
+    time.start();
+    while (scheduler.pending() == 0 && time.elapsed() < 5000) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+    scheduler.advance(0.5);
+    EXPECT_EQ(paths(), (Strings{later}));
+    EXPECT_EQ(take(), (Strings{"launched"}));
+}
+
+TEST_F(LinuxWorkspaceTest, runningApplicationComesToTheFrontByItsTopmostWindow) {
+    source.list = {window(1, "Gimp"), window(2, "Gimp"), window(3, "Files"), window(4, "", 1)};
+    source.stack = {2, 4, 1, 3};
+    workspace->openApplication(gimp);
+    EXPECT_EQ(source.activated, (Ids{1}));
+    source.stack = {2, 1, 4, 3};
+    workspace->openApplication(gimp);
+    EXPECT_EQ(source.activated, (Ids{1, 4}));
+    EXPECT_FALSE(scheduler.finishWork());
+}
+
+TEST_F(LinuxWorkspaceTest, runningApplicationThatIsNotInTheStackIsStillActivated) {
+    source.list = {window(1, "Gimp"), window(2, "Gimp")};
+    workspace->openApplication(gimp);
+    EXPECT_EQ(source.activated, (Ids{2}));
+}
+
+TEST_F(LinuxWorkspaceTest, quittingClosesAllWindowsFromTheTop) {
+    source.list = {window(1, "Gimp"), window(2, "Files"), window(3, "Gimp"), window(4, "", 3)};
+    source.stack = {3, 1, 2, 4};
+    workspace->terminate(workspace->runningApplications().at(0));
+    EXPECT_EQ(source.closed, (Ids{4, 1, 3}));
+    EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(LinuxWorkspaceTest, quittingWhatHasEndedClosesNothing) {
+    source.list = {window(1, "Gimp")};
+    const auto application = workspace->runningApplications().at(0);
+    source.list = {};
+    workspace->terminate(application);
+    EXPECT_EQ(source.closed, (Ids{}));
+    ASSERT_EQ(log.lines.size(), 1U);
+    EXPECT_TRUE(log.lines[0].starts_with("Quillary: "));
+}
+
+TEST_F(LinuxWorkspaceTest, applicationsAreBundlesAndEntries) {
+    std::filesystem::create_directories(World::home() / "folder.desktop");
+    EXPECT_TRUE(workspace->isApplication(gimp));
+    EXPECT_TRUE(workspace->isApplication("/gone.desktop"));
+    EXPECT_TRUE(workspace->isApplication("/Applications/Mail.app"));
+    EXPECT_FALSE(workspace->isApplication((World::home() / "folder.desktop").string()));
+    EXPECT_FALSE(workspace->isApplication("/home/me/notes.txt"));
+    EXPECT_FALSE(workspace->isApplication(""));
+}
+
+TEST_F(LinuxWorkspaceTest, existsFollowsLinks) {
+    std::filesystem::create_symlink("/nowhere/at/all", World::home() / "broken");
+    EXPECT_TRUE(workspace->exists(gimp));
+    EXPECT_TRUE(workspace->exists("/"));
+    EXPECT_FALSE(workspace->exists((World::home() / "broken").string()));
+    EXPECT_FALSE(workspace->exists(""));
+    EXPECT_FALSE(workspace->exists("/nowhere"));
+}
+
+TEST_F(LinuxWorkspaceTest, namesAreThoseOfFileManagers) {
+    EXPECT_EQ(workspace->displayName(gimp), "Bildbearbeitung");
+    EXPECT_EQ(workspace->displayName("/gone/missing.desktop"), "missing.desktop");
+    EXPECT_EQ(workspace->displayName("/home/me/notes.txt"), "notes.txt");
+    EXPECT_EQ(workspace->displayName("/srv/data/"), "data");
+    EXPECT_EQ(workspace->displayName(World::home().string()), "Home");
+    EXPECT_EQ(workspace->displayName("/"), "File System");
+    writeFile(World::home() / "own.desktop", "[Desktop Entry]\nType=Application\nName=Own\nExec=own\n");
+    EXPECT_EQ(workspace->displayName((World::home() / "own.desktop").string()), "Own");
+}
+
+bool paintsSomething(const QIcon& icon) {
+    const auto image = icon.pixmap(64, 64).toImage();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y).alpha() > 0) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+TEST_F(LinuxWorkspaceTest, iconsAreThereWithoutAnyTheme) {
+    writeFile(World::home() / "notes.txt", "text");
+    for (const auto& path :
+         {gimp, files, World::home().string(), (World::home() / "notes.txt").string(),
+          std::string("/nowhere"), std::string("/gone.desktop"), std::string("/A.app"), std::string()}) {
+        const auto icon = workspace->icon(path);
+        EXPECT_FALSE(icon.isNull()) << path;
+        EXPECT_TRUE(paintsSomething(icon)) << path;
+    }
+}
+
+TEST_F(LinuxWorkspaceTest, iconOfAnEntryMayBeAPicture) {
+    QImage picture(48, 48, QImage::Format_ARGB32);
+    picture.fill(QColor(10, 200, 30));
+    const auto file = World::home() / "picture.png";
+    ASSERT_TRUE(picture.save(QString::fromStdString(file.string())));
+    const auto entry = install("picture.desktop", "Name=P\nExec=p\nIcon=" + file.string());
+    EXPECT_EQ(workspace->icon(entry).pixmap(48, 48).toImage().pixelColor(24, 24), QColor(10, 200, 30));
+}
+
+TEST_F(LinuxWorkspaceTest, pictureThatCannotBeReadIsReplaced) {
+    writeFile(World::home() / "broken.png", "no picture");
+    const auto entry =
+        install("broken.desktop", "Name=B\nExec=b\nIcon=" + (World::home() / "broken.png").string());
+    const auto icon = workspace->icon(entry);
+    EXPECT_FALSE(icon.isNull());
+    EXPECT_TRUE(paintsSomething(icon));
+}
+
+TEST_F(LinuxWorkspaceTest, failedLaunchIsOneLineOfTheLog) {
+    workspace->openApplication("/gone/missing.desktop");
+    workspace->openApplication("/Applications/Mail.app");
+    while (scheduler.finishWork()) {
+    }
+    ASSERT_EQ(log.lines.size(), 2U);
+    EXPECT_EQ(
+        log.lines[0],
+        "Quillary: could not launch /gone/missing.desktop: it is no valid entry or its program is missing");
+    EXPECT_EQ(
+        log.lines[1],
+        "Quillary: could not launch /Applications/Mail.app: it is no valid entry or its program is missing");
+}
+
+} // namespace
+
+} // namespace quillary::test

@@ -1,0 +1,64 @@
+// Prints how long the index of this machine's entries and a reading of running applications take.
+
+#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/LinuxSystemDockPreferences.h"
+#include "platform/linux/LinuxWorkspace.h"
+#include "tests/fake/ManualScheduler.h"
+#include "tests/linux/FakeWindowSource.h"
+#include "tests/linux/LinesLog.h"
+
+#include <QGuiApplication>
+
+#include <chrono>
+#include <cstdio>
+
+#include <unistd.h>
+
+namespace {
+
+using namespace quillary;
+
+double microseconds(const std::function<void()>& work, int times) {
+    const auto begin = std::chrono::steady_clock::now();
+    for (int count = 0; count < times; ++count) {
+        work();
+    }
+    const std::chrono::duration<double, std::micro> spent = std::chrono::steady_clock::now() - begin;
+    return spent.count() / times;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QGuiApplication application(argc, argv);
+    const auto folders = applicationFolders();
+    std::size_t count = 0;
+    const auto index =
+        microseconds([&] { count = EntryIndex(readInstalledEntries(folders).entries).entries().size(); }, 20);
+    std::printf("index of %zu entries: %.0f us\n", count, index);
+
+    test::FakeWindowSource source;
+    for (std::uint64_t id = 1; id <= 40; ++id) {
+        WindowInfo window;
+        window.id = id;
+        window.windowClass = id % 2 == 0 ? "Thunar" : "Unknown" + std::to_string(id);
+        window.pid = ::getpid();
+        source.list.push_back(window);
+    }
+    test::ManualScheduler scheduler;
+    test::LinesLog log;
+    const LinuxWorkspace workspace(source, scheduler, log);
+    const auto first = microseconds([&] { static_cast<void>(workspace.runningApplications()); }, 1);
+    std::printf("first reading with 40 windows, index included: %.0f us\n", first);
+    const auto later = microseconds([&] { static_cast<void>(workspace.runningApplications()); }, 1000);
+    std::printf("later reading with 40 windows: %.1f us\n", later);
+    const auto facts = microseconds([] { static_cast<void>(ProcessReader().read(::getpid())); }, 200);
+    std::printf("facts of one process: %.1f us\n", facts);
+    const auto pinned =
+        microseconds([] { static_cast<void>(LinuxSystemDockPreferences().pinnedItems()); }, 1);
+    std::printf("pinned items: %.0f us\n", pinned);
+    for (const auto& path : LinuxSystemDockPreferences().pinnedItems()) {
+        std::printf("  %s (%s)\n", path.c_str(), workspace.displayName(path).c_str());
+    }
+    return 0;
+}
