@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <functional>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -15,8 +16,7 @@ namespace quillary::test {
 /// Runs a function that returns an exit code in a forked process; kills it at the end when it still runs.
 class ChildProcess {
 public:
-    template<typename Function>
-    explicit ChildProcess(Function&& function) : m_process(::fork()) {
+    explicit ChildProcess(const std::function<int()>& function) : m_process(::fork()) {
         if (m_process == 0) {
             ::_exit(function());
         }
