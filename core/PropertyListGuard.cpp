@@ -11,6 +11,7 @@ namespace {
 // text's rest.
 constexpr std::size_t mostXmlContainers = 10'000;
 constexpr std::size_t mostXmlEntities = 4096;
+constexpr std::size_t mostXmlKeys = 8192;
 
 constexpr int deepestBinaryNesting = 64;
 constexpr std::size_t mostBinaryNodes = 200'000;
@@ -30,7 +31,7 @@ std::size_t occurrences(std::string_view text, std::string_view part) {
 
 bool isHarmlessXml(std::string_view text) {
     return occurrences(text, "<dict") + occurrences(text, "<array") <= mostXmlContainers &&
-           occurrences(text, "&") <= mostXmlEntities;
+           occurrences(text, "&") <= mostXmlEntities && occurrences(text, "<key") <= mostXmlKeys;
 }
 
 /// Unfolds a binary property list as its parser does, but only counts.

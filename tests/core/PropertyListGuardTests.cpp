@@ -85,6 +85,15 @@ TEST(PropertyListGuard, xmlEntitiesAreBounded) {
     EXPECT_FALSE(isHarmless(entities + "&lt;"));
 }
 
+TEST(PropertyListGuard, xmlKeysAreBounded) {
+    std::string keys;
+    for (int count = 0; count < 8192; ++count) {
+        keys += "<key>a</key><true/>";
+    }
+    EXPECT_TRUE(isHarmless(keys));
+    EXPECT_FALSE(isHarmless(keys + "<key >"));
+}
+
 TEST(PropertyListGuard, binaryNestingIsBounded) {
     EXPECT_TRUE(isHarmless(chain(64)));
     EXPECT_FALSE(isHarmless(chain(65)));
