@@ -137,9 +137,8 @@ start_applications() {
 
 # place CLASS X Y [WIDTH HEIGHT]: waits for the window, then moves, sizes and raises it.
 place() {
-    local window
-    wait_until 20 is_shown "$1" || return 0 # the docks can be shown without it
-    window=$(xdotool search --onlyvisible --class "^$1\$" | tail -n 1)
+    local window=
+    wait_until 20 find_window "$1" || return 0 # the docks can be shown without it
     xdotool windowmove "$window" "$2" "$3"
     if (($# > 3)); then
         xdotool windowsize "$window" "$4" "$5"
@@ -147,6 +146,7 @@ place() {
     xdotool windowraise "$window"
 }
 
-is_shown() {
-    [[ -n $(xdotool search --onlyvisible --class "^$1\$" 2>/dev/null) ]]
+# Sets the caller's $window. xdotool fails when any window closes while it searches, so ask again then.
+find_window() {
+    window=$(xdotool search --onlyvisible --class "^$1\$" 2>/dev/null | tail -n 1) && [[ -n $window ]]
 }
