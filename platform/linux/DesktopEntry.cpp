@@ -36,7 +36,7 @@ class Keys {
 public:
     explicit Keys(std::string_view text) : file(g_key_file_new()) {
         valid = !text.empty() && g_key_file_load_from_data(file.get(), text.data(), text.size(),
-                                                           G_KEY_FILE_KEEP_TRANSLATIONS, nullptr) != 0;
+                                                           G_KEY_FILE_NONE, nullptr) != 0;
     }
 
     [[nodiscard]] bool isValid() const { return valid; }
