@@ -1,0 +1,81 @@
+#include "tests/desktop/Program.h"
+
+#include "tests/x11/ChildProcess.h"
+#include "tests/x11/VirtualDisplay.h"
+
+#include <csignal>
+#include <fstream>
+
+#include <sys/wait.h>
+
+namespace quillary::test {
+
+Program::~Program() {
+    if (isRunning()) {
+        signal(SIGKILL);
+        waitpid(pid, nullptr, 0);
+    }
+}
+
+void Program::start(const std::vector<std::string>& environment) {
+    std::vector<std::string> command{"env", "XDG_DATA_DIRS=" + home.systemData().string()};
+    command.insert(command.end(), environment.begin(), environment.end());
+    const std::vector<std::string> program{"sh", "-c", R"(exec "$0" >>"$1" 2>&1)", QUILLARY_PROGRAM,
+                                           (home.path() / "program.log").string()};
+    command.insert(command.end(), program.begin(), program.end());
+    ended.reset();
+    pid = ChildProcess::start(command);
+}
+
+void Program::reap() {
+    int status = 0;
+    if (!ended && pid > 0 && waitpid(pid, &status, WNOHANG) == pid) {
+        ended = End{WIFEXITED(status) ? std::optional(WEXITSTATUS(status)) : std::nullopt};
+    }
+}
+
+bool Program::isRunning() {
+    reap();
+    return pid > 0 && !ended;
+}
+
+void Program::signal(int number) const {
+    if (pid > 0 && !ended) {
+        kill(pid, number);
+    }
+}
+
+std::optional<Program::End> Program::waitForEnd() {
+    VirtualDisplay::waitUntil([this] { return !isRunning(); }, 4 * VirtualDisplay::deadline);
+    return ended;
+}
+
+bool Program::quit() {
+    signal(SIGTERM);
+    return waitForEnd() == End{0};
+}
+
+std::string Program::log() const {
+    return Home::read(home.path() / "program.log");
+}
+
+std::size_t Program::descriptors() const {
+    std::error_code error;
+    const std::filesystem::directory_iterator entries("/proc/" + std::to_string(pid) + "/fd", error);
+    return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
+}
+
+long Program::privateMemory() const {
+    std::ifstream rollup("/proc/" + std::to_string(pid) + "/smaps_rollup");
+    std::string word;
+    long sum = 0;
+    while (rollup >> word) {
+        long kib = 0;
+        if ((word == "Private_Clean:" || word == "Private_Dirty:") && rollup >> kib) {
+            sum += kib;
+        }
+    }
+    return sum;
+}
+
+} // namespace quillary::test
