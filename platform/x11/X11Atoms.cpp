@@ -19,6 +19,7 @@ constexpr std::array entries = {
     Entry{&X11Atoms::netClientList, "_NET_CLIENT_LIST"},
     Entry{&X11Atoms::netClientListStacking, "_NET_CLIENT_LIST_STACKING"},
     Entry{&X11Atoms::netActiveWindow, "_NET_ACTIVE_WINDOW"},
+    Entry{&X11Atoms::netCurrentDesktop, "_NET_CURRENT_DESKTOP"},
     Entry{&X11Atoms::netCloseWindow, "_NET_CLOSE_WINDOW"},
     Entry{&X11Atoms::netWmPid, "_NET_WM_PID"},
     Entry{&X11Atoms::netWmDesktop, "_NET_WM_DESKTOP"},

@@ -12,6 +12,7 @@ struct X11Atoms {
     xcb_atom_t netClientList = XCB_ATOM_NONE;
     xcb_atom_t netClientListStacking = XCB_ATOM_NONE;
     xcb_atom_t netActiveWindow = XCB_ATOM_NONE;
+    xcb_atom_t netCurrentDesktop = XCB_ATOM_NONE;
     xcb_atom_t netCloseWindow = XCB_ATOM_NONE;
     xcb_atom_t netWmPid = XCB_ATOM_NONE;
     xcb_atom_t netWmDesktop = XCB_ATOM_NONE;

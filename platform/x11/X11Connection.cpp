@@ -6,6 +6,7 @@
 #include <QSocketNotifier>
 
 #include <algorithm>
+#include <cstdlib>
 #include <vector>
 
 namespace quillary {
@@ -25,9 +26,9 @@ struct IdRange {
     bool operator==(const IdRange&) const = default;
 };
 
-std::vector<IdRange>& ownRanges() {
-    static std::vector<IdRange> ranges;
-    return ranges;
+std::vector<X11Connection*>& liveConnections() {
+    static std::vector<X11Connection*> connections;
+    return connections;
 }
 
 } // namespace
@@ -53,12 +54,20 @@ X11Connection::X11Connection(xcb_connection_t* connection, int screenIndex, xcb_
       rootWindow(rootId),
       atomTable(X11Atoms::intern(connection)),
       notifier(new QSocketNotifier(xcb_get_file_descriptor(connection), QSocketNotifier::Read, this)) {
-    ownRanges().push_back(IdRange::of(connection));
+    static const int registered = [] {
+        liveConnections();
+        return std::atexit([] { quitAtExit(); });
+    }();
+    static_cast<void>(registered);
+    liveConnections().push_back(this);
     connect(notifier, &QSocketNotifier::activated, this, [this] { dispatch(); });
+    if (auto* application = QCoreApplication::instance()) {
+        connect(application, &QCoreApplication::aboutToQuit, this, [this] { quitTold = true; });
+    }
 }
 
 X11Connection::~X11Connection() {
-    std::erase(ownRanges(), IdRange::of(handle));
+    std::erase(liveConnections(), this);
     // The notifier must be gone before the file descriptor is closed.
     delete notifier;
     xcb_disconnect(handle);
@@ -126,11 +135,26 @@ void X11Connection::checkAlive() {
     QCoreApplication::quit();
 }
 
+void X11Connection::quitAtExit() {
+    // When Qt finds its connection broken before we find ours, it calls exit(): the program's own quit path,
+    // which hangs on aboutToQuit, would be left out.
+    const auto unfinished = [](const X11Connection* connection) {
+        // Only reading shows that the other end is gone; nobody wants events any more.
+        std::free(xcb_poll_for_event(connection->handle));
+        return xcb_connection_has_error(connection->handle) != 0 && !connection->quitTold;
+    };
+    const auto& connections = liveConnections();
+    if (QCoreApplication::instance() != nullptr &&
+        std::any_of(connections.begin(), connections.end(), unfinished)) {
+        QMetaObject::invokeMethod(QCoreApplication::instance(), "aboutToQuit", Qt::DirectConnection);
+    }
+}
+
 bool X11Connection::isOwnWindow(xcb_window_t window) {
-    const auto& ranges = ownRanges();
-    if (std::any_of(ranges.begin(), ranges.end(),
-                    [&](const IdRange& range) { return range.contains(window); })) {
-        return true;
+    for (const auto* connection : liveConnections()) {
+        if (IdRange::of(connection->xcb()).contains(window)) {
+            return true;
+        }
     }
     const auto* x11 =
         qGuiApp == nullptr ? nullptr : qGuiApp->nativeInterface<QNativeInterface::QX11Application>();

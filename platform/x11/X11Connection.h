@@ -64,6 +64,7 @@ private:
     X11Connection(xcb_connection_t* connection, int screenIndex, xcb_window_t rootId);
     void keepQueuedEvents();
     void checkAlive();
+    static void quitAtExit();
 
     xcb_connection_t* handle;
     int screen;
@@ -73,6 +74,7 @@ private:
     std::deque<XcbPointer<xcb_generic_event_t>> pending;
     bool dispatchPlanned = false;
     bool alive = true;
+    bool quitTold = false;
 };
 
 /// The event's kind without the bit that marks events sent by clients.

@@ -230,7 +230,9 @@ void X11PanelWindow::orderFront() {
     if (!contents->isVisible()) {
         contents->show();
     }
-    contents->raise();
+    const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(qtConnection(), native, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    xcb_flush(qtConnection());
 }
 
 void X11PanelWindow::close() {

@@ -12,6 +12,7 @@ namespace {
 
 // EWMH: the request comes from a pager or dock, that is, from the user.
 constexpr std::uint32_t sourceUser = 2;
+constexpr std::uint32_t allDesktops = 0xFFFFFFFF;
 constexpr std::uint32_t maxSupportedBytes = 1024 * 4;
 constexpr std::uint32_t maxProtocolBytes = 64 * 4;
 
@@ -21,7 +22,10 @@ X11WindowSource::X11WindowSource(X11Connection& server, X11ClientList& list, Sch
     : connection(server), clients(list), scheduler(clock), reader(server) {
     connect(&connection, &X11Connection::eventReceived, this, &X11WindowSource::handleEvent);
     connect(&connection, &X11Connection::settled, this, &X11WindowSource::handleSettled);
-    connect(&clients, &X11ClientList::changed, this, &X11WindowSource::updateWindows);
+    connect(&clients, &X11ClientList::changed, this, [this] {
+        updateWindows();
+        updateActive();
+    });
     connect(&clients, &X11ClientList::managedChanged, this, &X11WindowSource::updateActive);
     updateWindows();
     updateActive();
@@ -101,6 +105,11 @@ void X11WindowSource::updateActive() {
             requestProperty(connection, connection.root(), connection.atoms().netActiveWindow, 4);
         window = readProperty(connection, cookie).firstNumber();
     }
+    // Some window managers go on naming a window that has gone.
+    const auto& managed = clients.windows();
+    if (std::find(managed.begin(), managed.end(), window) == managed.end()) {
+        window = XCB_WINDOW_NONE;
+    }
     if (window != XCB_WINDOW_NONE) {
         loseFocus.reset();
         setActive(X11Connection::isOwnWindow(window) ? std::nullopt : std::optional<std::uint64_t>(window));
@@ -121,7 +130,21 @@ void X11WindowSource::setActive(std::optional<std::uint64_t> window) {
 
 void X11WindowSource::activate(std::uint64_t id) {
     const auto window = static_cast<xcb_window_t>(id);
+    showDesktopOf(window);
     send(window, connection.atoms().netActiveWindow, sourceUser, XCB_CURRENT_TIME);
+}
+
+void X11WindowSource::showDesktopOf(xcb_window_t window) {
+    const auto& atoms = connection.atoms();
+    const auto ofWindow = requestProperty(connection, window, atoms.netWmDesktop, 4);
+    const auto current = requestProperty(connection, connection.root(), atoms.netCurrentDesktop, 4);
+    const auto wanted = readProperty(connection, ofWindow).numbers;
+    const auto shown = readProperty(connection, current).numbers;
+    // Some window managers refuse to activate a window of another desktop.
+    if (!wanted.empty() && !shown.empty() && wanted.front() != shown.front() &&
+        wanted.front() != allDesktops) {
+        send(connection.root(), atoms.netCurrentDesktop, wanted.front(), XCB_CURRENT_TIME);
+    }
 }
 
 void X11WindowSource::close(std::uint64_t id) {

@@ -189,10 +189,29 @@ int VirtualDisplay::run(const std::vector<std::string>& command) {
 
 bool VirtualDisplay::startWindowManager() {
     windowManager = start({"openbox", "--sm-disable"});
-    return waitUntil([this] {
+    const bool announced = waitUntil([this] {
         const auto check = numbers(rootWindow, "_NET_SUPPORTING_WM_CHECK");
         return !check.empty() && numbers(check.front(), "_NET_SUPPORTING_WM_CHECK") == check;
     });
+    return announced && waitUntil([this] { return managesNewWindows(); });
+}
+
+bool VirtualDisplay::managesNewWindows() {
+    // A window manager that has just announced itself may still lose what asks to be shown: try with a
+    // window.
+    const auto probe = xcb_generate_id(connection);
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe, rootWindow, 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_map_window(connection, probe);
+    sync();
+    const auto listed = [&] {
+        const auto list = numbers(rootWindow, "_NET_CLIENT_LIST");
+        return std::find(list.begin(), list.end(), probe) != list.end();
+    };
+    const bool managed = waitUntil(listed, 300);
+    xcb_destroy_window(connection, probe);
+    sync();
+    return managed && waitUntil([&] { return !listed(); });
 }
 
 void VirtualDisplay::stopWindowManager() {

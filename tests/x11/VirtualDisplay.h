@@ -100,6 +100,7 @@ public:
     static void runFor(int milliseconds);
 
 private:
+    bool managesNewWindows();
     void fakeInput(std::uint8_t type, std::uint8_t detail, QPoint position);
     void sync() const;
 

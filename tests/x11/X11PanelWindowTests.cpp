@@ -78,12 +78,16 @@ TEST_F(X11PanelWindowTest, isADockAboveOnAllDesktops) {
     ASSERT_TRUE(display.startWindowManager());
     startPanel();
     EXPECT_EQ(display.atomNames(id(), "_NET_WM_WINDOW_TYPE"), (Names{"_NET_WM_WINDOW_TYPE_DOCK"}));
+    EXPECT_EQ(display.atomNames(id(), "_NET_WM_STATE"),
+              (Names{"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_TASKBAR",
+                     "_NET_WM_STATE_SKIP_PAGER"}));
     present(QRect(340, 780, 600, 120));
     settle();
     EXPECT_EQ(display.atomNames(id(), "_NET_WM_WINDOW_TYPE"), (Names{"_NET_WM_WINDOW_TYPE_DOCK"}));
     const auto states = display.atomNames(id(), "_NET_WM_STATE");
-    for (const auto* state : {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_TASKBAR",
-                              "_NET_WM_STATE_SKIP_PAGER"}) {
+    // openbox knows no sticky state; it keeps the desktop instead.
+    for (const auto* state :
+         {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}) {
         EXPECT_TRUE(holds(states, state)) << state;
     }
     EXPECT_EQ(display.numbers(id(), "_NET_WM_DESKTOP"), (std::vector<std::uint32_t>{0xFFFFFFFF}));
@@ -101,7 +105,7 @@ TEST_F(X11PanelWindowTest, keepsItsPlaceAndStandingWhenHiddenAndShown) {
     ASSERT_TRUE(eventually([&] { return display.isViewable(id()); }));
     settle();
     EXPECT_EQ(place(), QRect(1540, 680, 600, 120));
-    EXPECT_TRUE(holds(display.atomNames(id(), "_NET_WM_STATE"), "_NET_WM_STATE_STICKY"));
+    EXPECT_TRUE(holds(display.atomNames(id(), "_NET_WM_STATE"), "_NET_WM_STATE_ABOVE"));
     EXPECT_EQ(display.numbers(id(), "_NET_WM_DESKTOP"), (std::vector<std::uint32_t>{0xFFFFFFFF}));
 }
 
@@ -139,8 +143,9 @@ TEST_F(X11PanelWindowTest, isRightAgainAfterARestartOfTheWindowManager) {
     settle();
     EXPECT_EQ(place(), frame);
     const auto states = display.atomNames(id(), "_NET_WM_STATE");
-    for (const auto* state : {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_TASKBAR",
-                              "_NET_WM_STATE_SKIP_PAGER"}) {
+    // openbox knows no sticky state; it keeps the desktop instead.
+    for (const auto* state :
+         {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}) {
         EXPECT_TRUE(holds(states, state)) << state;
     }
     EXPECT_EQ(display.numbers(id(), "_NET_WM_DESKTOP"), (std::vector<std::uint32_t>{0xFFFFFFFF}));
