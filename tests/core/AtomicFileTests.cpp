@@ -215,9 +215,11 @@ TEST(AtomicFile, whatTheTemporaryNameLeadsToIsNotTouched) {
     EXPECT_EQ(AtomicFile::write(folder.path() / "settings.json", "two"), std::nullopt);
     ASSERT_EQ(::mkfifo(temporary.c_str(), 0600), 0);
     EXPECT_EQ(AtomicFile::write(folder.path() / "settings.json", "three"), std::nullopt);
+    fs::create_symlink("unborn", temporary);
+    EXPECT_EQ(AtomicFile::write(folder.path() / "settings.json", "four"), std::nullopt);
 
     EXPECT_EQ(readFile(folder.path() / "victim"), "precious");
-    EXPECT_EQ(readFile(folder.path() / "settings.json"), "three");
+    EXPECT_EQ(readFile(folder.path() / "settings.json"), "four");
     EXPECT_EQ(folder.names(), (Names{"settings.json", "victim"}));
 }
 
