@@ -139,7 +139,12 @@ std::string launchEntry(GDesktopAppInfo* entry, const UriList& uris) {
     const Context context(makeLaunchContext());
     const bool byBus =
         connection.bus != nullptr && g_desktop_app_info_get_boolean(entry, "DBusActivatable") != 0;
-    return byBus ? activate(entry, uris, context.get()) : spawn(entry, uris, context.get(), connection.bus);
+    if (!byBus) {
+        return spawn(entry, uris, context.get(), connection.bus);
+    }
+    // Without an id GIO complains on standard error when it tells the context of a failure.
+    const bool hasId = g_desktop_app_info_get_boolean(entry, "StartupNotify") != 0;
+    return activate(entry, uris, hasId ? context.get() : nullptr);
 }
 
 std::string openUri(const std::string& path) {

@@ -169,12 +169,12 @@ TEST_F(BusTest, sessionWithoutAServiceManagerIsSilent) {
 int main(int argc, char** argv) {
     quillary::test::World::enter();
     ::testing::InitGoogleTest(&argc, argv);
-    auto* daemon = g_test_dbus_new(G_TEST_DBUS_NONE);
+    static auto* daemon = g_test_dbus_new(G_TEST_DBUS_NONE);
     g_test_dbus_up(daemon);
     const int result = RUN_ALL_TESTS();
-    // Our own connection to the bus lives as long as the program; g_test_dbus_down would wait for its end.
+    // Our own connection to the bus lives as long as the program; both g_test_dbus_down and the last unref
+    // would wait half a minute for its end.
     g_test_dbus_stop(daemon);
-    g_object_unref(daemon);
     quillary::test::World::leave();
     return result;
 }
