@@ -110,6 +110,8 @@ TEST_F(PinnedItemsTest, xfceGivesItsPanelsLaunchersInOrder) {
 </channel>)");
     writeFile(World::config() / "xfce4/panel/launcher-9/16.desktop",
               "[Desktop Entry]\nType=Application\nName=B\nExec=b\nX-XFCE-Source=file://" + browser + "\n");
+    writeFile(World::config() / "xfce4/escape.desktop",
+              "[Desktop Entry]\nType=Application\nName=E\nExec=e\n");
     const auto own = World::config() / "xfce4/panel/launcher-7/17.desktop";
     writeFile(own, "[Desktop Entry]\nType=Application\nName=Own\nExec=own\n");
     EXPECT_EQ(preferences.pinnedItems(), (Strings{files, browser, own.string()}));

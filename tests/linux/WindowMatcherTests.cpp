@@ -20,7 +20,7 @@ const std::vector<Installed>& installed() {
     static const std::vector<Installed> list = {
         {"firefox-esr.desktop", "Firefox-esr", {"firefox-esr"}},
         {"google-chrome.desktop", "Google-chrome", {"/usr/bin/google-chrome-stable"}},
-        {"chrome-aghbiahbpaijignceidepookljebhfak-Default.desktop",
+        {"photos.desktop",
          "crx_aghbiahbpaijignceidepookljebhfak",
          {"/opt/google/chrome/google-chrome", "--app-id=aghbiahbpaijignceidepookljebhfak"}},
         {"chrome-fmgjjmmmlfnkbppncabfkddbjimcfncm-Default.desktop",
@@ -142,7 +142,7 @@ const std::vector<Case>& byWindow() {
         {"browser", {.windowClass = "Google-chrome", .instance = "google-chrome"}, "google-chrome.desktop"},
         {"web app with StartupWMClass",
          {.windowClass = "Google-chrome", .instance = "crx_aghbiahbpaijignceidepookljebhfak"},
-         "chrome-aghbiahbpaijignceidepookljebhfak-Default.desktop"},
+         "photos.desktop"},
         {"web app known by its entry's name",
          {.windowClass = "Google-chrome", .instance = "crx_fmgjjmmmlfnkbppncabfkddbjimcfncm"},
          "chrome-fmgjjmmmlfnkbppncabfkddbjimcfncm-Default.desktop"},
