@@ -1,7 +1,7 @@
 #include "app/view/DockPainter.h"
 
 #include "app/view/IconSprites.h"
-#include "app/view/Shadows.h"
+#include "app/view/Plates.h"
 
 #include <QFontDatabase>
 #include <QPainter>
@@ -39,11 +39,11 @@ QFont labelFont() {
     return font;
 }
 
-DockPainter::DockPainter(QPainter& target, const Appearance& look, IconSprites& icons, Shadows& shadowCache)
+DockPainter::DockPainter(QPainter& target, const Appearance& look, IconSprites& icons, Plates& plateCache)
     : painter(target),
       appearance(look),
       sprites(icons),
-      shadows(shadowCache),
+      plates(plateCache),
       ratio(target.device()->devicePixelRatioF()) {}
 
 void DockPainter::draw(const DockScene& scene) {
@@ -71,18 +71,14 @@ void DockPainter::draw(const DockScene& scene) {
 }
 
 void DockPainter::drawBackground(const DockScene::Background& background) {
-    const QRectF rect = snapped(background.rect);
-    const double corner = background.cornerRadius;
-    if (!opaque()) {
-        shadows.draw(painter, rect, {corner, 8, {0, 2}, black(0.28)});
-    }
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(appearance.background);
-    painter.drawRoundedRect(rect, corner, corner);
-    // A stroke inside the outline: half its width in from the edge.
-    painter.setPen(QPen(white(0.22), 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), corner - 0.5, corner - 0.5);
+    plates.draw(painter, background.rect,
+                {.cornerRadius = background.cornerRadius,
+                 .fill = appearance.background,
+                 .border = white(0.22),
+                 .borderWidth = 1,
+                 .shadow = black(0.28),
+                 .shadowRadius = opaque() ? 0.0 : 8.0,
+                 .shadowOffset = {0, 2}});
 }
 
 void DockPainter::drawSeparator(const DockScene::Separator& separator) {
@@ -128,18 +124,18 @@ void DockPainter::drawDot(const DockScene::Dot& dot) {
 
 void DockPainter::drawLabel(const DockScene::Label& label) {
     const QRectF rect = snapped(label.rect);
-    const double corner = rect.height() / 2;
     const double opacity = painter.opacity();
     if (!opaque()) {
         painter.setOpacity(opacity * label.opacity);
-        shadows.draw(painter, rect, {corner, 3, {0, 1}, black(0.2)});
     }
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(appearance.label);
-    painter.drawRoundedRect(rect, corner, corner);
-    painter.setPen(QPen(white(0.2), 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), corner - 0.5, corner - 0.5);
+    plates.draw(painter, rect,
+                {.cornerRadius = rect.height() / 2,
+                 .fill = appearance.label,
+                 .border = white(0.2),
+                 .borderWidth = 1,
+                 .shadow = black(0.2),
+                 .shadowRadius = opaque() ? 0.0 : 3.0,
+                 .shadowOffset = {0, 1}});
     painter.setPen(appearance.primaryText);
     painter.setFont(labelFont());
     const QRectF inner = rect.adjusted(10, 0, -10, 0);

@@ -10,7 +10,7 @@ class QPainter;
 namespace quillary {
 
 class IconSprites;
-class Shadows;
+class Plates;
 
 /// The font of hover labels: the system's, 12 points of the screen, medium weight.
 [[nodiscard]] QFont labelFont();
@@ -18,8 +18,8 @@ class Shadows;
 /// Draws scenes on any paint device, in points.
 class DockPainter {
 public:
-    /// Sprites and shadows must outlive the painter.
-    DockPainter(QPainter& painter, const Appearance& appearance, IconSprites& sprites, Shadows& shadows);
+    /// Sprites and plates must outlive the painter.
+    DockPainter(QPainter& painter, const Appearance& appearance, IconSprites& sprites, Plates& plates);
 
     void draw(const DockScene& scene);
 
@@ -36,7 +36,7 @@ private:
     QPainter& painter;
     const Appearance& appearance;
     IconSprites& sprites;
-    Shadows& shadows;
+    Plates& plates;
     double ratio;
 };
 

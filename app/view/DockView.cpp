@@ -155,7 +155,7 @@ void DockView::updateShape() {
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     updateSpriteSizes();
-    DockPainter(painter, appearance(), sprites, shadows).draw(shown);
+    DockPainter(painter, appearance(), sprites, plates).draw(shown);
     painter.end();
     window->setVisibleShape(QRegion(QBitmap::fromImage(picture.createAlphaMask(Qt::ThresholdDither))));
 }
@@ -190,7 +190,7 @@ void DockView::paintEvent(QPaintEvent* event) {
     updateSpriteSizes();
     QPainter painter(this);
     painter.setClipRegion(event->region());
-    DockPainter(painter, appearance(), sprites, shadows).draw(shown);
+    DockPainter(painter, appearance(), sprites, plates).draw(shown);
 }
 
 void DockView::mousePressEvent(QMouseEvent* event) {

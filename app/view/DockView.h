@@ -5,7 +5,7 @@
 #include "app/view/DockScene.h"
 #include "app/view/DockSceneBuilder.h"
 #include "app/view/IconSprites.h"
-#include "app/view/Shadows.h"
+#include "app/view/Plates.h"
 
 #include <QFontMetricsF>
 #include <QPointF>
@@ -69,7 +69,7 @@ private:
     Platform& platform;
     PanelWindow* window = nullptr;
     IconSprites sprites;
-    Shadows shadows;
+    Plates plates;
     QFontMetricsF labelMetrics;
     DockScene shown;
     std::map<std::string, bool, std::less<>> existing;
