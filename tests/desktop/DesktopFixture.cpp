@@ -10,9 +10,6 @@ namespace quillary::test {
 
 namespace {
 
-// Window managers put a frame or two around a window.
-constexpr int deepest = 3;
-
 struct Free {
     void operator()(void* memory) const { std::free(memory); }
 };
@@ -23,8 +20,10 @@ using Reply = std::unique_ptr<T, Free>;
 
 void DesktopFixture::SetUp() {
     ASSERT_TRUE(display.isRunning()) << display.error();
-    display.plugTwoMonitors();
-    display.movePointer(QPoint(1000, 300));
+    if (server == VirtualDisplay::Server::xvfb) {
+        display.plugTwoMonitors();
+    }
+    display.movePointer(QPoint(700, 300));
     paintWallpaper(Qt::blue);
     ASSERT_TRUE(display.startWindowManager());
 }
@@ -34,7 +33,7 @@ void DesktopFixture::startWithDocks(std::size_t count) {
     ASSERT_TRUE(eventually([&] { return docks().size() == count; })) << program.log();
 }
 
-void DesktopFixture::collect(xcb_window_t parent, std::vector<xcb_window_t>& found, int depth) const {
+void DesktopFixture::collect(xcb_window_t parent, std::vector<xcb_window_t>& found) const {
     const Reply<xcb_query_tree_reply_t> tree(
         xcb_query_tree_reply(display.xcb(), xcb_query_tree(display.xcb(), parent), nullptr));
     if (!tree) {
@@ -42,12 +41,8 @@ void DesktopFixture::collect(xcb_window_t parent, std::vector<xcb_window_t>& fou
     }
     const auto* children = xcb_query_tree_children(tree.get());
     for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
-        if (belongsToProgram(children[i])) {
-            found.push_back(children[i]);
-        }
-        if (depth < deepest) {
-            collect(children[i], found, depth + 1);
-        }
+        found.push_back(children[i]);
+        collect(children[i], found);
     }
 }
 
@@ -60,8 +55,9 @@ std::vector<xcb_window_t> DesktopFixture::docks() const {
     std::vector<xcb_window_t> found;
     collect(display.root(), found);
     std::erase_if(found, [this](xcb_window_t window) {
-        return !display.isViewable(window) || display.atomNames(window, "_NET_WM_WINDOW_TYPE") !=
-                                                  std::vector<std::string>{"_NET_WM_WINDOW_TYPE_DOCK"};
+        return !belongsToProgram(window) || !display.isViewable(window) ||
+               display.atomNames(window, "_NET_WM_WINDOW_TYPE") !=
+                   std::vector<std::string>{"_NET_WM_WINDOW_TYPE_DOCK"};
     });
     std::ranges::sort(found, {}, [this](xcb_window_t window) { return display.geometry(window).x(); });
     return found;
@@ -104,7 +100,7 @@ QRegion DesktopFixture::inputShape(xcb_window_t window) const {
     return region;
 }
 
-std::size_t DesktopFixture::programWindows() const {
+std::size_t DesktopFixture::windowCount() const {
     std::vector<xcb_window_t> found;
     collect(display.root(), found);
     return found.size();

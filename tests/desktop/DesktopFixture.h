@@ -24,6 +24,10 @@ namespace quillary::test {
 /// Everything is in device pixels of the root window.
 class DesktopFixture : public testing::Test {
 protected:
+    DesktopFixture() = default;
+    /// On another server there are no monitors but its own.
+    explicit DesktopFixture(VirtualDisplay::Server kind) : server(kind) {}
+
     void SetUp() override;
 
     /// Starts the program and waits until that many docks are seen.
@@ -43,8 +47,8 @@ protected:
     [[nodiscard]] xcb_window_t rightDock() const { return dockIn(QRect(1280, 0, 1120, 800)); }
     /// Where a window takes clicks, in its own coordinates.
     [[nodiscard]] QRegion inputShape(xcb_window_t window) const;
-    /// All windows on the display that belong to the program, seen or not.
-    [[nodiscard]] std::size_t programWindows() const;
+    /// All windows on the display, seen or not.
+    [[nodiscard]] std::size_t windowCount() const;
 
     /// The managed window whose class is `id`; none when there is none.
     [[nodiscard]] xcb_window_t windowOf(const std::string& id) const;
@@ -60,13 +64,14 @@ protected:
 
     // In this order: the display dies before the home in which its programs live.
     Home home;
-    VirtualDisplay display;
+    VirtualDisplay::Server server = VirtualDisplay::Server::xvfb;
+    VirtualDisplay display{server};
     Program program{home};
 
 private:
     [[nodiscard]] xcb_window_t dockIn(const QRect& monitor) const;
     [[nodiscard]] bool belongsToProgram(xcb_window_t window) const;
-    void collect(xcb_window_t parent, std::vector<xcb_window_t>& found, int depth = 0) const;
+    void collect(xcb_window_t parent, std::vector<xcb_window_t>& found) const;
 };
 
 } // namespace quillary::test

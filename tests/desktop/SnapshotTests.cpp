@@ -1,0 +1,52 @@
+#include "tests/desktop/DesktopFixture.h"
+
+#include <algorithm>
+
+namespace quillary::test {
+
+namespace {
+
+class SnapshotTest : public DesktopFixture {
+protected:
+    void SetUp() override {
+        DesktopFixture::SetUp();
+        const std::string options = R"("magnification":"off")";
+        home.writeSettings(settingsJson({dockJson(leftKey, {home.install("red", Qt::red)}, options),
+                                         dockJson(rightKey, {"/a", "/b"}, options)}));
+    }
+};
+
+} // namespace
+
+TEST_F(SnapshotTest, aNamedFolderGetsPicturesAndAReportAndTheProgramEnds) {
+    const auto folder = home.path() / "snapshot";
+    std::filesystem::create_directories(folder);
+    program.start({"QY_SNAPSHOT_DIR=" + folder.string()});
+    EXPECT_EQ(program.waitForEnd(), Program::End{0}) << program.log();
+
+    std::vector<QImage> pictures;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().filename().string().starts_with("screenshot-dock-")) {
+            pictures.emplace_back(QString::fromStdString(entry.path().string()));
+        }
+    }
+    ASSERT_EQ(pictures.size(), 2U);
+    std::ranges::sort(pictures, {}, &QImage::width);
+    EXPECT_EQ(pictures[0].size(), QSize(92, 125));
+    EXPECT_EQ(pictures[1].size(), QSize(146, 125));
+    EXPECT_EQ(pictures[0].pixelColor(46, 82), QColor(Qt::red)) << "the middle of the icon";
+
+    const auto report = Home::read(folder / "snapshot-report.txt");
+    EXPECT_TRUE(report.starts_with("showsMemory: false\npressure: ")) << report;
+    EXPECT_NE(report.find("\ndock LEFT\ndock RIGHT"), std::string::npos) << report;
+}
+
+TEST_F(SnapshotTest, withoutAFolderItGoesOnRunning) {
+    startWithDocks(2);
+    // Longer than it would have waited before the pictures.
+    VirtualDisplay::runFor(11000);
+    EXPECT_TRUE(program.isRunning());
+    EXPECT_EQ(docks().size(), 2U);
+}
+
+} // namespace quillary::test
