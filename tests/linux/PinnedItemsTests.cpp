@@ -32,7 +32,7 @@ protected:
     std::string files;
     std::string browser;
     std::string editor;
-    const LinuxSystemDockPreferences preferences;
+    const LinuxSystemDockPreferences preferences = {};
 };
 
 TEST_F(PinnedItemsTest, preferencesAreAbsentAndStaySo) {
