@@ -8,32 +8,40 @@ namespace quillary {
 
 namespace {
 
-double fittedSize(double configured, double amount, std::size_t cells, std::size_t items, double maxLength) {
+double fittedSize(const DockConfig& config, std::span<const DockCell> cells, double maxLength) {
+    const auto items = std::ranges::count_if(cells, &DockCell::isItem);
     if (items == 0) {
         return std::max(DockLayout::minimumIconSize,
-                        std::min(configured, std::numeric_limits<double>::max()));
+                        std::min(config.iconSize, std::numeric_limits<double>::max()));
     }
-    const auto n = static_cast<double>(cells);
+    const auto n = static_cast<double>(cells.size());
     const auto k = static_cast<double>(items);
     const double fixed = (n - k) * DockLayout::separatorWidth + std::max(n - 1, 0.0) * DockLayout::spacing +
                          2 * DockLayout::pad + DockLayout::alongSlack;
-    const double limit = std::floor((maxLength - fixed) / (amount * DockLayout::growthFactor + k));
-    return std::max(DockLayout::minimumIconSize, std::min(configured, limit));
+    const double limit =
+        std::floor((maxLength - fixed) / (amount(config.magnification) * DockLayout::growthFactor + k));
+    return std::max(DockLayout::minimumIconSize, std::min(config.iconSize, limit));
+}
+
+std::vector<double> widthsOf(std::span<const DockCell> cells, double size) {
+    std::vector<double> widths;
+    widths.reserve(cells.size());
+    for (const DockCell& cell : cells) {
+        widths.push_back(cell.isItem() ? size : DockLayout::separatorWidth);
+    }
+    return widths;
 }
 
 } // namespace
 
 DockGeometry::DockGeometry(const DockConfig& config, std::span<const DockCell> cells, double maxLength)
-    : edge(config.edge), style(config.style), amount(quillary::amount(config.magnification)) {
-    const auto items = static_cast<std::size_t>(std::ranges::count_if(cells, &DockCell::isItem));
-    size = fittedSize(config.iconSize, amount, cells.size(), items, maxLength);
-    widths.reserve(cells.size());
-    for (const DockCell& cell : cells) {
-        widths.push_back(cell.isItem() ? size : DockLayout::separatorWidth);
-    }
-    restCenters = DockLayout::restCenters(widths, DockLayout::spacing, DockLayout::pad);
-    restLen = DockLayout::length(widths, DockLayout::spacing, DockLayout::pad);
-}
+    : edge(config.edge),
+      style(config.style),
+      size(fittedSize(config, cells, maxLength)),
+      amount(quillary::amount(config.magnification)),
+      widths(widthsOf(cells, size)),
+      restCenters(DockLayout::restCenters(widths, DockLayout::spacing, DockLayout::pad)),
+      restLen(DockLayout::length(widths, DockLayout::spacing, DockLayout::pad)) {}
 
 double DockGeometry::growthRoom() const {
     return size * amount * DockLayout::growthFactor;

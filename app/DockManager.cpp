@@ -32,11 +32,11 @@ DockManager::DockManager(Platform& system)
       platform(system),
       icons(std::make_shared<IconCache>(system.workspace())),
       store(settingsURL),
-      current(store.load()) {
+      current(store.load()),
+      systemDockHidden(current.hideSystemDock),
+      memoryShown(current.showMemory) {
     connect(&platform.screens(), &Screens::changed, this, &DockManager::rebuild);
     connect(&platform.pointer(), &PointerMonitor::moved, this, &DockManager::mouseMoved);
-    systemDockHidden = current.hideSystemDock;
-    memoryShown = current.showMemory;
     rebuild();
     applySystemDock(current.hideSystemDock);
     applyMemory();

@@ -88,8 +88,8 @@ private:
     Settings current;
     Models published;
     std::map<std::string, std::unique_ptr<DockPanel>, std::less<>> open;
-    bool systemDockHidden = true;
-    bool memoryShown = true;
+    bool systemDockHidden;
+    bool memoryShown;
     std::unique_ptr<ScheduledTask> rebuildWork;
 };
 
