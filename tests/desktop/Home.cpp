@@ -22,7 +22,7 @@ void set(const char* name, const std::filesystem::path& value) {
 std::string joined(const std::vector<std::string>& parts, const std::string& quote) {
     std::string text;
     for (const auto& part : parts) {
-        text += (text.empty() ? "" : ",") + quote + part + quote;
+        text.append(text.empty() ? "" : ",").append(quote).append(part).append(quote);
     }
     return text;
 }

@@ -1,5 +1,7 @@
 #include "tests/desktop/DesktopFixture.h"
 
+#include <algorithm>
+
 namespace quillary::test {
 
 namespace {
@@ -14,10 +16,8 @@ struct Arrangement {
 class PlacementTest : public DesktopFixture {
 protected:
     void expectPlaces(const Arrangement& arrangement) {
-        std::vector<std::string> items;
-        for (int i = 0; i < arrangement.items; ++i) {
-            items.push_back("/nowhere/" + std::to_string(i));
-        }
+        std::vector<std::string> items(static_cast<std::size_t>(arrangement.items));
+        std::ranges::generate(items, [count = 0]() mutable { return "/nowhere/" + std::to_string(count++); });
         home.writeSettings(settingsJson(
             {dockJson(leftKey, items, arrangement.options), dockJson(rightKey, items, arrangement.options)}));
         startWithDocks(2);
