@@ -105,7 +105,7 @@ TEST_F(BusTest, fileManagerThatRefusesIsReplacedByTheFolder) {
     const auto output = World::home() / "output";
     writeScript(World::programs() / "files", "echo \"$1\" > " + output.string());
     install("files.desktop", "Name=Files\nExec=files %f\nMimeType=inode/directory;");
-    writeFile(World::config() / "mimeapps.list", "[Default Applications]\ninode/directory=files.desktop\n");
+    associate({{"inode/directory", "files.desktop"}});
     launcher.reveal((World::home() / "x").string());
     finish();
     EXPECT_EQ(waitForLine(output), World::home().string() + "\n");

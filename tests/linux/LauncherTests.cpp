@@ -174,8 +174,7 @@ TEST_F(LauncherTest, whatCannotStartIsOneLineOfTheLog) {
 TEST_F(LauncherTest, documentsOpenWithTheirDefaultApplication) {
     install("viewer.desktop", "Name=Viewer\nExec=report viewer %f\nMimeType=text/plain;");
     install("files.desktop", "Name=Files\nExec=report files %f\nMimeType=inode/directory;");
-    writeFile(World::config() / "mimeapps.list",
-              "[Default Applications]\ntext/plain=viewer.desktop\ninode/directory=files.desktop\n");
+    associate({{"text/plain", "viewer.desktop"}, {"inode/directory", "files.desktop"}});
     writeFile(World::home() / "notes.txt", "text\n");
     launcher.open((World::home() / "notes.txt").string());
     finish();
@@ -201,7 +200,7 @@ TEST_F(LauncherTest, whatCannotBeOpenedIsOneLineOfTheLog) {
 
 TEST_F(LauncherTest, revealingWithoutAFileManagerServiceOpensTheFolder) {
     install("files.desktop", "Name=Files\nExec=report files %f\nMimeType=inode/directory;");
-    writeFile(World::config() / "mimeapps.list", "[Default Applications]\ninode/directory=files.desktop\n");
+    associate({{"inode/directory", "files.desktop"}});
     writeFile(World::home() / "notes.txt", "text\n");
     launcher.reveal((World::home() / "notes.txt").string());
     finish();

@@ -22,9 +22,9 @@ protected:
         browser =
             install("browser.desktop", "Name=Browser\nExec=sh browser %u\nMimeType=x-scheme-handler/http;");
         editor = install("editor.desktop", "Name=Editor\nExec=sh editor %f\nMimeType=text/plain;");
-        writeFile(World::config() / "mimeapps.list",
-                  "[Default Applications]\ninode/directory=files.desktop\n"
-                  "x-scheme-handler/http=browser.desktop\ntext/plain=editor.desktop\n");
+        associate({{"inode/directory", "files.desktop"},
+                   {"x-scheme-handler/http", "browser.desktop"},
+                   {"text/plain", "editor.desktop"}});
     }
 
     void TearDown() override { ::unsetenv("XDG_CURRENT_DESKTOP"); }
@@ -60,10 +60,10 @@ TEST_F(PinnedItemsTest, unknownDesktopGivesTheDefaultApplications) {
 }
 
 TEST_F(PinnedItemsTest, whatIsMissingIsLeftOutAndNothingStandsTwice) {
-    writeFile(World::config() / "mimeapps.list",
-              "[Default Applications]\ninode/directory=files.desktop\ntext/plain=files.desktop\n"
-              "x-scheme-handler/http=gone.desktop\n");
     std::filesystem::remove(browser);
+    associate({{"inode/directory", "files.desktop"},
+               {"text/plain", "files.desktop"},
+               {"x-scheme-handler/http", "gone.desktop"}});
     EXPECT_EQ(preferences.pinnedItems(), (Strings{files}));
 }
 

@@ -1,5 +1,9 @@
 #include "tests/linux/World.h"
 
+#include "platform/linux/Released.h"
+
+#include <gio/gio.h>
+
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
@@ -110,6 +114,26 @@ std::string install(const std::string& id, const std::string& lines) {
     const auto path = World::systemData() / "applications" / id;
     writeFile(path, "[Desktop Entry]\nType=Application\n" + lines + "\n");
     return path.string();
+}
+
+void associate(const std::vector<std::pair<std::string, std::string>>& typesAndIds) {
+    std::string list = "[Default Applications]\n";
+    for (const auto& [type, id] : typesAndIds) {
+        list.append(type).append("=").append(id).append("\n");
+    }
+    writeFile(World::config() / "mimeapps.list", list);
+    for (const auto& [type, id] : typesAndIds) {
+        const bool isThere = std::filesystem::exists(World::systemData() / "applications" / id);
+        const auto expected = isThere ? id : std::string();
+        for (int attempt = 0; attempt < 500; ++attempt) {
+            const Released<GAppInfo, g_object_unref> info(
+                g_app_info_get_default_for_type(type.c_str(), FALSE));
+            if (expected == (info ? g_app_info_get_id(info.get()) : "")) {
+                break;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
 }
 
 std::string waitForLine(const std::filesystem::path& path) {

@@ -4,6 +4,8 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace quillary::test {
 
@@ -39,6 +41,9 @@ void writeFile(const std::filesystem::path& path, const std::string& content);
 void writeScript(const std::filesystem::path& path, const std::string& commands);
 /// Writes a desktop entry of the group's lines below the system's applications folder; returns its path.
 std::string install(const std::string& id, const std::string& lines);
+/// Makes the entries of the ids the default applications of the content types. Waits until GIO, which learns
+/// of changed files by notification, says so, or for ids that aren't installed, says nothing.
+void associate(const std::vector<std::pair<std::string, std::string>>& typesAndIds);
 /// Waits up to 10 s until the file ends in a line break, and returns what it holds.
 [[nodiscard]] std::string waitForLine(const std::filesystem::path& path);
 
