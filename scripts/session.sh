@@ -55,19 +55,17 @@ CSS
     settings >"$XDG_CONFIG_HOME/Quillary/settings.json"
 }
 
-# Two docks that show what the program can do. A screen without a serial number is known by the 32-bit FNV-1a of its
-# name.
+# LEFT has a dock that somebody made their own; RIGHT is met for the first time and starts with the desktop's usual
+# applications. A screen without a serial number is known by the 32-bit FNV-1a of its name.
 settings() {
     local apps=/usr/share/applications
     cat <<JSON
 {
   "onboarded": true,
   "docks": [
-    { "screenKey": "$(fnv1a LEFT)", "screenName": "LEFT", "style": "glass", "magnification": "big", "iconSize": 52,
+    { "screenKey": "$(fnv1a LEFT)", "screenName": "LEFT", "magnification": "big", "iconSize": 52,
       "items": ["$apps/thunar.desktop", "$apps/l3afpad.desktop", "$apps/galculator.desktop",
-                "$apps/debian-xterm.desktop", "$HOME/Documents", "$HOME/Downloads", "$HOME/Pictures"] },
-    { "screenKey": "$(fnv1a RIGHT)", "screenName": "RIGHT", "style": "shelf", "magnification": "subtle",
-      "items": ["$apps/thunar.desktop", "$apps/galculator.desktop", "$apps/debian-xterm.desktop", "$HOME/Music"] }
+                "$apps/debian-xterm.desktop", "$HOME/Documents", "$HOME/Downloads", "$HOME/Pictures"] }
   ]
 }
 JSON
