@@ -38,7 +38,8 @@ std::vector<std::optional<std::string>> uuids(const std::vector<Monitor>& monito
         const auto equal = std::count_if(monitors.begin(), monitors.end(), [&](const Monitor& other) {
             return other.identity == monitor.identity;
         });
-        result.push_back(uuid(equal > 1 ? *monitor.identity + "\n" + monitor.connector : *monitor.identity));
+        result.emplace_back(
+            uuid(equal > 1 ? *monitor.identity + "\n" + monitor.connector : *monitor.identity));
     }
     return result;
 }

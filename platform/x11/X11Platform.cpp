@@ -92,7 +92,7 @@ std::unique_ptr<PanelWindow> X11Platform::makePanelWindow(QWidget& contents) {
 
 std::filesystem::path X11Platform::applicationSupportDirectory() const {
     if (const char* configured = std::getenv("XDG_CONFIG_HOME"); configured != nullptr) {
-        const std::filesystem::path path(configured);
+        std::filesystem::path path(configured);
         if (path.is_absolute()) {
             return path;
         }

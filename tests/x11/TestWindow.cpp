@@ -5,8 +5,9 @@
 namespace quillary::test {
 
 TestWindow::TestWindow(const VirtualDisplay& host, const QRect& geometry, Manager manager)
-    : display(host), connection(xcb_connect(host.name().c_str(), nullptr)) {
-    window = xcb_generate_id(connection);
+    : display(host),
+      connection(xcb_connect(host.name().c_str(), nullptr)),
+      window(xcb_generate_id(connection)) {
     const auto* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
     const std::uint32_t values[] = {screen->white_pixel, manager == Manager::bypassed ? 1U : 0U,
                                     XCB_EVENT_MASK_BUTTON_PRESS};
@@ -42,6 +43,7 @@ void TestWindow::setNumbers(const std::string& property, const std::string& type
 
 void TestWindow::setAtoms(const std::string& property, const std::vector<std::string>& values) {
     std::vector<std::uint32_t> atoms;
+    atoms.reserve(values.size());
     for (const auto& value : values) {
         atoms.push_back(display.atom(value));
     }

@@ -50,7 +50,7 @@ private:
 
     const VirtualDisplay& display;
     xcb_connection_t* connection;
-    xcb_window_t window = XCB_WINDOW_NONE;
+    xcb_window_t window;
     int clickCount = 0;
     bool deleteAsked = false;
 };
