@@ -25,6 +25,7 @@ void frame(benchmark::State& state, bool magnified) {
     const double ratio = static_cast<double>(state.range(0));
     test::FakePlatform platform;
     std::vector<std::string> items;
+    items.reserve(iconCount);
     for (int i = 0; i < iconCount; ++i) {
         items.push_back("/Applications/Application number " + std::to_string(i) + ".app");
     }

@@ -17,6 +17,7 @@ class ThreeScreens {
 public:
     ThreeScreens() {
         std::vector<std::string> items;
+        items.reserve(itemsPerDock);
         for (int i = 0; i < itemsPerDock; ++i) {
             items.push_back("/Applications/Application number " + std::to_string(i) + ".app");
         }

@@ -94,9 +94,10 @@ void DockPainter::drawIcon(const DockScene::Icon& icon) {
     }
     if (std::abs(sprite.width() - pixels) < 0.5) {
         // On whole device pixels a sprite of the right size is copied as it is, and stays crisp.
-        const QPointF corner((std::round(icon.rect.left() * ratio)) / ratio,
-                             (std::round(icon.rect.top() * ratio)) / ratio);
-        painter.drawImage(QRectF(corner, QSizeF(sprite.size()) / ratio), sprite);
+        painter.save();
+        painter.scale(1 / ratio, 1 / ratio);
+        painter.drawImage((icon.rect.topLeft() * ratio).toPoint(), sprite);
+        painter.restore();
     } else {
         painter.drawImage(icon.rect, sprite);
     }

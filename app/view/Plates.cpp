@@ -13,6 +13,9 @@ namespace {
 // Depths change with the icon size and the label's text only; more than a few are never in use.
 constexpr std::size_t cacheLimit = 32;
 
+// Length of the middle that is repeated, device pixels.
+constexpr int tile = 64;
+
 // The standard deviation of a shadow is half its radius; beyond twice the radius nothing of it is left.
 constexpr int reachOf(int radius) {
     return 2 * radius;
@@ -37,6 +40,7 @@ std::vector<double> gaussian(int radius) {
 QImage blurredAndTransposed(const QImage& source, const std::vector<double>& kernel) {
     QImage result(source.height(), source.width(), QImage::Format_Alpha8);
     const int reach = static_cast<int>(kernel.size() / 2);
+    const double* middle = kernel.data() + reach;
     for (int y = 0; y < source.height(); ++y) {
         const uchar* row = source.constScanLine(y);
         for (int x = 0; x < source.width(); ++x) {
@@ -44,7 +48,7 @@ QImage blurredAndTransposed(const QImage& source, const std::vector<double>& ker
             const int last = std::min(reach, source.width() - 1 - x);
             double value = 0;
             for (int i = first; i <= last; ++i) {
-                value += kernel[static_cast<std::size_t>(i + reach)] * row[x + i];
+                value += middle[i] * row[x + i];
             }
             result.scanLine(x)[y] = static_cast<uchar>(std::lround(value));
         }
@@ -83,7 +87,8 @@ int pixels(double points, double ratio) {
 } // namespace
 
 const QImage& Plates::rendered(const Key& key) {
-    if (const auto known = images.find(key); known != images.end()) {
+    const auto known = std::ranges::find(images, key, &std::pair<Key, QImage>::first);
+    if (known != images.end()) {
         return known->second;
     }
     if (images.size() >= cacheLimit) {
@@ -116,7 +121,7 @@ const QImage& Plates::rendered(const Key& key) {
         painter.drawRoundedRect(plate.adjusted(inset, inset, -inset, -inset), corner, corner);
     }
     painter.end();
-    return images.emplace(key, std::move(image)).first->second;
+    return images.emplace_back(key, std::move(image)).second;
 }
 
 void Plates::draw(QPainter& painter, const QRectF& plate, const Look& look) {
@@ -139,36 +144,34 @@ void Plates::draw(QPainter& painter, const QRectF& plate, const Look& look) {
             .borderColor = look.border.rgba(),
             .shadow = look.shadow.rgba()};
     const int margin = marginOf(key.radius, key.offsetX, key.offsetY);
-    // Between the curves and the blur of both ends every column is the same: one of them is enough.
-    const int shortest = std::min(length, 2 * (key.corner + margin) + 1);
-    (lying ? key.width : key.height) = shortest;
+    // Between the curves and the blur of both ends every column is the same: a tile of them is enough.
+    const int end = key.corner + margin;
+    const bool tiled = length > 2 * end + tile;
+    if (tiled) {
+        (lying ? key.width : key.height) = 2 * end + tile;
+    }
     const QImage& image = rendered(key);
-
-    const int pictured = shortest + 2 * margin;
-    const int end = pictured / 2;
-    const int full = length + 2 * margin;
-    const int targets[] = {0, end, full - (pictured - end - (full > pictured ? 1 : 0)), full};
-    const int sources[] = {0, end, end + (full > pictured ? 1 : 0), pictured};
     const QPoint corner = target.topLeft() - QPoint(margin, margin);
+    const int full = length + 2 * margin;
+
     painter.save();
     painter.scale(1 / ratio, 1 / ratio);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    for (int piece = 0; piece < 3; ++piece) {
-        const int from = sources[piece];
-        const int width = sources[piece + 1] - from;
-        const int start = targets[piece];
-        const int span = targets[piece + 1] - start;
-        if (width <= 0 || span <= 0) {
-            continue;
+    // Copies of whole pixels, which the raster engine does several times as fast as stretching.
+    const auto copy = [&](int to, int from, int count) {
+        const QPoint at = corner + (lying ? QPoint(to, 0) : QPoint(0, to));
+        const QRect source =
+            lying ? QRect(from, 0, count, image.height()) : QRect(0, from, image.width(), count);
+        painter.drawImage(QRect(at, source.size()), image, source);
+    };
+    if (tiled) {
+        const int side = end + margin;
+        copy(0, 0, side);
+        for (int at = side; at < full - side; at += tile) {
+            copy(at, side, std::min(tile, full - side - at));
         }
-        if (lying) {
-            painter.drawImage(QRect(corner.x() + start, corner.y(), span, image.height()), image,
-                              QRect(from, 0, width, image.height()));
-        } else {
-            painter.drawImage(QRect(corner.x(), corner.y() + start, image.width(), span), image,
-                              QRect(0, from, image.width(), width));
-        }
+        copy(full - side, side + tile, side);
+    } else {
+        copy(0, 0, full);
     }
     painter.restore();
 }

@@ -4,8 +4,8 @@
 #include <QImage>
 #include <QRectF>
 
-#include <compare>
-#include <map>
+#include <utility>
+#include <vector>
 
 class QPainter;
 
@@ -13,8 +13,8 @@ namespace quillary {
 
 /// Rounded rectangles with a fill, a border inside it and a soft shadow, as they lie behind icons and labels.
 ///
-/// Each is rendered once for its depth and drawn as an image whose middle is stretched along its longer side:
-/// a plate that only grows longer, as under magnified icons, costs three copies.
+/// Each is rendered once for its depth and drawn as an image whose middle is repeated along its longer side:
+/// a plate that only grows longer, as under magnified icons, costs a few copies.
 class Plates {
 public:
     /// Points; shadowRadius 0 means none. The shadow leaves out what lies under the plate itself, so that a
@@ -37,11 +37,11 @@ private:
     struct Key {
         int width, height, corner, radius, offsetX, offsetY, border;
         QRgb fill, borderColor, shadow;
-        auto operator<=>(const Key&) const = default;
+        bool operator==(const Key&) const = default;
     };
     [[nodiscard]] const QImage& rendered(const Key& key);
 
-    std::map<Key, QImage> images;
+    std::vector<std::pair<Key, QImage>> images;
 };
 
 } // namespace quillary
