@@ -4,6 +4,7 @@
 #include "tests/x11/VirtualDisplay.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <fstream>
 
 #include <sys/wait.h>
@@ -20,6 +21,10 @@ Program::~Program() {
 void Program::start(const std::vector<std::string>& environment) {
     std::vector<std::string> command{"env", "XDG_DATA_DIRS=" + home.systemData().string()};
     command.insert(command.end(), environment.begin(), environment.end());
+    // A sanitized program holds on to what it freed, which would look like a leak.
+    const char* options = std::getenv("ASAN_OPTIONS");
+    command.push_back("ASAN_OPTIONS=" + std::string(options != nullptr ? options : "") +
+                      ":quarantine_size_mb=1");
     const std::vector<std::string> program{"sh", "-c", R"(exec "$0" >>"$1" 2>&1)", QUILLARY_PROGRAM,
                                            (home.path() / "program.log").string()};
     command.insert(command.end(), program.begin(), program.end());
