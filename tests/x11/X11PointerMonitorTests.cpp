@@ -6,7 +6,6 @@
 namespace quillary {
 
 using test::TestWindow;
-using test::VirtualDisplay;
 
 namespace {
 

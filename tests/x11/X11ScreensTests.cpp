@@ -168,14 +168,15 @@ TEST_F(X11ScreensTest, ourOwnStrutsAndUnrelatedChangesAreNotTold) {
     startCounting();
     QWidget own;
     const auto id = static_cast<xcb_window_t>(own.winId());
+    settle();
+    const std::uint32_t strut[] = {0, 0, 50, 0};
+    xcb_change_property(display.xcb(), XCB_PROP_MODE_REPLACE, id, display.atom("_NET_WM_STRUT"),
+                        XCB_ATOM_CARDINAL, 32, 4, strut);
+    xcb_flush(display.xcb());
     own.show();
     TestWindow other(display, QRect(100, 100, 200, 100));
     ASSERT_TRUE(other.show());
     ASSERT_TRUE(eventually([&] { return clients->windows().size() == 2; }));
-    const std::vector<std::uint32_t> strut = {0, 0, 50, 0};
-    xcb_change_property(display.xcb(), XCB_PROP_MODE_REPLACE, id, display.atom("_NET_WM_STRUT"),
-                        XCB_ATOM_CARDINAL, 32, 4, strut.data());
-    xcb_flush(display.xcb());
     other.setText("WM_NAME", "another title");
     settle();
     EXPECT_EQ(changes, 0);
