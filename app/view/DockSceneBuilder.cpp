@@ -98,7 +98,10 @@ DockScene::Label label(const DockGeometry& geometry, double along, double iconSi
     const double width = state.textWidth(text) + 2 * labelPadX;
     const double farSide = iconSize + iconGap;
     if (isHorizontal(geometry.edge)) {
-        return {text, centred(geometry.point(along, farSide + labelGap), width, labelHeight),
+        // Centred on its icon, unless the panel would cut it that has room for it elsewhere.
+        const double reach = std::min(width, geometry.alongLength()) / 2;
+        const double middle = std::clamp(along, reach, geometry.alongLength() - reach);
+        return {text, centred(geometry.point(middle, farSide + labelGap), width, labelHeight),
                 state.magnified};
     }
     // The text hugs the side of its box that is nearer to the dock, so it grows away from it.

@@ -140,14 +140,27 @@ TEST_F(DockSceneTest, whatIsMissingIsDimmed) {
 TEST_F(DockSceneTest, labelStandsOffTheMagnifiedIcon) {
     shape(DockEdge::bottom, Magnification::off);
     state.mouseAxis = 46;
-    // 22 letters of 7 points and 10 of padding at each side; 48 + 19 + 18 from the edge.
+    state.textWidth = [](const QString&) { return 60.0; };
+    // 10 points of padding at each side; 48 + 19 + 18 from the edge.
     const auto bottom = scene().label;
     ASSERT_TRUE(bottom.has_value());
     EXPECT_EQ(bottom->text, QString::fromStdString(mail));
-    EXPECT_DOUBLE_EQ(bottom->rect.width(), 22 * 7 + 20);
+    EXPECT_DOUBLE_EQ(bottom->rect.width(), 80);
     EXPECT_EQ(bottom->rect.center(), QPointF(46, 125 - 85));
     shape(DockEdge::top, Magnification::off);
     EXPECT_EQ(scene().label->rect.center(), QPointF(46, 85));
+}
+
+TEST_F(DockSceneTest, aLabelThatThePanelWouldCutMovesInside) {
+    shape(DockEdge::bottom, Magnification::off);
+    state.textWidth = [](const QString&) { return 100.0; };
+    state.mouseAxis = 46;
+    EXPECT_EQ(scene().label->rect.left(), 0);
+    EXPECT_EQ(scene().label->rect.width(), 120);
+    state.mouseAxis = 100;
+    EXPECT_EQ(scene().label->rect.right(), 146);
+    state.textWidth = [](const QString&) { return 500.0; };
+    EXPECT_EQ(scene().label->rect.center().x(), 73);
 }
 
 TEST_F(DockSceneTest, sideLabelsGrowAwayFromTheDockWithin180Points) {

@@ -3,6 +3,7 @@
 #include "app/view/IconCache.h"
 #include "tests/app/Fixture.h"
 
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPalette>
