@@ -28,7 +28,8 @@ public:
     /// Whether all clicks pass, for window systems that cannot shape the input of a window. A no-op where
     /// setInputRegion is exact.
     virtual void setIgnoresMouseEvents(bool ignores) = 0;
-    /// The part of the window that is seen while `composited` is false; ignored while it is true.
+    /// The part of the window that is seen, and can be clicked, while `composited` is false; ignored while it
+    /// is true.
     virtual void setVisibleShape(const QRegion& region) = 0;
     /// Whether the desktop blends translucent windows now. Without that, contents must be painted opaque and
     /// setVisibleShape kept up to date.

@@ -198,9 +198,8 @@ void X11PanelWindow::applyShapes() {
 
     std::optional<QRegion> bounds;
     if (!composited() && visibleShape) {
-        bounds = inputRegion ? *visibleShape + *inputRegion : *visibleShape;
+        bounds = visibleShape;
     }
-    // Bounds first: while they are smaller than the input region the server would cut it.
     if (bounds != sentBounds || (rescaled && bounds)) {
         sentBounds = bounds;
         applyShape(XCB_SHAPE_SK_BOUNDING, bounds ? &*bounds : nullptr);

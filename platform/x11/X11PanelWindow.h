@@ -19,8 +19,8 @@ class X11Compositor;
 /// A dock's window under an EWMH window manager: of type dock, above, on all desktops, out of task bars and
 /// pagers, with an input region by the SHAPE extension. It reserves no space.
 ///
-/// While nothing composites, the window's bounds are the union of the visible shape and the input region, as
-/// the X server takes no clicks outside the bounds: contents are then painted opaque over both.
+/// While nothing composites, the window's bounds are the visible shape. The X server takes no clicks outside
+/// the bounds, so what is not seen lets them through then even inside the input region.
 class X11PanelWindow final : public PanelWindow {
     Q_OBJECT
 

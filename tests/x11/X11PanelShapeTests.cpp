@@ -117,7 +117,7 @@ TEST_F(X11PanelShapeTest, withoutCompositorTheWindowHasTheVisibleShape) {
     EXPECT_EQ(shape(XCB_SHAPE_SK_BOUNDING), QRegion(100, 60, 400, 60));
 }
 
-TEST_F(X11PanelShapeTest, withoutCompositorTheInputRegionIsExactAllTheSame) {
+TEST_F(X11PanelShapeTest, withoutCompositorOnlyWhatIsSeenInTheInputRegionTakesClicks) {
     ASSERT_TRUE(display.startWindowManager());
     startPanel();
     present(QRect(340, 700, 600, 120));
@@ -125,11 +125,13 @@ TEST_F(X11PanelShapeTest, withoutCompositorTheInputRegionIsExactAllTheSame) {
     panel->setInputRegion(QRect(0, 100, 600, 20));
     settle();
     EXPECT_EQ(shape(XCB_SHAPE_SK_INPUT), QRegion(0, 100, 600, 20));
+    EXPECT_EQ(shape(XCB_SHAPE_SK_BOUNDING), QRegion(100, 60, 400, 60)) << "nothing unseen is painted black";
     display.click(QPoint(350, 810));
-    EXPECT_TRUE(eventually([&] { return widget->presses == 1; })) << "outside the visible shape";
     display.click(QPoint(640, 770));
+    display.click(QPoint(640, 810));
+    EXPECT_TRUE(eventually([&] { return widget->presses > 0; })) << "inside both";
     settle();
-    EXPECT_EQ(widget->presses, 1) << "inside the visible shape only";
+    EXPECT_EQ(widget->presses, 1) << "inside one of them only";
 }
 
 TEST_F(X11PanelShapeTest, compositorsComeAndGoLive) {
