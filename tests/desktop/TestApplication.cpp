@@ -20,7 +20,7 @@ xcb_atom_t atom(xcb_connection_t* xcb, const char* name) {
 }
 
 int argument(int argc, char* argv[], int index, int otherwise) {
-    return argc > index ? std::atoi(argv[index]) : otherwise;
+    return argc > index ? static_cast<int>(std::strtol(argv[index], nullptr, 10)) : otherwise;
 }
 
 } // namespace
