@@ -12,6 +12,9 @@ X11PointerMonitor::X11PointerMonitor(std::unique_ptr<X11Connection> server, cons
     frame.setInterval(frameInterval);
     frame.setTimerType(Qt::PreciseTimer);
     connect(&frame, &QTimer::timeout, this, &X11PointerMonitor::endFrame);
+    lastLook.setSingleShot(true);
+    lastLook.setInterval(lastLookDelay);
+    connect(&lastLook, &QTimer::timeout, this, &X11PointerMonitor::refresh);
     connect(connection.get(), &X11Connection::eventReceived, this, &X11PointerMonitor::handleEvent);
     connect(connection.get(), &X11Connection::settled, this, &X11PointerMonitor::handleSettled);
     selectRawEvents();
@@ -52,6 +55,7 @@ void X11PointerMonitor::handleSettled() {
     // Until the frame ends, movements wait in the socket instead of waking the program one by one.
     connection->setListening(X11Connection::Listening::off);
     frame.start();
+    lastLook.start();
     refresh();
 }
 

@@ -13,8 +13,8 @@ namespace quillary {
 class X11Screens;
 
 /// The pointer by raw XInput 2 events, which the server delivers whoever has the pointer grabbed, on a
-/// connection of its own so that a fast mouse burdens no other. Between two frames it sleeps; without
-/// movement it does nothing at all.
+/// connection of its own so that a fast mouse burdens no other. Between two frames it sleeps; a moment after
+/// the last movement it looks once more, and then does nothing at all.
 class X11PointerMonitor final : public PointerMonitor {
     Q_OBJECT
 
@@ -29,6 +29,13 @@ public:
 
     /// The time between two looks at a moving pointer, in milliseconds.
     static constexpr int frameInterval = 8;
+    /// The time after the last movement at which it looks once more, in milliseconds: raw events are sent
+    /// even while another client holds the pointer frozen, and nothing is sent when it is let go at its new
+    /// place.
+    static constexpr int lastLookDelay = 250;
+
+    /// Whether no look is planned.
+    [[nodiscard]] bool resting() const { return !frame.isActive() && !lastLook.isActive(); }
 
 private:
     void handleEvent(const xcb_generic_event_t* event);
@@ -40,6 +47,7 @@ private:
     std::unique_ptr<X11Connection> connection;
     const X11Screens& screens;
     QTimer frame;
+    QTimer lastLook;
     std::optional<QPointF> lastTold;
     std::uint8_t extensionOpcode = 0;
     bool moving = false;
