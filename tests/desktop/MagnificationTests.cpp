@@ -38,14 +38,14 @@ protected:
     bool shows(QColor colour, const QRect& box, const QRect& screen = leftScreen) {
         return eventually([&] { return colourBox(colour, screen) == box; });
     }
-    /// What encloses everything drawn inside `area`: neither wallpaper nor the black of what nobody painted.
+    /// What encloses everything inside `area` that is not wallpaper.
     QRect inkBox(const QRect& area) {
         const QImage picture = display.screenshot();
         QRect box;
         for (int y = area.top(); y <= area.bottom(); ++y) {
             for (int x = area.left(); x <= area.right(); ++x) {
                 const QColor colour = picture.pixelColor(x, y);
-                if (colour != wallpaper && colour != QColor(Qt::black)) {
+                if (colour != wallpaper) {
                     box |= QRect(x, y, 1, 1);
                 }
             }
