@@ -8,19 +8,22 @@ namespace quillary {
 
 namespace {
 
-double fittedSize(const DockConfig& config, std::span<const DockCell> cells, double maxLength) {
+// Far beyond any screen. Only a stored icon size that is absurd, on a dock without items to fit, comes near
+// it.
+constexpr double largestFrame = 8192;
+
+double fittedSize(double configured, double amount, std::span<const DockCell> cells, double maxLength) {
     const auto items = std::ranges::count_if(cells, &DockCell::isItem);
     if (items == 0) {
         return std::max(DockLayout::minimumIconSize,
-                        std::min(config.iconSize, std::numeric_limits<double>::max()));
+                        std::min(configured, std::numeric_limits<double>::max()));
     }
     const auto n = static_cast<double>(cells.size());
     const auto k = static_cast<double>(items);
     const double fixed = (n - k) * DockLayout::separatorWidth + std::max(n - 1, 0.0) * DockLayout::spacing +
                          2 * DockLayout::pad + DockLayout::alongSlack;
-    const double limit =
-        std::floor((maxLength - fixed) / (amount(config.magnification) * DockLayout::growthFactor + k));
-    return std::max(DockLayout::minimumIconSize, std::min(config.iconSize, limit));
+    const double limit = std::floor((maxLength - fixed) / (amount * DockLayout::growthFactor + k));
+    return std::max(DockLayout::minimumIconSize, std::min(configured, limit));
 }
 
 std::vector<double> widthsOf(std::span<const DockCell> cells, double size) {
@@ -35,10 +38,14 @@ std::vector<double> widthsOf(std::span<const DockCell> cells, double size) {
 } // namespace
 
 DockGeometry::DockGeometry(const DockConfig& config, std::span<const DockCell> cells, double maxLength)
+    : DockGeometry(config, config.iconSize, cells, maxLength) {}
+
+DockGeometry::DockGeometry(const DockConfig& config, double iconSize, std::span<const DockCell> cells,
+                           double maxLength)
     : edge(config.edge),
       style(config.style),
-      size(fittedSize(config, cells, maxLength)),
       amount(quillary::amount(config.magnification)),
+      size(fittedSize(iconSize, amount, cells, maxLength)),
       widths(widthsOf(cells, size)),
       restCenters(DockLayout::restCenters(widths, DockLayout::spacing, DockLayout::pad)),
       restLen(DockLayout::length(widths, DockLayout::spacing, DockLayout::pad)) {}
@@ -60,6 +67,23 @@ QSizeF DockGeometry::panelSize() const {
     const double labelRoom = horizontal ? DockLayout::labelRoomHorizontal : DockLayout::labelRoomVertical;
     const double depth = labelRoom + size * amount + (size + DockLayout::depthBase) + DockLayout::depthTail;
     return horizontal ? QSizeF(alongLength(), depth) : QSizeF(depth, alongLength());
+}
+
+QSize DockGeometry::frameSize() const {
+    return panelSize().toSize();
+}
+
+QPointF DockGeometry::frameOrigin() const {
+    switch (edge) {
+    case DockEdge::bottom:
+        return {0, frameSize().height() - panelSize().height()};
+    case DockEdge::right:
+        return {frameSize().width() - panelSize().width(), 0};
+    case DockEdge::left:
+    case DockEdge::top:
+        break;
+    }
+    return {0, 0};
 }
 
 double DockGeometry::along(QPointF point) const {
@@ -158,13 +182,16 @@ bool DockGeometry::isInRevealStrip(QPointF point) const {
 
 QRect DockGeometry::inputZone(bool active) const {
     const Zone z = zone(active);
-    const QRectF corners = QRectF(point(z.alongMin, z.depthMin), point(z.alongMax, z.depthMax)).normalized();
-    const QPoint first(static_cast<int>(std::ceil(corners.left())),
-                       static_cast<int>(std::ceil(corners.top())));
-    const QPoint last(static_cast<int>(std::floor(corners.right())),
-                      static_cast<int>(std::floor(corners.bottom())));
-    const QSize whole = panelSize().toSize();
-    return QRect(first, last) & QRect(QPoint(0, 0), whole);
+    const QRectF window(QPointF(0, 0), frameSize() - QSize(1, 1));
+    const QRectF corners = QRectF(point(z.alongMin, z.depthMin), point(z.alongMax, z.depthMax))
+                               .normalized()
+                               .translated(frameOrigin());
+    const double left = std::max(corners.left(), window.left());
+    const double top = std::max(corners.top(), window.top());
+    const double right = std::min(corners.right(), window.right());
+    const double bottom = std::min(corners.bottom(), window.bottom());
+    return {QPoint(static_cast<int>(std::ceil(left)), static_cast<int>(std::ceil(top))),
+            QPoint(static_cast<int>(std::floor(right)), static_cast<int>(std::floor(bottom)))};
 }
 
 } // namespace quillary

@@ -7,6 +7,7 @@
 #include <QPointF>
 #include <QRect>
 #include <QRectF>
+#include <QSize>
 #include <QSizeF>
 
 #include <optional>
@@ -25,13 +26,16 @@ public:
     /// Fits the icon size: the configured one unless the whole panel would exceed `maxLength`, then the
     /// largest whole number of points that fits, but at least 20.
     DockGeometry(const DockConfig& config, std::span<const DockCell> cells, double maxLength);
+    /// The same with another icon size than the configured one.
+    DockGeometry(const DockConfig& config, double iconSize, std::span<const DockCell> cells,
+                 double maxLength);
 
     DockEdge edge;
     DockStyle style;
-    /// The icon size after fitting.
-    double size;
     /// How much an icon right under the pointer grows, as a fraction.
     double amount;
+    /// The icon size after fitting.
+    double size;
     /// Along-width of each cell at rest.
     std::vector<double> widths;
     /// Resting centre of each cell, along, from the start of the row.
@@ -47,6 +51,12 @@ public:
     [[nodiscard]] double rowOffset() const;
     /// The size of the panel.
     [[nodiscard]] QSizeF panelSize() const;
+
+    /// The size of the window that shows the panel, in whole points.
+    [[nodiscard]] QSize frameSize() const;
+    /// Where the panel's coordinates begin in that window. Their sides at the screen edge coincide, so that
+    /// rounding moves nothing away from the edge.
+    [[nodiscard]] QPointF frameOrigin() const;
 
     /// The along-coordinate of a point.
     [[nodiscard]] double along(QPointF point) const;
@@ -72,7 +82,8 @@ public:
     [[nodiscard]] bool isInZone(QPointF point, bool active) const;
     /// Whether the pointer touches the strip at the screen edge that reveals a hidden dock.
     [[nodiscard]] bool isInRevealStrip(QPointF point) const;
-    /// The whole points of the panel for which isInZone holds: what of the panel takes clicks.
+    /// The whole points of the window for which isInZone holds: what of it takes clicks. In the window's
+    /// coordinates.
     [[nodiscard]] QRect inputZone(bool active) const;
 
 private:

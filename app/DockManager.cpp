@@ -5,6 +5,7 @@
 #include "app/MemoryMonitor.h"
 #include "app/RunningApps.h"
 #include "app/view/IconCache.h"
+#include "core/DockItems.h"
 #include "core/SystemDockHider.h"
 #include "platform/Platform.h"
 #include "platform/PointerMonitor.h"
@@ -90,7 +91,8 @@ void DockManager::rebuild() {
 }
 
 void DockManager::seed(const std::string& key, const ScreenInfo& screen) {
-    current.docks.emplace_back(key, screen.name, platform.systemDock().pinnedItems());
+    // Through the list's own rule: what the system names may repeat itself or be no text.
+    current.docks.emplace_back(key, screen.name, DockItems::adding(platform.systemDock().pinnedItems(), {}));
     save();
 }
 

@@ -54,6 +54,7 @@ public:
     [[nodiscard]] const std::map<std::string, std::unique_ptr<DockPanel>, std::less<>>& panels() const {
         return open;
     }
+    /// What counts: the file holds a copy of it.
     [[nodiscard]] const Settings& settings() const { return current; }
     [[nodiscard]] bool hideSystemDock() const { return systemDockHidden; }
     [[nodiscard]] bool showMemorySetting() const { return memoryShown; }
@@ -61,8 +62,11 @@ public:
     /// Changes the configuration of a screen, saves, and hands it to the screen's model; switching a dock on
     /// or off rebuilds. A key without configuration changes nothing.
     void update(std::string_view key, const std::function<void(DockConfig&)>& change);
+    /// Notes, and saves, that the first run is over.
     void markOnboarded();
+    /// Switches the hiding of the desktop's own dock: published, saved and applied, in this order.
     void setHideSystemDock(bool hide);
+    /// Switches the memory display of all docks: published, saved and applied, in this order.
     void setShowMemory(bool show);
     /// Tucks the desktop's own dock away, or puts it back as it was found.
     void applySystemDock(bool hide);

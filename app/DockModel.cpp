@@ -16,6 +16,10 @@ namespace {
 
 constexpr double bounceLimit = 6.0;
 
+// Fitting bounds the icons of a dock that has any. An empty one takes the stored size as it stands, which may
+// be more than a window can be.
+constexpr double largestIconSize = 1024;
+
 } // namespace
 
 DockModel::DockModel(std::string screenKey, DockConfig config, DockManager* owner,
@@ -92,7 +96,7 @@ std::vector<DockCell> DockModel::cells() const {
 }
 
 DockGeometry DockModel::geometry(const std::vector<DockCell>& cells) const {
-    return {configuration, cells, longest};
+    return {configuration, std::min(configuration.iconSize, largestIconSize), cells, longest};
 }
 
 std::optional<std::string> DockModel::hoveredPath() const {

@@ -72,13 +72,15 @@ public:
     /// The pinned items, then, when running applications are shown, a separator (if both groups have any) and
     /// the running applications that are not pinned. Built anew at each call.
     [[nodiscard]] std::vector<DockCell> cells() const;
-    /// The layout of those cells now.
+    /// The layout of those cells now, its icons at most 1024 points.
     [[nodiscard]] DockGeometry geometry(const std::vector<DockCell>& cells) const;
     /// The path of the item under the pointer, if any.
     [[nodiscard]] std::optional<std::string> hoveredPath() const;
 
     /// Pins the paths at an index or at the end; those already pinned move there.
     void add(const std::vector<std::string>& paths, std::optional<std::ptrdiff_t> index = std::nullopt);
+    /// Moves the pinned item at one index to another, both counted before the move. One that does not exist
+    /// changes nothing; a target past the end means the end.
     void move(std::ptrdiff_t from, std::ptrdiff_t to);
     /// Unpins every entry equal to the path.
     void remove(const std::string& path);

@@ -54,8 +54,7 @@ DockPanel::DockPanel(std::shared_ptr<DockModel> model, ScreenInfo target, std::s
 
 DockPanel::~DockPanel() = default;
 
-QRect DockPanel::placement(const QRectF& visible, DockEdge edge, QSizeF panelSize) {
-    const QSize size = panelSize.toSize();
+QRect DockPanel::placement(const QRectF& visible, DockEdge edge, QSize size) {
     const double width = size.width();
     const double height = size.height();
     // The rules count y upwards from the bottom of the frame, so that an oversized panel keeps its bottom
@@ -89,6 +88,7 @@ void DockPanel::setTargetScreen(ScreenInfo target) {
 
 void DockPanel::present() {
     dock->setHidden(true);
+    view->settle();
     reposition();
     window->orderFront();
     showWork = platform.scheduler().after(showDelay, [this] {
@@ -105,9 +105,14 @@ void DockPanel::reposition() {
     if (length != dock->maxLength()) {
         dock->setMaxLength(length);
     }
-    placed = placement(visible, edge, geometry().panelSize());
+    const QRect before = placed;
+    placed = placement(visible, edge, geometry().frameSize());
     window->setFrame(placed);
     updateInputRegion();
+    // The dock moved under a pointer that stands still: what it is on now is another place of the dock.
+    if (placed != before && dock->mouse()) {
+        track(platform.pointer().location());
+    }
 }
 
 void DockPanel::track(QPointF mouse) {
@@ -119,13 +124,19 @@ void DockPanel::track(QPointF mouse) {
 }
 
 void DockPanel::trackShown(QPointF mouse) {
-    const QPointF local = mouse - placed.topLeft();
-    // The frame is asked first: movements elsewhere must not cost a layout.
-    const bool inside =
-        containsOrTouches(placed, mouse) && geometry().isInZone(local, dock->mouse().has_value());
     const bool wasInside = dock->mouse().has_value();
+    std::optional<QPointF> local;
+    // The frame is asked first: movements elsewhere must not cost a layout.
+    if (containsOrTouches(placed, mouse)) {
+        const DockGeometry layout = geometry();
+        const QPointF point = panelPoint(mouse, layout);
+        if (layout.isInZone(point, wasInside)) {
+            local = point;
+        }
+    }
+    const bool inside = local.has_value();
     window->setIgnoresMouseEvents(!inside);
-    dock->setMouse(inside ? std::optional(local) : std::nullopt);
+    dock->setMouse(local);
     if (inside != wasInside) {
         updateInputRegion();
     }
@@ -145,7 +156,8 @@ void DockPanel::trackHidden(QPointF mouse) {
     if (!dock->config().autoHide || !containsOrTouches(placed, mouse, DockLayout::zoneBeyondEdge)) {
         return;
     }
-    if (geometry().isInRevealStrip(mouse - placed.topLeft())) {
+    const DockGeometry layout = geometry();
+    if (layout.isInRevealStrip(panelPoint(mouse, layout))) {
         hideWork.reset();
         dock->setHidden(false);
     }
@@ -209,6 +221,10 @@ void DockPanel::updateInputRegion() {
 
 DockGeometry DockPanel::geometry() const {
     return dock->geometry(dock->cells());
+}
+
+QPointF DockPanel::panelPoint(QPointF mouse, const DockGeometry& layout) const {
+    return mouse - placed.topLeft() - layout.frameOrigin();
 }
 
 } // namespace quillary

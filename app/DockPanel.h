@@ -34,7 +34,7 @@ public:
 
     /// Where a panel of this size stands on an edge of a visible frame: centred, moved inside, whole points.
     /// One that is too large keeps its left or bottom end inside and runs out at the other. Global points.
-    [[nodiscard]] static QRect placement(const QRectF& visibleFrame, DockEdge edge, QSizeF panelSize);
+    [[nodiscard]] static QRect placement(const QRectF& visibleFrame, DockEdge edge, QSize size);
 
     /// The screen in whose visible frame the dock is placed, from the next reposition on.
     void setTargetScreen(ScreenInfo screen);
@@ -55,6 +55,8 @@ public:
     [[nodiscard]] bool isVisible() const;
     /// A picture of the dock at the screen's scale; null when it cannot be made.
     [[nodiscard]] QImage grab();
+    /// What the dock shows.
+    [[nodiscard]] const DockView& contents() const { return *view; }
     /// The native window, for its place among the program's windows; null before `present`.
     [[nodiscard]] QWindow* nativeWindow() const;
 
@@ -67,6 +69,7 @@ private:
     void scheduleHide();
     void updateInputRegion();
     [[nodiscard]] DockGeometry geometry() const;
+    [[nodiscard]] QPointF panelPoint(QPointF mouse, const DockGeometry& geometry) const;
 
     std::shared_ptr<DockModel> dock;
     ScreenInfo screen;

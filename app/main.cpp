@@ -4,11 +4,15 @@
 
 #include <QApplication>
 
+#include <csignal>
+
 int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("Quillary"));
     QGuiApplication::setDesktopFileName(QStringLiteral("quillary"));
     // Docks come and go with the screens: having none at a moment is no reason to end.
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    // A log that nobody reads any more must not end the program outside of its quit path.
+    std::signal(SIGPIPE, SIG_IGN);
     const QApplication application(argc, argv);
 
     const auto platform = quillary::makePlatform();

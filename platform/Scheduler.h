@@ -26,8 +26,8 @@ public:
     /// Runs the work on the main thread again and again, the first time after one interval. Seconds.
     [[nodiscard]] virtual std::unique_ptr<ScheduledTask> every(double seconds,
                                                                std::function<void()> work) = 0;
-    /// Runs the work on another thread at utility priority; what it returns is then run on the main thread.
-    /// Work still under way when the program ends is not waited for.
+    /// Runs the work on another thread; what it returns is then run on the main thread.
+    /// Work that hangs when the program ends is not waited for.
     virtual void onWorker(std::function<std::function<void()>()> work) = 0;
     /// Seconds on a monotonic clock with an arbitrary zero.
     [[nodiscard]] virtual double now() const = 0;

@@ -46,14 +46,14 @@ DockPainter::DockPainter(QPainter& target, const Appearance& look, IconSprites& 
       plates(plateCache),
       ratio(target.device()->devicePixelRatioF()) {}
 
-void DockPainter::draw(const DockScene& scene) {
+void DockPainter::draw(const DockScene& scene, QPointF origin) {
     if (scene.opacity <= 0) {
         return;
     }
     painter.save();
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setOpacity(opaque() ? 1 : scene.opacity);
-    painter.translate(scene.offset);
+    shift = origin + scene.offset;
     drawBackground(scene.background);
     for (const DockScene::Separator& separator : scene.separators) {
         drawSeparator(separator);
@@ -71,7 +71,7 @@ void DockPainter::draw(const DockScene& scene) {
 }
 
 void DockPainter::drawBackground(const DockScene::Background& background) {
-    plates.draw(painter, background.rect,
+    plates.draw(painter, background.rect.translated(shift),
                 {.cornerRadius = background.cornerRadius,
                  .fill = appearance.background,
                  .border = white(0.22),
@@ -86,7 +86,8 @@ void DockPainter::drawSeparator(const DockScene::Separator& separator) {
 }
 
 void DockPainter::drawIcon(const DockScene::Icon& icon) {
-    const double pixels = icon.rect.width() * ratio;
+    const QRectF rect = icon.rect.translated(shift);
+    const double pixels = rect.width() * ratio;
     const QImage& sprite = sprites.sprite(icon.path, pixels);
     const double opacity = painter.opacity();
     if (icon.opacity < 1) {
@@ -96,10 +97,10 @@ void DockPainter::drawIcon(const DockScene::Icon& icon) {
         // On whole device pixels a sprite of the right size is copied as it is, and stays crisp.
         painter.save();
         painter.scale(1 / ratio, 1 / ratio);
-        painter.drawImage((icon.rect.topLeft() * ratio).toPoint(), sprite);
+        painter.drawImage((rect.topLeft() * ratio).toPoint(), sprite);
         painter.restore();
     } else {
-        painter.drawImage(icon.rect, sprite);
+        painter.drawImage(rect, sprite);
     }
     painter.setOpacity(opacity);
     if (icon.dot) {
@@ -109,18 +110,19 @@ void DockPainter::drawIcon(const DockScene::Icon& icon) {
 
 void DockPainter::drawDot(const DockScene::Dot& dot) {
     painter.setPen(Qt::NoPen);
+    const QPointF center = dot.center + shift;
     const double radius = dot.diameter / 2;
     if (dot.glow && !opaque()) {
         const double reach = radius + glowRadius * 2;
-        QRadialGradient glow(dot.center, reach);
+        QRadialGradient glow(center, reach);
         glow.setColorAt(radius / reach, faded(*dot.glow, 0.7));
         glow.setColorAt((radius + glowRadius) / reach, faded(*dot.glow, 0.2));
         glow.setColorAt(1, Qt::transparent);
         painter.setBrush(glow);
-        painter.drawEllipse(dot.center, reach, reach);
+        painter.drawEllipse(center, reach, reach);
     }
     painter.setBrush(dot.color ? *dot.color : faded(appearance.primaryText, dot.opacity));
-    painter.drawEllipse(dot.center, radius, radius);
+    painter.drawEllipse(center, radius, radius);
 }
 
 void DockPainter::drawLabel(const DockScene::Label& label) {
@@ -154,7 +156,7 @@ void DockPainter::drawHint(const DockScene::Hint& hint) {
     painter.setFont(font);
     painter.setPen(appearance.secondaryText);
     const QSizeF room(QFontMetricsF(font).horizontalAdvance(hint.text) + 2, hintPixels * 2);
-    painter.drawText(QRectF(hint.center - QPointF(room.width() / 2, room.height() / 2), room),
+    painter.drawText(QRectF(hint.center + shift - QPointF(room.width() / 2, room.height() / 2), room),
                      Qt::AlignCenter, hint.text);
 }
 
@@ -162,7 +164,8 @@ bool DockPainter::opaque() const {
     return appearance.blending == Appearance::Blending::opaque;
 }
 
-QRectF DockPainter::snapped(const QRectF& rect) const {
+QRectF DockPainter::snapped(const QRectF& part) const {
+    const QRectF rect = part.translated(shift);
     const auto snap = [this](double value) { return std::round(value * ratio) / ratio; };
     return {QPointF(snap(rect.left()), snap(rect.top())), QPointF(snap(rect.right()), snap(rect.bottom()))};
 }

@@ -21,7 +21,8 @@ public:
     /// Sprites and plates must outlive the painter.
     DockPainter(QPainter& painter, const Appearance& appearance, IconSprites& sprites, Plates& plates);
 
-    void draw(const DockScene& scene);
+    /// Draws the scene, the origin of its coordinates at `origin` on the device. Points.
+    void draw(const DockScene& scene, QPointF origin = {});
 
 private:
     void drawBackground(const DockScene::Background& background);
@@ -31,13 +32,17 @@ private:
     void drawLabel(const DockScene::Label& label);
     void drawHint(const DockScene::Hint& hint);
     [[nodiscard]] bool opaque() const;
-    [[nodiscard]] QRectF snapped(const QRectF& rect) const;
+    /// The part on the device, its sides moved to whole device pixels.
+    [[nodiscard]] QRectF snapped(const QRectF& part) const;
 
     QPainter& painter;
     const Appearance& appearance;
     IconSprites& sprites;
     Plates& plates;
     double ratio;
+    // From the scene's coordinates to the device's. No transformation of the painter's: edges are to meet
+    // pixels.
+    QPointF shift;
 };
 
 } // namespace quillary

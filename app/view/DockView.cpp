@@ -8,17 +8,19 @@
 #include "app/view/IconCache.h"
 #include "platform/PanelWindow.h"
 #include "platform/Platform.h"
-#include "platform/PointerMonitor.h"
 #include "platform/Scheduler.h"
 #include "platform/Workspace.h"
 
 #include <QBitmap>
+#include <QCloseEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quillary {
 
@@ -30,6 +32,8 @@ constexpr double hiddenDamping = 0.82;
 constexpr double defaultRefreshRate = 60;
 /// A press becomes a drag, and no click any more, beyond this many points.
 constexpr double clickReach = 4;
+/// Names are cut here for labels; whole novels would be laid out at every movement.
+constexpr qsizetype longestName = 200;
 
 } // namespace
 
@@ -63,6 +67,11 @@ void DockView::attach(PanelWindow& panelWindow) {
         updateShape();
         update();
     });
+}
+
+void DockView::settle() {
+    hidden.jumpTo(model->hidden() ? 1 : 0);
+    refresh(Existence::askAgain);
 }
 
 void DockView::followMouse(bool animated) {
@@ -139,7 +148,8 @@ void DockView::setScene(DockScene next) {
     shown = std::move(next);
     if (!damage.isEmpty()) {
         updateShape();
-        update(damage);
+        const QPointF origin = model->geometry(model->cells()).frameOrigin();
+        update(origin.isNull() ? damage : damage.translated(origin.toPoint()));
     }
 }
 
@@ -151,20 +161,20 @@ void DockView::updateShape() {
         window->setVisibleShape({});
         return;
     }
-    QImage picture(shown.panelSize.toSize(), QImage::Format_ARGB32_Premultiplied);
+    QImage picture(model->geometry(model->cells()).frameSize(), QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    updateSpriteSizes();
-    DockPainter(painter, appearance(), sprites, plates).draw(shown);
+    paint(painter);
     painter.end();
     window->setVisibleShape(QRegion(QBitmap::fromImage(picture.createAlphaMask(Qt::ThresholdDither))));
 }
 
-void DockView::updateSpriteSizes() {
+void DockView::paint(QPainter& painter) {
     const DockGeometry geometry = model->geometry(model->cells());
-    const double ratio = devicePixelRatioF();
-    sprites.setSizes(static_cast<int>(std::lround(geometry.size * ratio)),
-                     static_cast<int>(std::ceil(geometry.size * (1 + geometry.amount) * ratio)));
+    const double ratio = painter.device()->devicePixelRatioF();
+    const auto pixels = [ratio](double points) { return static_cast<int>(std::lround(points * ratio)); };
+    sprites.setSizes(pixels(geometry.size), pixels(geometry.size * (1 + geometry.amount)));
+    DockPainter(painter, appearance(), sprites, plates).draw(shown, geometry.frameOrigin());
 }
 
 QString DockView::labelText(const std::string& path) {
@@ -172,7 +182,9 @@ QString DockView::labelText(const std::string& path) {
     if (known != names.end()) {
         return known->second;
     }
-    QString text = QString::fromStdString(displayName(platform.workspace(), path));
+    QString text = QString::fromStdString(displayName(platform.workspace(), path)).left(longestName);
+    std::ranges::replace_if(
+        text, [](QChar letter) { return letter.category() == QChar::Other_Control; }, u' ');
     const auto usage = model->memory->byApp().find(path);
     if (model->showMemory() && usage != model->memory->byApp().end()) {
         text += QStringLiteral(" · ") + QString::fromStdString(RamBadges::text(usage->second));
@@ -187,10 +199,9 @@ Appearance DockView::appearance() const {
 }
 
 void DockView::paintEvent(QPaintEvent* event) {
-    updateSpriteSizes();
     QPainter painter(this);
     painter.setClipRegion(event->region());
-    DockPainter(painter, appearance(), sprites, plates).draw(shown);
+    paint(painter);
 }
 
 void DockView::mousePressEvent(QMouseEvent* event) {
@@ -203,24 +214,43 @@ void DockView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !pressedAt) {
         return;
     }
-    const QPointF moved = event->position() - *pressedAt;
-    pressedAt.reset();
+    const QPointF start = *std::exchange(pressedAt, std::nullopt);
+    const QPointF moved = event->position() - start;
     if (std::hypot(moved.x(), moved.y()) > clickReach) {
         return;
     }
-    // The pointer is told once a frame; a quick click may come before.
-    platform.pointer().refresh();
-    if (const auto path = model->hoveredPath()) {
+    if (const auto path = pathAt(start)) {
         model->open(*path);
     }
+}
+
+// By what is on the screen and where the button went down: the pointer may be elsewhere by now. Along the
+// edge only, so that a pointer pushed against it hits the icon above.
+std::optional<std::string> DockView::pathAt(QPointF position) const {
+    const bool horizontal = isHorizontal(shown.edge);
+    const QPointF point = position - model->geometry(model->cells()).frameOrigin();
+    for (const DockScene::Icon& icon : shown.icons) {
+        const double distance =
+            horizontal ? point.x() - icon.rect.center().x() : point.y() - icon.rect.center().y();
+        if (std::abs(distance) <= icon.rect.width() / 2 + DockLayout::hitTolerance) {
+            return icon.path;
+        }
+    }
+    return std::nullopt;
 }
 
 void DockView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
         labelMetrics = QFontMetricsF(labelFont());
+        refresh(Existence::askAgain);
         update();
     }
     QWidget::changeEvent(event);
+}
+
+void DockView::closeEvent(QCloseEvent* event) {
+    // A dock goes when its screen does or it is switched off, not because a pager closes all windows.
+    event->setAccepted(!event->spontaneous());
 }
 
 } // namespace quillary

@@ -37,6 +37,9 @@ public:
     /// Lets the view follow what the window that shows it can do. The window must outlive the view's use.
     void attach(PanelWindow& window);
 
+    /// Shows the state as it is at once, without movement: for a dock that nobody has seen yet.
+    void settle();
+
     /// What is shown now.
     [[nodiscard]] const DockScene& scene() const { return shown; }
     /// Whether a frame is due although nothing else happens.
@@ -47,6 +50,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     enum class Existence { asKnown, askAgain };
@@ -56,13 +60,14 @@ private:
     void refresh(Existence existence);
     void setScene(DockScene next);
     void updateShape();
-    void updateSpriteSizes();
+    void paint(QPainter& painter);
     void frame();
     [[nodiscard]] double magnified(double now) const;
     [[nodiscard]] bool moving(double now) const;
     [[nodiscard]] DockSceneState state(double now);
     [[nodiscard]] QString labelText(const std::string& path);
     [[nodiscard]] Appearance appearance() const;
+    [[nodiscard]] std::optional<std::string> pathAt(QPointF position) const;
 
     std::shared_ptr<DockModel> model;
     std::shared_ptr<IconCache> icons;

@@ -243,16 +243,29 @@ TEST_P(EveryEdge, inputZoneHoldsExactlyTheWholePointsInTheZone) {
             for (const int y : {0, region.top() - 1, region.top(), region.bottom(), region.bottom() + 1,
                                 panel.bottom(), panel.height() / 2}) {
                 if (panel.contains(x, y)) {
-                    ASSERT_EQ(region.contains(x, y), geometry.isInZone(QPointF(x, y), active))
+                    ASSERT_EQ(region.contains(x, y),
+                              geometry.isInZone(QPointF(x, y) - geometry.frameOrigin(), active))
                         << x << " " << y;
                 }
             }
         }
         for (int y = 0; y < panel.height(); ++y) {
             const int x = panel.width() / 2;
-            ASSERT_EQ(region.contains(x, y), geometry.isInZone(QPointF(x, y), active)) << x << " " << y;
+            ASSERT_EQ(region.contains(x, y),
+                      geometry.isInZone(QPointF(x, y) - geometry.frameOrigin(), active))
+                << x << " " << y;
         }
     }
+}
+
+TEST_P(EveryEdge, roundingMovesNothingAwayFromTheEdge) {
+    const QSize frame = geometry.frameSize();
+    EXPECT_EQ(frame, isHorizontal(GetParam()) ? QSize(709, 163) : QSize(327, 709));
+    // The middle of the window's side at the screen edge is at depth 0.
+    const QPointF sides[] = {QPointF(350, frame.height()), QPointF(0, 350), QPointF(frame.width(), 350),
+                             QPointF(350, 0)};
+    const QPointF side = sides[static_cast<std::size_t>(GetParam())];
+    EXPECT_NEAR(geometry.depth(side - geometry.frameOrigin()), 0, 1e-9);
 }
 
 INSTANTIATE_TEST_SUITE_P(DockGeometry, EveryEdge,

@@ -76,6 +76,23 @@ TEST_F(DockManagerTest, memoryFollowsTheSettingFromTheStart) {
     EXPECT_TRUE(model().showMemory());
 }
 
+TEST_F(DockManagerTest, seedsHoldNoRepeatsAndNothingThatIsNotText) {
+    platform.systemDock().pinned = {finder, "/bad\xff", mail, finder};
+    start();
+    EXPECT_EQ(model().config().items, (std::vector<std::string>{finder, mail}));
+    EXPECT_EQ(stored().docks[0].items, model().config().items);
+}
+
+TEST_F(DockManagerTest, withMemoryOffEveryModelIsTold) {
+    Settings settings;
+    settings.showMemory = false;
+    storeFirst(settings);
+    platform.screens().connected = {screenNamed("LEFT", leftFrame), screenNamed("RIGHT", rightFrame)};
+    start();
+    EXPECT_FALSE(model(0).showMemory());
+    EXPECT_FALSE(model(1).showMemory());
+}
+
 TEST_F(DockManagerTest, aSecondScreenIsSeededFromTheSystemDockAtThatMoment) {
     startWith({finder});
     model().add({mail});

@@ -85,6 +85,12 @@ TEST_F(DockModelTest, everyAssignmentIsToldChangedOrNot) {
     model().setConfig(model().config());
     model().setHidden(model().hidden());
     model().setScreenName(model().screenName());
+    const Count memory(&model(), &DockModel::showMemoryChanged);
+    const Count length(&model(), &DockModel::maxLengthChanged);
+    model().setShowMemory(model().showMemory());
+    model().setMaxLength(model().maxLength());
+    EXPECT_EQ(memory.times, 1);
+    EXPECT_EQ(length.times, 1);
     EXPECT_EQ(config.times, 1);
     EXPECT_EQ(hidden.times, 1);
     EXPECT_EQ(name.times, 1);

@@ -1,3 +1,4 @@
+#include "app/view/DockView.h"
 #include "tests/app/Fixture.h"
 
 namespace quillary::test {
@@ -74,9 +75,9 @@ TEST_F(DockPanelTest, anOversizedPanelKeepsItsLeftOrBottomEndInside) {
 
 TEST_F(DockPanelTest, wholePointsKeepTheAnchoredEdgeExact) {
     const QRectF visible(0, 0, 1280, 900);
-    EXPECT_EQ(DockPanel::placement(visible, DockEdge::bottom, {708.56, 163.4}), QRect(286, 737, 709, 163));
-    EXPECT_EQ(DockPanel::placement(visible, DockEdge::bottom, {708.56, 163.5}).bottom(), 899);
-    EXPECT_EQ(DockPanel::placement(visible, DockEdge::right, {327.4, 708.56}), QRect(953, 96, 327, 709));
+    EXPECT_EQ(DockPanel::placement(visible, DockEdge::bottom, {709, 163}), QRect(286, 737, 709, 163));
+    EXPECT_EQ(DockPanel::placement(QRectF(0.4, 0.3, 1280, 900), DockEdge::bottom, {709, 164}).bottom(), 899);
+    EXPECT_EQ(DockPanel::placement(visible, DockEdge::right, {327, 709}), QRect(953, 96, 327, 709));
 }
 
 TEST_F(DockPanelTest, keepsTheLengthOfTheScreensVisibleFrame) {
@@ -97,6 +98,24 @@ TEST_F(DockPanelTest, presentShowsAfter50MillisecondsInItsPlace) {
     wait(0.001);
     EXPECT_FALSE(model(1).hidden());
     EXPECT_FALSE(window(1).inputRegion.isEmpty());
+}
+
+TEST_F(DockPanelTest, aDockIsNotSeenBeforeItSlidesIn) {
+    platform.screens().set({screenNamed("LEFT", leftFrame), screenNamed("RIGHT", rightFrame)});
+    EXPECT_DOUBLE_EQ(panel(rightKey).contents().scene().opacity, 0);
+    wait(0.1);
+    EXPECT_GT(panel(rightKey).contents().scene().opacity, 0);
+    EXPECT_LT(panel(rightKey).contents().scene().opacity, 1);
+    wait(2);
+    EXPECT_DOUBLE_EQ(panel(rightKey).contents().scene().opacity, 1);
+}
+
+TEST_F(DockPanelTest, aSwitchedOffDockIsNeitherHiddenNorMeasured) {
+    platform.screens().set({});
+    configure([](DockConfig& config) { config.enabled = false; });
+    platform.screens().set({screenNamed("LEFT", leftFrame)});
+    EXPECT_FALSE(model().hidden());
+    EXPECT_DOUBLE_EQ(model().maxLength(), 0);
 }
 
 TEST_F(DockPanelTest, presentLeavesASelfHidingDockHidden) {
@@ -156,6 +175,42 @@ TEST_F(DockPanelTest, theZoneWidensOnlyOnceThePointerIsOnTheDock) {
     point(640, 860);
     point(640, top + 50);
     EXPECT_TRUE(model().mouse().has_value());
+}
+
+TEST_F(DockPanelTest, aDockThatGrowsUnderAStandingPointerKnowsWhereThePointerIsNow) {
+    point(640, 860);
+    ASSERT_EQ(model().mouse(), QPointF(73, 85));
+    platform.workspace().launch("/Applications/A.app");
+    turn();
+    // 219 points wide, it begins at 531.
+    EXPECT_EQ(model().mouse(), QPointF(640 - 531, 85));
+}
+
+TEST_F(DockPanelTest, theStripIs3PointsDeepThoughThePanelsDepthIsNoWholeNumber) {
+    configure([](DockConfig& config) {
+        config.magnification = Magnification::big;
+        config.autoHide = true;
+    });
+    turn();
+    ASSERT_EQ(panel().frame().height(), 163);
+    point(640, 896);
+    EXPECT_TRUE(model().hidden());
+    point(640, 897);
+    EXPECT_FALSE(model().hidden());
+}
+
+TEST_F(DockPanelTest, anAbsurdStoredSizeOfAnEmptyDockGivesAWindowThatCanBe) {
+    for (const double size : {1e6, 1e308}) {
+        configure([size](DockConfig& config) {
+            config.items = {};
+            config.iconSize = size;
+            config.magnification = Magnification::big;
+        });
+        turn();
+        EXPECT_LT(panel().frame().width(), 8192);
+        EXPECT_LT(panel().frame().height(), 8192);
+        EXPECT_DOUBLE_EQ(stored().docks[0].iconSize, size);
+    }
 }
 
 TEST_F(DockPanelTest, withoutAutoHideTheDockNeverHides) {

@@ -178,6 +178,33 @@ TEST_F(DockViewTest, aClickOpensTheItemUnderThePointer) {
     EXPECT_EQ(platform.workspace().calls, std::vector<std::string>{"openApplication " + notes});
 }
 
+TEST_F(DockViewTest, aClickCountsWhereItWasMadeWhereverThePointerIsByNow) {
+    const DockGeometry geometry = model().geometry(model().cells());
+    model().setMouse(std::nullopt);
+    wait(1);
+    const QPointF second = geometry.point(geometry.rowOffset() + geometry.restCenters[1], 40);
+    press(second, second);
+    EXPECT_EQ(platform.workspace().calls, std::vector<std::string>{"openApplication " + notes});
+}
+
+TEST_F(DockViewTest, aClickAtTheVeryEdgeHitsTheIconAbove) {
+    const DockGeometry geometry = model().geometry(model().cells());
+    press(geometry.point(geometry.rowOffset() + geometry.restCenters[0], 0.5),
+          geometry.point(geometry.rowOffset() + geometry.restCenters[0], 0.5));
+    EXPECT_EQ(platform.workspace().calls, std::vector<std::string>{"openApplication " + mail});
+}
+
+TEST_F(DockViewTest, namesOfAnyLengthBecomeOneShortLine) {
+    const std::string odd = "/Applications/" + std::string(100000, 'x') + "\n\ty.app";
+    configure([&odd](DockConfig& config) { config.items = {odd}; });
+    const DockGeometry geometry = model().geometry(model().cells());
+    model().setMouse(geometry.point(geometry.rowOffset() + geometry.restCenters[0], 40));
+    ASSERT_TRUE(view->scene().label.has_value());
+    EXPECT_EQ(view->scene().label->text.size(), 200);
+    configure([](DockConfig& config) { config.items = {"/Applications/a\nb.app"}; });
+    EXPECT_EQ(view->scene().label->text, QStringLiteral("a b"));
+}
+
 TEST_F(DockViewTest, aPressThatMovesMoreThan4PointsIsNoClick) {
     const DockGeometry geometry = model().geometry(model().cells());
     const QPointF second = geometry.point(geometry.rowOffset() + geometry.restCenters[1], 40);

@@ -71,6 +71,14 @@ TEST_F(SystemDockTest, showingADockThatIsNotHiddenOnlyForgets) {
     EXPECT_EQ(stored().savedSystemDock, std::nullopt);
 }
 
+TEST_F(SystemDockTest, aHiddenDockWithNothingRememberedLosesBothValues) {
+    dock.prefs = DockPrefs::hidden;
+    startSaved(false, std::nullopt);
+    EXPECT_EQ(dock.calls, written);
+    EXPECT_EQ(dock.prefs, DockPrefs{});
+    EXPECT_EQ(stored().savedSystemDock, std::nullopt);
+}
+
 TEST_F(SystemDockTest, switchingIsPublishedSavedAndApplied) {
     startSaved(false, std::nullopt);
     const Count published(manager.get(), &DockManager::hideSystemDockChanged);
