@@ -1,13 +1,20 @@
 #include "platform/qt/QtScheduler.h"
 
-#include <QThread>
+#include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <cmath>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
 
 namespace quillary {
 
 namespace {
+
+constexpr std::chrono::milliseconds patienceAtTheEnd{200};
 
 class QtTask final : public ScheduledTask {
 public:
@@ -29,8 +36,23 @@ private:
 
 } // namespace
 
-QtScheduler::QtScheduler() : mainThread(std::make_shared<QObject>()) {
+struct QtScheduler::Workers {
+    std::mutex lock;
+    std::condition_variable finished;
+    int underWay = 0;
+    // Results are delivered in its name; null once nobody wants them.
+    QObject* receiver = nullptr;
+};
+
+QtScheduler::QtScheduler() : workers(std::make_shared<Workers>()) {
+    workers->receiver = new QObject;
     clock.start();
+}
+
+QtScheduler::~QtScheduler() {
+    std::unique_lock guard(workers->lock);
+    delete std::exchange(workers->receiver, nullptr);
+    workers->finished.wait_for(guard, patienceAtTheEnd, [this] { return workers->underWay == 0; });
 }
 
 std::unique_ptr<ScheduledTask> QtScheduler::after(double seconds, std::function<void()> work) {
@@ -42,15 +64,20 @@ std::unique_ptr<ScheduledTask> QtScheduler::every(double seconds, std::function<
 }
 
 void QtScheduler::onWorker(std::function<std::function<void()>()> work) {
-    // A detached thread and a weak owner: the program may end while the work is still under way.
-    auto* thread = QThread::create([work = std::move(work), owner = std::weak_ptr<QObject>(mainThread)] {
+    {
+        const std::lock_guard guard(workers->lock);
+        ++workers->underWay;
+    }
+    std::thread([work = std::move(work), shared = workers]() mutable {
         auto then = work();
-        if (const auto receiver = owner.lock()) {
-            QMetaObject::invokeMethod(receiver.get(), std::move(then), Qt::QueuedConnection);
+        work = nullptr;
+        const std::lock_guard guard(shared->lock);
+        if (shared->receiver != nullptr) {
+            QMetaObject::invokeMethod(shared->receiver, std::move(then), Qt::QueuedConnection);
         }
-    });
-    QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
-    thread->start(QThread::LowPriority);
+        --shared->underWay;
+        shared->finished.notify_all();
+    }).detach();
 }
 
 double QtScheduler::now() const {

@@ -3,14 +3,16 @@
 #include "platform/Scheduler.h"
 
 #include <QElapsedTimer>
-#include <QObject>
 
 namespace quillary {
 
-/// Qt's timers, event loop and threads.
+/// Qt's timers and event loop; a thread for each piece of work that leaves the main one.
 class QtScheduler final : public Scheduler {
 public:
     QtScheduler();
+    /// Drops the results of work that is still under way. Waits a moment for such work, but not for one that
+    /// hangs.
+    ~QtScheduler() override;
 
     [[nodiscard]] std::unique_ptr<ScheduledTask> after(double seconds, std::function<void()> work) override;
     [[nodiscard]] std::unique_ptr<ScheduledTask> every(double seconds, std::function<void()> work) override;
@@ -18,8 +20,10 @@ public:
     [[nodiscard]] double now() const override;
 
 private:
-    // Results of workers are delivered in its name: once it is gone they are dropped.
-    std::shared_ptr<QObject> mainThread;
+    struct Workers;
+
+    // Shared with the threads, which may outlive this.
+    std::shared_ptr<Workers> workers;
     QElapsedTimer clock;
 };
 
