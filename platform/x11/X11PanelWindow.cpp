@@ -23,6 +23,9 @@ constexpr std::uint32_t allDesktops = 0xFFFFFFFF;
 // A window manager gets this long to place the window as it was told, in milliseconds.
 constexpr int frameCheckDelay = 300;
 
+// One that still places it elsewhere after so many reminders insists on it: going on would never end.
+constexpr int mostFrameRetries = 5;
+
 template<std::size_t count>
 void writeProperty(xcb_connection_t* xcb, xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
                    const std::array<std::uint32_t, count>& values) {
@@ -50,8 +53,8 @@ X11PanelWindow::X11PanelWindow(QWidget& widget, X11Connection& server, const X11
     });
     // Qt maps points to pixels by the screens it knows: once it knows others, the same frame may lie
     // elsewhere.
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, &X11PanelWindow::applyFrame);
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11PanelWindow::applyFrame,
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &X11PanelWindow::screensChanged);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11PanelWindow::screensChanged,
             Qt::QueuedConnection);
 }
 
@@ -156,6 +159,7 @@ void X11PanelWindow::setFrame(const QRect& frame) {
         return;
     }
     target = frame;
+    frameRetries = 0;
     applyFrame();
 }
 
@@ -167,9 +171,16 @@ void X11PanelWindow::applyFrame() {
 }
 
 void X11PanelWindow::checkFrame() {
-    if (contents && contents->isVisible() && contents->geometry() != target) {
+    if (contents && contents->isVisible() && contents->geometry() != target &&
+        frameRetries < mostFrameRetries) {
+        ++frameRetries;
         applyFrame();
     }
+}
+
+void X11PanelWindow::screensChanged() {
+    frameRetries = 0;
+    applyFrame();
 }
 
 void X11PanelWindow::setInputRegion(const QRegion& region) {

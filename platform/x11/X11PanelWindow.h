@@ -21,6 +21,9 @@ class X11Compositor;
 ///
 /// While nothing composites, the window's bounds are the visible shape. The X server takes no clicks outside
 /// the bounds, so what is not seen lets them through then even inside the input region.
+///
+/// A window manager that places the window elsewhere is asked again a few times, then has its way until the
+/// frame or the screens change.
 class X11PanelWindow final : public PanelWindow {
     Q_OBJECT
 
@@ -56,6 +59,7 @@ private:
     void applyShapes();
     void applyShape(xcb_shape_kind_t kind, const QRegion* region);
     void checkFrame();
+    void screensChanged();
 
     X11Connection& connection;
     const X11Compositor& compositor;
@@ -70,6 +74,7 @@ private:
     std::optional<QRegion> sentBounds;
     double sentScale = 0.0;
     QTimer frameCheck;
+    int frameRetries = 0;
     bool closed = false;
     int shapeRequestCount = 0;
 };

@@ -2,9 +2,12 @@
 
 #include <QWindow>
 
+#include <array>
+
 namespace quillary {
 
 using test::TestWindow;
+using test::VirtualDisplay;
 using X11PanelWindowTest = test::PanelFixture;
 
 namespace {
@@ -156,6 +159,29 @@ TEST_F(X11PanelWindowTest, standsToThePixelWithoutWindowManagerToo) {
     startPanel();
     present(QRect(1540, 680, 600, 120));
     EXPECT_TRUE(eventually([&] { return place() == QRect(1540, 680, 600, 120); }));
+}
+
+TEST_F(X11PanelWindowTest, givesInToAWindowManagerThatInsistsOnAnotherPlace) {
+    startPanel();
+    const QRect frame(300, 300, 200, 100);
+    present(frame);
+    ASSERT_TRUE(eventually([&] { return place() == frame; }));
+    int moves = 0;
+    const auto insist = [&] {
+        if (place() != QRect(50, 60, 200, 100)) {
+            const std::array<std::uint32_t, 2> position{50, 60};
+            xcb_configure_window(display.xcb(), id(), XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
+                                 position.data());
+            ++moves;
+        }
+        return false;
+    };
+    VirtualDisplay::waitUntil(insist, 4000);
+    // The first place, and five reminders.
+    EXPECT_EQ(moves, 6);
+    EXPECT_EQ(place(), QRect(50, 60, 200, 100));
+    panel->setFrame(QRect(400, 300, 200, 100));
+    EXPECT_TRUE(eventually([&] { return place() == QRect(400, 300, 200, 100); }));
 }
 
 TEST_F(X11PanelWindowTest, orderFrontBringsItAboveOtherPanels) {
