@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxSystemDockPreferences.h"
 
 #include "core/SystemDock.h"
+#include "core/Utf8.h"
 #include "platform/linux/DefaultApplications.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/DesktopFavourites.h"
@@ -43,7 +44,7 @@ std::vector<std::string> defaults(const EntryIndex& entries) {
 } // namespace
 
 DockPrefs LinuxSystemDockPreferences::read() const {
-    return {};
+    return DockPrefs::hidden;
 }
 
 void LinuxSystemDockPreferences::write(const DockPrefs& /*prefs*/) {}
@@ -57,7 +58,9 @@ std::vector<std::string> LinuxSystemDockPreferences::pinnedItems() const {
         std::filesystem::path(g_get_home_dir()) / "Library/Preferences/com.apple.dock.plist";
     std::error_code error;
     if (std::filesystem::is_regular_file(dockFile, error)) {
-        return SystemDock::load(dockFile);
+        auto paths = SystemDock::load(dockFile);
+        std::erase_if(paths, [](const std::string& path) { return !isValidUtf8(path); });
+        return paths;
     }
     const EntryIndex entries(readInstalledEntries(applicationFolders()).entries);
     const char* desktop = g_getenv("XDG_CURRENT_DESKTOP");
@@ -65,7 +68,8 @@ std::vector<std::string> LinuxSystemDockPreferences::pinnedItems() const {
         DesktopFavourites::ofDesktop(desktop != nullptr ? desktop : "", g_get_user_config_dir());
     std::vector<std::string> paths;
     const auto add = [&paths](std::string path) {
-        if (!path.empty() && std::find(paths.begin(), paths.end(), path) == paths.end()) {
+        if (!path.empty() && isValidUtf8(path) &&
+            std::find(paths.begin(), paths.end(), path) == paths.end()) {
             paths.push_back(std::move(path));
         }
     };

@@ -39,6 +39,7 @@ TEST_F(SettingsTest, theFirstStartWritesAnEntryForEachScreen) {
     startWithDocks(2);
     const auto settings = home.settings();
     EXPECT_EQ(settings.value(QStringLiteral("hideSystemDock")), QJsonValue(true));
+    EXPECT_FALSE(settings.contains(QStringLiteral("savedSystemDock")));
     EXPECT_EQ(settings.value(QStringLiteral("docks")).toArray().size(), 2);
     const QJsonObject defaults{{QStringLiteral("autoHide"), false},
                                {QStringLiteral("bounceOnLaunch"), true},

@@ -35,12 +35,12 @@ protected:
     const LinuxSystemDockPreferences preferences = {};
 };
 
-TEST_F(PinnedItemsTest, preferencesAreAbsentAndStaySo) {
+TEST_F(PinnedItemsTest, countsAsHiddenAndStaysSo) {
     LinuxSystemDockPreferences dock;
     dock.write(DockPrefs::hidden);
     dock.synchronise();
     dock.restart();
-    EXPECT_EQ(dock.read(), DockPrefs());
+    EXPECT_EQ(dock.read(), (DockPrefs{true, 1000.0}));
 }
 
 TEST_F(PinnedItemsTest, macDockFileStandsBeforeAll) {
@@ -76,6 +76,26 @@ TEST_F(PinnedItemsTest, plasmaGivesItsTaskManagersLaunchers) {
               "applications:gone.desktop,file://" +
                   files + "\n");
     EXPECT_EQ(preferences.pinnedItems(), (Strings{files, editor, browser}));
+}
+
+TEST_F(PinnedItemsTest, pathsThatAreNoUtf8AreLeftOut) {
+    ::setenv("XDG_CURRENT_DESKTOP", "KDE", 1);
+    writeFile(World::home() / "bad-\xff.desktop", "[Desktop Entry]\nType=Application\nName=B\nExec=b\n");
+    writeFile(World::home() / "good-ü.desktop", "[Desktop Entry]\nType=Application\nName=G\nExec=g\n");
+    const auto head = "file://" + World::home().string();
+    writeFile(World::config() / "plasma-org.kde.plasma.desktop-appletsrc",
+              "[C][1]\nplugin=org.kde.plasma.icontasks\n[C][1][Configuration][General]\nlaunchers=" + head +
+                  "/bad-%FF.desktop," + World::home().string() + "/bad-\xff.desktop," + head +
+                  "/good-%C3%BC.desktop\n");
+    EXPECT_EQ(preferences.pinnedItems(), (Strings{files, (World::home() / "good-ü.desktop").string()}));
+}
+
+TEST_F(PinnedItemsTest, macDockPathsThatAreNoUtf8AreLeftOut) {
+    writeFile(World::home() / "Library/Preferences/com.apple.dock.plist",
+              "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>persistent-apps</key><array><dict>"
+              "<key>tile-data</key><dict><key>file-data</key><dict><key>_CFURLString</key>"
+              "<string>file:///Applications/%FF.app/</string></dict></dict></dict></array></dict></plist>");
+    EXPECT_EQ(preferences.pinnedItems(), (Strings{"/System/Library/CoreServices/Finder.app"}));
 }
 
 TEST_F(PinnedItemsTest, plasmaThatNobodyChangedGivesItsOwnDefaults) {
