@@ -5,6 +5,7 @@
 #include "core/SettingsJson.h"
 
 #include <cerrno>
+#include <climits>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -20,6 +21,14 @@ namespace fs = std::filesystem;
 fs::path withBrokenAppended(fs::path url) {
     url += ".broken";
     return url;
+}
+
+// Without reading it into memory: what is over the limit may be of any size.
+void keepTooLarge(const fs::path& url) {
+    std::error_code error;
+    if (fs::is_regular_file(url, error) && fs::file_size(url, error) > SettingsStore::sizeLimit && !error) {
+        fs::copy_file(url, withBrokenAppended(url), fs::copy_options::overwrite_existing, error);
+    }
 }
 
 std::optional<std::string> createFolders(const fs::path& folder) {
@@ -43,6 +52,7 @@ SettingsStore::SettingsStore(fs::path url) : m_url(std::move(url)) {}
 Settings SettingsStore::load() const {
     const std::optional<std::string> content = readBoundedFile(m_url, sizeLimit);
     if (!content) {
+        keepTooLarge(m_url);
         return {};
     }
     if (std::optional<Settings> settings = decodeSettings(*content)) {
@@ -54,6 +64,10 @@ Settings SettingsStore::load() const {
 }
 
 std::optional<std::string> SettingsStore::save(const Settings& settings) const {
+    if (m_url.native().size() >= PATH_MAX) {
+        // The system would refuse it too, but only after one attempt for each of its folders.
+        return std::generic_category().message(ENAMETOOLONG);
+    }
     if (std::optional<std::string> failure = createFolders(m_url.parent_path())) {
         return failure;
     }

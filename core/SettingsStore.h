@@ -20,14 +20,15 @@ public:
 
     [[nodiscard]] const std::filesystem::path& url() const { return m_url; }
 
-    /// The settings in the file. A file that is missing, unreadable or larger than `sizeLimit` gives the
-    /// defaults and nothing is written. One that is no settings file gives the defaults too, and its bytes
-    /// are copied to the location with ".broken" appended, replacing an earlier copy; the file itself stays
-    /// as it is.
+    /// The settings in the file. A file that is missing or unreadable gives the defaults and nothing is
+    /// written. One that is no settings file, or larger than `sizeLimit`, gives the defaults too, and its
+    /// bytes are copied to the location with ".broken" appended, replacing an earlier copy; the file itself
+    /// stays as it is.
     [[nodiscard]] Settings load() const;
 
     /// Replaces the file as `AtomicFile::write` does, after creating missing folders (mode 0700, as the XDG
-    /// Base Directory rules ask). Returns nothing on success, else the text of the error.
+    /// Base Directory rules ask). Returns nothing on success, else the text of the error. A location longer
+    /// than PATH_MAX is refused before anything is created.
     [[nodiscard]] std::optional<std::string> save(const Settings& settings) const;
 
 private:

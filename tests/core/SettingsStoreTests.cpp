@@ -97,9 +97,29 @@ TEST(SettingsStore, sizeIsBounded) {
     const std::string text = R"({"onboarded": true})";
     writeFile(file, text + std::string(SettingsStore::sizeLimit - text.size(), ' '));
     EXPECT_EQ(SettingsStore(file).load(), Settings({}, true));
+    EXPECT_EQ(folder.names(), Names{"settings.json"});
     writeFile(file, text + std::string(SettingsStore::sizeLimit - text.size() + 1, ' '));
     EXPECT_EQ(SettingsStore(file).load(), Settings());
-    EXPECT_EQ(folder.names(), Names{"settings.json"});
+}
+
+TEST(SettingsStore, aFileThatIsTooLargeIsCopiedAside) {
+    const TemporaryFolder folder;
+    const fs::path file = folder.path() / "settings.json";
+    const std::string content = R"({"onboarded": true})" + std::string(SettingsStore::sizeLimit, ' ');
+    writeFile(file, content);
+    writeFile(folder.path() / "settings.json.broken", "an earlier copy");
+    EXPECT_EQ(SettingsStore(file).load(), Settings());
+    EXPECT_TRUE(readFile(file) == content);
+    EXPECT_TRUE(readFile(folder.path() / "settings.json.broken") == content);
+    EXPECT_EQ(folder.names(), (Names{"settings.json", "settings.json.broken"}));
+}
+
+TEST(SettingsStore, aTooLargeFileThatCannotBeCopiedIsNoFailure) {
+    const TemporaryFolder folder;
+    writeFile(folder.path() / "settings.json", std::string(SettingsStore::sizeLimit + 1, ' '));
+    fs::create_directory(folder.path() / "settings.json.broken");
+    EXPECT_EQ(SettingsStore(folder.path() / "settings.json").load(), Settings());
+    EXPECT_TRUE(fs::is_empty(folder.path() / "settings.json.broken"));
 }
 
 TEST(SettingsStore, whatWouldNotBeReadAgainIsNotWritten) {
@@ -140,6 +160,18 @@ TEST(SettingsStore, aFolderThatCannotBeCreatedFails) {
     ASSERT_TRUE(failure.has_value());
     EXPECT_THAT(*failure, HasSubstr("Not a directory"));
     EXPECT_EQ(folder.names(), Names{"file"});
+}
+
+TEST(SettingsStore, aPathTooLongIsRefusedAtOnce) {
+    const TemporaryFolder folder;
+    fs::path file = folder.path() / "made";
+    std::string folders;
+    for (int level = 0; level < 500000; ++level) {
+        folders += "/a";
+    }
+    file += folders;
+    EXPECT_EQ(SettingsStore(file / "settings.json").save(someSettings()), "File name too long");
+    EXPECT_EQ(folder.names(), Names{});
 }
 
 TEST(SettingsStore, aDamagedScreenNameDoesNotKeepTheRestFromBeingSaved) {
