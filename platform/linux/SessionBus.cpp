@@ -40,9 +40,19 @@ std::shared_ptr<Attempt> startAttempt() {
     return attempt;
 }
 
+struct Current {
+    std::mutex lock;
+    std::shared_ptr<Attempt> attempt;
+};
+
+Current& current() {
+    // Never destroyed: a worker may still ask for it while the program ends.
+    static auto& instance = *new Current;
+    return instance;
+}
+
 std::shared_ptr<Attempt> currentAttempt() {
-    static std::mutex lock;
-    static std::shared_ptr<Attempt> attempt;
+    auto& [lock, attempt] = current();
     const std::lock_guard guard(lock);
     if (attempt) {
         const std::lock_guard attemptGuard(attempt->lock);
