@@ -5,13 +5,40 @@
 
 #include <gio/gio.h>
 
+#include <chrono>
+#include <condition_variable>
 #include <filesystem>
+#include <mutex>
+#include <stop_token>
+#include <thread>
 
 namespace quillary {
 
 namespace {
 
 constexpr int timeoutMilliseconds = 2000;
+
+using Cancellable = Released<GCancellable, g_object_unref>;
+
+// Cancels after the time limit, unless it is destroyed first.
+class TimeLimit {
+public:
+    [[nodiscard]] GCancellable* cancellable() const { return m_cancellable.get(); }
+
+private:
+    void wait(const std::stop_token& stop) const {
+        std::mutex lock;
+        std::condition_variable_any never;
+        std::unique_lock guard(lock);
+        never.wait_for(guard, stop, std::chrono::milliseconds(timeoutMilliseconds), [] { return false; });
+        if (!stop.stop_requested()) {
+            g_cancellable_cancel(m_cancellable.get());
+        }
+    }
+
+    Cancellable m_cancellable{g_cancellable_new()};
+    std::jthread m_thread{[this](const std::stop_token& stop) { wait(stop); }};
+};
 
 using Bus = Released<GDBusConnection, g_object_unref>;
 
@@ -58,7 +85,10 @@ Bus userManagerBus() {
     }
     constexpr auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    return Bus(g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr));
+    // GIO waits without end for the first word of a bus that takes the connection and says nothing.
+    const TimeLimit limit;
+    return Bus(g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, limit.cancellable(),
+                                                      nullptr));
 }
 
 } // namespace

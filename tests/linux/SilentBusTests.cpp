@@ -1,4 +1,5 @@
 #include "platform/linux/Launcher.h"
+#include "platform/linux/TransientScope.h"
 #include "tests/fake/ManualScheduler.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
@@ -8,7 +9,10 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <future>
+#include <memory>
 #include <stdexcept>
+#include <thread>
 
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -32,7 +36,6 @@ public:
             ::listen(m_socket, 8) != 0) {
             throw std::runtime_error("no socket");
         }
-        ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + text).c_str(), 1);
     }
     SilentBus(const SilentBus&) = delete;
     SilentBus& operator=(const SilentBus&) = delete;
@@ -50,6 +53,7 @@ double seconds(const std::function<void()>& work) {
 
 TEST(SilentBus, callsReturnAtOnceAndTheWorkerGivesUp) {
     const SilentBus bus(World::root() / "bus");
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (World::root() / "bus").string()).c_str(), 1);
     ManualScheduler scheduler;
     LinesLog log;
     Launcher launcher(scheduler, log);
@@ -69,6 +73,20 @@ TEST(SilentBus, callsReturnAtOnceAndTheWorkerGivesUp) {
               (std::vector<std::string>{"Quillary: could not launch a: the session bus does not answer",
                                         "Quillary: could not reveal /tmp: the session bus does not answer",
                                         "Quillary: could not open /tmp: the session bus does not answer"}));
+}
+
+TEST(SilentBus, userManagerThatSaysNothingIsGivenUp) {
+    std::filesystem::create_directories(World::root() / "runtime");
+    const SilentBus bus(World::root() / "runtime" / "bus");
+    const auto ended = std::make_shared<std::promise<void>>();
+    auto end = ended->get_future();
+    // Not waited for: a failure is a thread that never ends.
+    std::thread([ended] {
+        putInScopeOfItsOwn(nullptr, "a", ::getpid());
+        ended->set_value();
+    }).detach();
+    EXPECT_EQ(end.wait_for(std::chrono::seconds(1)), std::future_status::timeout);
+    EXPECT_EQ(end.wait_for(std::chrono::seconds(9)), std::future_status::ready);
 }
 
 } // namespace
