@@ -17,6 +17,7 @@ namespace {
 constexpr std::size_t largestEntry = std::size_t{1} << 20U;
 constexpr std::size_t longestCommand = 8192;
 constexpr std::size_t mostCategories = 64;
+constexpr int longestShownName = 256;
 constexpr std::string_view group = "[Desktop Entry]";
 
 using KeyFile = Released<GKeyFile, g_key_file_unref>;
@@ -91,6 +92,26 @@ std::vector<std::string> commandWords(const std::string& command) {
     return takeTexts(words);
 }
 
+// The text must be valid UTF-8, as all that GKeyFile gives is.
+std::string fitToBeShown(const std::string& text) {
+    std::string shown;
+    const char* place = text.c_str();
+    for (int count = 0; *place != '\0' && count < longestShownName; ++count) {
+        const char* next = g_utf8_find_next_char(place, nullptr);
+        switch (g_unichar_type(g_utf8_get_char(place))) {
+        case G_UNICODE_CONTROL:
+        case G_UNICODE_LINE_SEPARATOR:
+        case G_UNICODE_PARAGRAPH_SEPARATOR:
+            shown += ' ';
+            break;
+        default:
+            shown.append(place, next);
+        }
+        place = next;
+    }
+    return shown;
+}
+
 bool isFieldCode(const std::string& word) {
     return word.size() == 2 && word.front() == '%';
 }
@@ -137,6 +158,7 @@ std::optional<DesktopEntry> readDesktopEntry(const std::string& path, const std:
     if (entry.localisedName.empty()) {
         entry.localisedName = entry.name;
     }
+    entry.localisedName = fitToBeShown(entry.localisedName);
     entry.icon = keys.localised(G_KEY_FILE_DESKTOP_KEY_ICON);
     entry.startupWmClass = keys.text(G_KEY_FILE_DESKTOP_KEY_STARTUP_WM_CLASS);
     entry.sandbox = keys.text("X-Flatpak");

@@ -15,7 +15,8 @@ struct DesktopEntry {
     /// Desktop file id: the path below the applications folder with '/' as '-' ("kde4-foo.desktop").
     std::string id;
     std::string name;
-    /// The name in the user's language; `name` when there is no translation.
+    /// The name in the user's language, `name` when there is no translation, fit to be shown: at most 256
+    /// characters, spaces for control characters and line breaks.
     std::string localisedName;
     /// Name of a themed icon, or absolute path of a picture.
     std::string icon;

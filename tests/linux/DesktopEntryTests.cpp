@@ -51,6 +51,31 @@ TEST_F(DesktopEntryTest, nameWithoutTranslationStands) {
     EXPECT_EQ(entry->localisedName, "Files");
 }
 
+TEST_F(DesktopEntryTest, shownNameIsBoundedAtACharacter) {
+    std::string longName;
+    std::string shown;
+    for (int count = 0; count < 300; ++count) {
+        longName += "ü";
+        shown += count < 256 ? "ü" : "";
+    }
+    const std::string rest = "\nExec=a\n";
+    const auto own = read("[Desktop Entry]\nType=Application\nName=" + longName + rest);
+    ASSERT_TRUE(own);
+    EXPECT_EQ(own->localisedName, shown);
+    const auto translated = read("[Desktop Entry]\nType=Application\nName=A\nName[de]=" + longName + rest);
+    ASSERT_TRUE(translated);
+    EXPECT_EQ(translated->localisedName, shown);
+}
+
+TEST_F(DesktopEntryTest, shownNameIsOneLineOfText) {
+    const auto entry = read("[Desktop Entry]\nType=Application\n"
+                            "Name=a\\nb\\tc\x1b"
+                            "d\x7f"
+                            "e\u0085f\u2028g\u2029h\\r\nExec=a\n");
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->localisedName, "a b c d e f g h ");
+}
+
 TEST_F(DesktopEntryTest, tryExecOfMissingProgramIsNoted) {
     const auto entry = read("[Desktop Entry]\nType=Application\nName=A\nExec=a\nTryExec=surely-not-there\n");
     ASSERT_TRUE(entry);
