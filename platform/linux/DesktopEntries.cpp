@@ -2,8 +2,6 @@
 
 #include "platform/Scheduler.h"
 
-#include <QStringList>
-
 #include <algorithm>
 #include <set>
 #include <utility>
@@ -20,6 +18,11 @@ constexpr std::size_t mostFiles = 20000;
 constexpr int deepestLevel = 8;
 // Package managers write many files: read them once when they have finished.
 constexpr double settlingSeconds = 0.5;
+
+bool isFolder(const std::filesystem::path& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(path, error);
+}
 
 std::vector<std::string> currentDesktops() {
     const char* names = g_getenv("XDG_CURRENT_DESKTOP");
@@ -94,6 +97,20 @@ std::vector<std::filesystem::path> applicationFolders() {
     return folders;
 }
 
+std::filesystem::path ancestorToWatch(const std::filesystem::path& missing) {
+    const auto parent = missing.parent_path();
+    for (const auto& folder : {parent, parent.parent_path()}) {
+        std::error_code error;
+        if (isFolder(folder)) {
+            const bool tooMuch = !folder.has_relative_path() ||
+                                 std::filesystem::equivalent(folder, g_get_home_dir(), error) ||
+                                 std::filesystem::equivalent(folder, "/", error);
+            return tooMuch ? std::filesystem::path() : folder;
+        }
+    }
+    return {};
+}
+
 InstalledEntries readInstalledEntries(const std::vector<std::filesystem::path>& folders) {
     InstalledEntries result;
     Walk walk(result);
@@ -111,33 +128,29 @@ DesktopEntries::~DesktopEntries() = default;
 
 const EntryIndex& DesktopEntries::index() const {
     if (!m_current) {
+        m_missing.clear();
+        std::copy_if(m_roots.begin(), m_roots.end(), std::back_inserter(m_missing),
+                     [](const auto& root) { return !isFolder(root); });
         auto installed = readInstalledEntries(m_roots);
-        watch(installed.folders);
+        m_read.clear();
+        for (const auto& folder : installed.folders) {
+            m_read.append(QString::fromStdString(folder.string()));
+        }
+        watch();
         m_current.emplace(std::move(installed.entries));
     }
     return *m_current;
 }
 
-void DesktopEntries::watch(const std::vector<std::filesystem::path>& folders) const {
-    QStringList paths;
-    const auto add = [&paths](const std::filesystem::path& path) {
-        const auto text = QString::fromStdString(path.string());
-        if (!paths.contains(text)) {
-            paths.append(text);
+void DesktopEntries::watch() const {
+    QStringList paths = m_read;
+    for (const auto& root : m_missing) {
+        const auto ancestor = QString::fromStdString(ancestorToWatch(root).string());
+        if (!ancestor.isEmpty()) {
+            paths.append(ancestor);
         }
-    };
-    std::for_each(folders.begin(), folders.end(), add);
-    // A folder that isn't there yet appears in its nearest ancestor.
-    for (auto missing : m_roots) {
-        std::error_code error;
-        if (std::filesystem::is_directory(missing, error)) {
-            continue;
-        }
-        while (missing.has_relative_path() && !std::filesystem::is_directory(missing, error)) {
-            missing = missing.parent_path();
-        }
-        add(missing);
     }
+    paths.removeDuplicates();
     const auto watched = m_watcher.directories();
     QStringList dropped;
     std::copy_if(watched.begin(), watched.end(), std::back_inserter(dropped),
@@ -150,7 +163,18 @@ void DesktopEntries::watch(const std::vector<std::filesystem::path>& folders) co
     }
 }
 
-void DesktopEntries::folderChanged() {
+bool DesktopEntries::missingRootAppeared() const {
+    return std::any_of(m_missing.begin(), m_missing.end(), isFolder);
+}
+
+void DesktopEntries::folderChanged(const QString& folder) {
+    if (!m_read.contains(folder)) {
+        // First the watching, which may now come closer to what is missing, so that nothing falls in between.
+        watch();
+        if (!missingRootAppeared()) {
+            return;
+        }
+    }
     m_reload = m_scheduler.after(settlingSeconds, [this] {
         m_current.reset();
         Q_EMIT changed();

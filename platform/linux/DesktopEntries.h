@@ -4,6 +4,7 @@
 
 #include <QFileSystemWatcher>
 #include <QObject>
+#include <QStringList>
 
 #include <filesystem>
 #include <memory>
@@ -30,6 +31,11 @@ struct InstalledEntries {
 /// 20,000 files and 8 levels are looked at. Takes no state of the program: any thread may call it.
 [[nodiscard]] InstalledEntries readInstalledEntries(const std::vector<std::filesystem::path>& folders);
 
+/// The folder to watch for an application folder that isn't there yet: its parent, or while that is missing
+/// too, the one above. Empty when neither exists. Never the user's home folder nor the root folder, where too
+/// much else changes.
+[[nodiscard]] std::filesystem::path ancestorToWatch(const std::filesystem::path& missing);
+
 /// The index of installed applications, read when it is first asked for and again after the folders changed.
 class DesktopEntries : public QObject {
     Q_OBJECT
@@ -46,12 +52,16 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void folderChanged();
-    void watch(const std::vector<std::filesystem::path>& folders) const;
+    void folderChanged(const QString& folder);
+    void watch() const;
+    [[nodiscard]] bool missingRootAppeared() const;
 
     Scheduler& m_scheduler;
     std::vector<std::filesystem::path> m_roots;
     mutable std::optional<EntryIndex> m_current;
+    // As of the last reading: the folders that were read, and the roots that weren't there.
+    mutable QStringList m_read;
+    mutable std::vector<std::filesystem::path> m_missing;
     mutable QFileSystemWatcher m_watcher;
     std::unique_ptr<ScheduledTask> m_reload;
 };

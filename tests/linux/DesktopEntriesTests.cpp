@@ -114,6 +114,50 @@ TEST_F(DesktopEntriesTest, folderThatAppearsLaterIsRead) {
     EXPECT_EQ(entries.index().entries().size(), 1U);
 }
 
+TEST_F(DesktopEntriesTest, otherChangesBesideAMissingFolderAreNoReason) {
+    ManualScheduler scheduler;
+    const DesktopEntries entries(scheduler);
+    EXPECT_TRUE(entries.index().entries().empty());
+    writeFile(World::userData() / "noise", "something");
+    QElapsedTimer time;
+    time.start();
+    runLoopUntil([&] { return scheduler.pending() > 0 || time.elapsed() > 500; });
+    EXPECT_EQ(scheduler.pending(), 0U);
+    writeFile(World::userData() / "applications/a.desktop", plain);
+    runLoopUntil([&scheduler] { return scheduler.pending() > 0; });
+    EXPECT_EQ(scheduler.pending(), 1U);
+}
+
+TEST_F(DesktopEntriesTest, folderThatAppearsStepByStepIsRead) {
+    std::filesystem::remove(World::userData());
+    ManualScheduler scheduler;
+    const DesktopEntries entries(scheduler);
+    EXPECT_TRUE(entries.index().entries().empty());
+    std::filesystem::create_directory(World::userData());
+    QElapsedTimer time;
+    time.start();
+    runLoopUntil([&] { return scheduler.pending() > 0 || time.elapsed() > 500; });
+    EXPECT_EQ(scheduler.pending(), 0U);
+    writeFile(World::userData() / "applications/a.desktop", plain);
+    runLoopUntil([&scheduler] { return scheduler.pending() > 0; });
+    scheduler.advance(0.5);
+    EXPECT_EQ(entries.index().entries().size(), 1U);
+}
+
+TEST_F(DesktopEntriesTest, watchesAtMostTwoFoldersUpAndNeverTheHomeFolder) {
+    const auto home = World::home();
+    EXPECT_EQ(ancestorToWatch(home / ".local/share/applications"), "");
+    std::filesystem::create_directory(home / ".local");
+    EXPECT_EQ(ancestorToWatch(home / ".local/share/applications"), home / ".local");
+    std::filesystem::create_directory(home / ".local/share");
+    EXPECT_EQ(ancestorToWatch(home / ".local/share/applications"), home / ".local/share");
+    EXPECT_EQ(ancestorToWatch(home / "data/applications"), "");
+    EXPECT_EQ(ancestorToWatch(home / "applications"), "");
+    EXPECT_EQ(ancestorToWatch("/no-such-folder/applications"), "");
+    EXPECT_EQ(ancestorToWatch("/applications"), "");
+    EXPECT_EQ(ancestorToWatch(home / ".local/a/b/c/applications"), "");
+}
+
 } // namespace
 
 } // namespace quillary::test
