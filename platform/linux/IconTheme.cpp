@@ -6,16 +6,22 @@
 
 #include <QIcon>
 #include <QStringList>
+#include <QXmlStreamReader>
 
 #include <gio/gio.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace quillary::IconTheme {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr std::size_t largestSettings = std::size_t{1} << 20U;
+constexpr qsizetype deepestProperty = 16;
+
 // Found on most systems, with the most complete ones first.
 const std::vector<std::string>& common() {
     static const std::vector<std::string> names{"Adwaita",    "breeze", "Papirus", "Yaru",
@@ -39,6 +45,33 @@ std::string ofKde(const std::filesystem::path& configFolder) {
 
 std::string ofGtk(const std::filesystem::path& configFolder) {
     return keyFileText(configFolder / "gtk-3.0" / "settings.ini", "Settings", "gtk-icon-theme-name");
+}
+
+std::string ofXfce(const std::filesystem::path& configFolder) {
+    const auto text =
+        readBoundedFile(configFolder / "xfce4/xfconf/xfce-perchannel-xml/xsettings.xml", largestSettings);
+    if (!text) {
+        return {};
+    }
+    QXmlStreamReader reader(QByteArray::fromRawData(text->data(), static_cast<qsizetype>(text->size())));
+    const QStringList wanted{u"Net"_s, u"IconThemeName"_s};
+    QStringList names;
+    while (!reader.atEnd() && names.size() < deepestProperty) {
+        const auto token = reader.readNext();
+        if (reader.name() != u"property"_s) {
+            continue;
+        }
+        if (token == QXmlStreamReader::StartElement) {
+            const auto attributes = reader.attributes();
+            names.append(attributes.value(u"name"_s).toString());
+            if (names == wanted) {
+                return attributes.value(u"value"_s).toString().toStdString();
+            }
+        } else if (token == QXmlStreamReader::EndElement && !names.isEmpty()) {
+            names.removeLast();
+        }
+    }
+    return {};
 }
 
 std::string ofGnome() {
@@ -85,13 +118,17 @@ void addUnthemedFolders() {
 } // namespace
 
 std::string chosenByUser(const std::filesystem::path& configFolder, const std::string& currentDesktop) {
-    const bool isKde = currentDesktop.find("KDE") != std::string::npos;
+    const auto isOn = [&currentDesktop](const char* name) {
+        return currentDesktop.find(name) != std::string::npos;
+    };
     const auto gnome = [] { return ofGnome(); };
     const auto gtk = [&configFolder] { return ofGtk(configFolder); };
     const auto kde = [&configFolder] { return ofKde(configFolder); };
-    const std::vector<std::function<std::string()>> order =
-        isKde ? std::vector<std::function<std::string()>>{kde, gtk, gnome}
-              : std::vector<std::function<std::string()>>{gnome, gtk, kde};
+    using Order = std::vector<std::function<std::string()>>;
+    Order order = isOn("KDE") ? Order{kde, gtk, gnome} : Order{gnome, gtk, kde};
+    if (isOn("XFCE")) {
+        order.insert(order.begin(), [&configFolder] { return ofXfce(configFolder); });
+    }
     for (const auto& read : order) {
         if (auto name = read(); isFolderName(name)) {
             return name;

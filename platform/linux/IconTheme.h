@@ -12,8 +12,8 @@ namespace quillary::IconTheme {
 void apply();
 
 /// The name that the user's settings give, whether installed or not: KDE's kdeglobals, GNOME's interface
-/// settings, Xfce's xsettings or GTK's settings.ini, in an order that suits `currentDesktop`
-/// (XDG_CURRENT_DESKTOP). Empty when none does.
+/// settings or GTK's settings.ini, in an order that suits `currentDesktop` (XDG_CURRENT_DESKTOP), and before
+/// them on Xfce its xsettings. Empty when none does.
 [[nodiscard]] std::string chosenByUser(const std::filesystem::path& configFolder,
                                        const std::string& currentDesktop);
 

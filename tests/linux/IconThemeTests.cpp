@@ -19,6 +19,31 @@ TEST_F(IconThemeTest, settingsOfTheDesktopInUseComeFirst) {
     EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "Papirus");
 }
 
+TEST_F(IconThemeTest, xfceHasSettingsOfItsOwn) {
+    const auto channel = World::config() / "xfce4/xfconf/xfce-perchannel-xml/xsettings.xml";
+    writeFile(World::config() / "gtk-3.0/settings.ini", "[Settings]\ngtk-icon-theme-name=Papirus\n");
+    writeFile(channel, R"(<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xsettings" version="1.0">
+  <property name="IconThemeName" type="string" value="elsewhere"/>
+  <property name="Net" type="empty">
+    <property name="ThemeName" type="string" value="Greybird"/>
+    <property name="IconThemeName" type="string" value="elementary-xfce"/>
+  </property>
+</channel>)");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "elementary-xfce");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "GNOME"), "Papirus");
+    writeFile(channel, R"(<channel><property name="Net"><property name="IconThemeName" type="empty"/>)");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "Papirus");
+    std::string deep = "<channel>";
+    for (int level = 0; level < 20000; ++level) {
+        deep += "<property name=\"p\">";
+    }
+    writeFile(channel, deep);
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "Papirus");
+    writeFile(channel, R"(<channel><property name="Net"><property name="IconThemeName" value="../../x"/>)");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "Papirus");
+}
+
 TEST_F(IconThemeTest, otherSettingsStandInForMissingOnes) {
     EXPECT_EQ(IconTheme::chosenByUser(World::config(), "KDE"), "");
     writeFile(World::config() / "kdeglobals", "[Icons]\nTheme=breeze-dark\n");
