@@ -12,6 +12,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <thread>
@@ -87,7 +88,14 @@ std::vector<std::string> serverCommand(VirtualDisplay::Server server, QSize size
 
 VirtualDisplay::VirtualDisplay(Server server, QSize size) {
     if (server == Server::xorgDummy) {
-        configFile = "/tmp/quillary-dummy-" + std::to_string(getpid()) + ".conf";
+        configFile = (std::filesystem::temp_directory_path() / "quillary-dummy-XXXXXX").string();
+        const int file = mkstemp(configFile.data());
+        if (file < 0) {
+            configFile.clear();
+            failure = "no temporary file";
+            return;
+        }
+        ::close(file);
         std::ofstream(configFile) << dummyConfig;
     }
     int ends[2] = {-1, -1};
