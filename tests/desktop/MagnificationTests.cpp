@@ -103,7 +103,7 @@ TEST_F(MagnificationTest, switchedOffNothingGrows) {
     display.movePointer(QPoint(640, 850));
     const QRect labelRoom(560, 774, 160, 35);
     ASSERT_TRUE(eventually([&] { return !inkBox(labelRoom).isEmpty(); })) << "the dock has the pointer";
-    EXPECT_EQ(colourBox(green, leftScreen), QRect(615, 831, 50, 50));
+    EXPECT_TRUE(shows(green, QRect(615, 831, 50, 50)));
 }
 
 TEST_F(MagnificationTest, theLabelStandsAboveTheIconUnderThePointer) {
