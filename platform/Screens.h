@@ -18,8 +18,8 @@ public:
     [[nodiscard]] virtual std::vector<ScreenInfo> list() const = 0;
 
 Q_SIGNALS:
-    /// A screen came or went, or a frame, visible frame or scale changed. Every change is told, none is
-    /// merged.
+    /// A screen came or went, or a frame, visible frame or scale changed. Changes that the system
+    /// tells of together are told once.
     void changed();
 };
 
