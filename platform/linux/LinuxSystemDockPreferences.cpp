@@ -58,9 +58,7 @@ std::vector<std::string> LinuxSystemDockPreferences::pinnedItems() const {
         std::filesystem::path(g_get_home_dir()) / "Library/Preferences/com.apple.dock.plist";
     std::error_code error;
     if (std::filesystem::is_regular_file(dockFile, error)) {
-        auto paths = SystemDock::load(dockFile);
-        std::erase_if(paths, [](const std::string& path) { return !isValidUtf8(path); });
-        return paths;
+        return SystemDock::load(dockFile);
     }
     const EntryIndex entries(readInstalledEntries(applicationFolders()).entries);
     const char* desktop = g_getenv("XDG_CURRENT_DESKTOP");

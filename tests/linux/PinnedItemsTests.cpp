@@ -90,14 +90,6 @@ TEST_F(PinnedItemsTest, pathsThatAreNoUtf8AreLeftOut) {
     EXPECT_EQ(preferences.pinnedItems(), (Strings{files, (World::home() / "good-ü.desktop").string()}));
 }
 
-TEST_F(PinnedItemsTest, macDockPathsThatAreNoUtf8AreLeftOut) {
-    writeFile(World::home() / "Library/Preferences/com.apple.dock.plist",
-              "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>persistent-apps</key><array><dict>"
-              "<key>tile-data</key><dict><key>file-data</key><dict><key>_CFURLString</key>"
-              "<string>file:///Applications/%FF.app/</string></dict></dict></dict></array></dict></plist>");
-    EXPECT_EQ(preferences.pinnedItems(), (Strings{"/System/Library/CoreServices/Finder.app"}));
-}
-
 TEST_F(PinnedItemsTest, plasmaThatNobodyChangedGivesItsOwnDefaults) {
     ::setenv("XDG_CURRENT_DESKTOP", "KDE", 1);
     const auto settings = install("systemsettings.desktop", "Name=Settings\nExec=sh s");
