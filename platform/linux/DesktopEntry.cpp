@@ -35,10 +35,10 @@ std::string_view mainGroup(std::string_view text) {
 
 class Keys {
 public:
-    explicit Keys(std::string_view text) : file(g_key_file_new()) {
-        valid = !text.empty() && g_key_file_load_from_data(file.get(), text.data(), text.size(),
-                                                           G_KEY_FILE_NONE, nullptr) != 0;
-    }
+    explicit Keys(std::string_view text)
+        : file(g_key_file_new()),
+          valid(!text.empty() && g_key_file_load_from_data(file.get(), text.data(), text.size(),
+                                                           G_KEY_FILE_NONE, nullptr) != 0) {}
 
     [[nodiscard]] bool isValid() const { return valid; }
 
@@ -62,7 +62,7 @@ public:
 
 private:
     KeyFile file;
-    bool valid = false;
+    bool valid;
 };
 
 bool meet(const std::vector<std::string>& one, const std::vector<std::string>& other) {
