@@ -16,7 +16,7 @@ class ScheduledTask;
 class Scheduler;
 
 /// The folders below which the system keeps desktop entries, the most important first: "applications" in
-/// XDG_DATA_HOME, then in each of XDG_DATA_DIRS (XDG Base Directory Specification).
+/// XDG_DATA_HOME, then in each of XDG_DATA_DIRS (XDG Base Directory standard).
 [[nodiscard]] std::vector<std::filesystem::path> applicationFolders();
 
 /// What a walk through the application folders finds.

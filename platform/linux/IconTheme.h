@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-/// Which icon theme the program shows (Icon Theme Specification).
+/// Which icon theme the program shows (XDG Icon Theme standard).
 namespace quillary::IconTheme {
 
 /// Sets Qt's icon theme: the one the user chose in the desktop's settings, else what Qt found itself, else

@@ -10,7 +10,7 @@ namespace quillary {
 /// that ask for one, and our environment without the variables that are about this process.
 [[nodiscard]] GAppLaunchContext* makeLaunchContext();
 
-/// A new id of the Startup Notification Specification: unique, ending in "_TIME<milliseconds>". The time is
+/// A new id of the XDG Startup Notification standard: unique, ending in "_TIME<milliseconds>". The time is
 /// the monotonic clock, which local X servers take their timestamps from.
 [[nodiscard]] std::string makeStartupId();
 

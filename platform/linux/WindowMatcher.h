@@ -9,7 +9,7 @@ namespace quillary {
 /// Finds the desktop entry that a window belongs to. Pure: the same window, process and index give the same
 /// entry.
 ///
-/// The most telling evidence decides: StartupWMClass (Desktop Entry Specification), the desktop ids that the
+/// The most telling evidence decides: StartupWMClass (XDG Desktop Entry standard), the desktop ids that the
 /// window names, their reverse-DNS tails, the sandbox, the systemd unit, the entry that GIO says it launched,
 /// and last the name of the program. Names that many programs share ("java", "python3", "electron") are no
 /// evidence.

@@ -20,7 +20,7 @@ public:
     [[nodiscard]] Scheduler& scheduler() override;
     [[nodiscard]] SystemLog& log() override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWidget& contents) override;
-    /// The XDG configuration folder (XDG Base Directory Specification): XDG_CONFIG_HOME when that is an
+    /// The XDG configuration folder (XDG Base Directory standard): XDG_CONFIG_HOME when that is an
     /// absolute path, else ".config" in the home folder.
     [[nodiscard]] std::filesystem::path applicationSupportDirectory() const override;
 
