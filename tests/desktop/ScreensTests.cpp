@@ -19,6 +19,20 @@ protected:
             {dockJson(leftKey, {"/a", "/b"}, options), dockJson(rightKey, {"/c", "/d", "/e"}, options)}));
         startWithDocks(2);
     }
+    /// In KiB, once it changes no more: docks that have just come still slide in and load their icons.
+    long memoryAtRest() {
+        long last = -1;
+        EXPECT_TRUE(eventually([&] {
+            const long now = program.privateMemory();
+            const bool rests = now == last;
+            last = now;
+            if (!rests) {
+                VirtualDisplay::runFor(500);
+            }
+            return rests;
+        }));
+        return last;
+    }
     const QRect left{567, 775, 146, 125};
     const QRect right{1740, 675, 200, 125};
 };
@@ -124,7 +138,7 @@ TEST_F(ScreensTest, pluggingAndUnpluggingForHoursLeavesNothingBehind) {
         if (i == warmUp) {
             windows = windowCount();
             descriptors = program.descriptors();
-            memory = program.privateMemory();
+            memory = memoryAtRest();
         }
         display.unplugMonitor("RIGHT");
         ASSERT_TRUE(eventually([&] { return docks().size() == 1; })) << i;
@@ -135,8 +149,9 @@ TEST_F(ScreensTest, pluggingAndUnpluggingForHoursLeavesNothingBehind) {
     EXPECT_TRUE(eventually([&] { return windowCount() <= windows; })) << windowCount() << " > " << windows;
     EXPECT_TRUE(eventually([&] { return program.descriptors() <= descriptors; }))
         << program.descriptors() << " > " << descriptors;
-    RecordProperty("grownByKiB", std::to_string(program.privateMemory() - memory));
-    EXPECT_LE(program.privateMemory() - memory, allowedKiB);
+    const long grown = memoryAtRest() - memory;
+    RecordProperty("grownByKiB", std::to_string(grown));
+    EXPECT_LE(grown, allowedKiB);
 }
 
 } // namespace quillary::test
