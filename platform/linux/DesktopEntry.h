@@ -7,8 +7,8 @@
 
 namespace quillary {
 
-/// What the program needs to know of one installed application (the XDG Desktop Entry standard, 1.5). Texts are
-/// UTF-8 and empty when the key is absent.
+/// What the program needs to know of one installed application (the XDG Desktop Entry standard, 1.5). Texts
+/// are UTF-8 and empty when the key is absent.
 struct DesktopEntry {
     /// Absolute path of the file.
     std::string path;
