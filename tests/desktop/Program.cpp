@@ -70,17 +70,16 @@ std::size_t Program::descriptors() const {
     return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
 }
 
-long Program::privateMemory() const {
+long Program::anonymousMemory() const {
     std::ifstream rollup("/proc/" + std::to_string(pid) + "/smaps_rollup");
     std::string word;
-    long sum = 0;
+    long kib = 0;
     while (rollup >> word) {
-        long kib = 0;
-        if ((word == "Private_Clean:" || word == "Private_Dirty:") && rollup >> kib) {
-            sum += kib;
+        if (word == "Anonymous:" && rollup >> kib) {
+            return kib;
         }
     }
-    return sum;
+    return -1;
 }
 
 } // namespace quillary::test

@@ -40,8 +40,9 @@ public:
     [[nodiscard]] std::string log() const;
     /// Open file descriptors.
     [[nodiscard]] std::size_t descriptors() const;
-    /// Memory that is this process's alone, KiB.
-    [[nodiscard]] long privateMemory() const;
+    /// Heap and stacks, KiB: what no file backs. Private pages would also count those of libraries that other
+    /// programs just ceased to share. Negative when it cannot be read.
+    [[nodiscard]] long anonymousMemory() const;
 
 private:
     void reap();

@@ -23,7 +23,7 @@ protected:
     long memoryAtRest() {
         long last = -1;
         EXPECT_TRUE(eventually([&] {
-            const long now = program.privateMemory();
+            const long now = program.anonymousMemory();
             const bool rests = now == last;
             last = now;
             if (!rests) {
