@@ -14,7 +14,7 @@ using namespace std::string_literals;
 class ProcessFactsTest : public WorldTest {
 protected:
     static std::filesystem::path process(int pid) {
-        const auto folder = World::home() / "proc" / std::to_string(pid);
+        auto folder = World::home() / "proc" / std::to_string(pid);
         std::filesystem::create_directories(folder);
         return folder;
     }
