@@ -107,11 +107,11 @@ start_desktop() {
 }
 
 window_manager_runs() {
-    xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'
+    [[ $(xprop -root _NET_SUPPORTING_WM_CHECK) == *'window id'* ]]
 }
 
 compositor_runs() {
-    xwininfo -root -tree | grep -q '"picom"'
+    [[ $(xwininfo -root -tree) == *'"picom"'* ]]
 }
 
 wallpaper() {
