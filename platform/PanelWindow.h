@@ -1,9 +1,13 @@
 #pragma once
 
+#include "platform/Menu.h"
+
 #include <QImage>
 #include <QObject>
 #include <QRect>
 #include <QRegion>
+
+#include <functional>
 
 class QWidget;
 
@@ -37,6 +41,12 @@ public:
 
     /// Shows the window in front without taking the focus.
     virtual void orderFront() = 0;
+    /// Opens a menu whose corner is at a point of the panel (points, origin top-left), moved so that all of
+    /// it is on the panel's screen, and lets pointer and keyboard work in it until it closes; a menu that is
+    /// open already anywhere in the program closes first. `closed` runs once, after the handler of what was
+    /// chosen, if anything was; it does not run when the window goes first, and the menu goes with the
+    /// window.
+    virtual void popUpMenu(Menu menu, QPoint location, std::function<void()> closed) = 0;
     /// Takes the window off the screen for good.
     virtual void close() = 0;
     [[nodiscard]] virtual bool isVisible() const = 0;

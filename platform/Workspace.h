@@ -4,6 +4,7 @@
 
 #include <QIcon>
 #include <QObject>
+#include <QRectF>
 
 #include <optional>
 #include <string>
@@ -23,6 +24,9 @@ public:
     [[nodiscard]] virtual std::vector<RunningApplication> runningApplications() const = 0;
     /// The application that has the keyboard focus, if any.
     [[nodiscard]] virtual std::optional<RunningApplication> frontmostApplication() const = 0;
+    /// The frame of the full-screen window that has the focus, this program's own included; absent when there
+    /// is none. Such a window covers the docks of the screens it is on. Global points.
+    [[nodiscard]] virtual std::optional<QRectF> fullScreenFrame() const = 0;
     /// This program's own identifier, in the form of RunningApplication::bundleIdentifier.
     [[nodiscard]] virtual std::optional<std::string> ownBundleIdentifier() const = 0;
 
@@ -51,6 +55,7 @@ Q_SIGNALS:
     void applicationLaunched();
     void applicationTerminated();
     void applicationActivated();
+    void fullScreenChanged();
 };
 
 } // namespace quillary

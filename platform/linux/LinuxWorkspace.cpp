@@ -122,6 +122,10 @@ std::optional<RunningApplication> LinuxWorkspace::frontmostApplication() const {
     return application != nullptr ? std::optional(running(*application)) : std::nullopt;
 }
 
+std::optional<QRectF> LinuxWorkspace::fullScreenFrame() const {
+    return std::nullopt;
+}
+
 std::optional<std::string> LinuxWorkspace::ownBundleIdentifier() const {
     return ownId;
 }

@@ -27,6 +27,7 @@ public:
 
     [[nodiscard]] std::vector<RunningApplication> runningApplications() const override;
     [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
+    [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override;
     /// The id under which this program installs its own entry.
     [[nodiscard]] std::optional<std::string> ownBundleIdentifier() const override;
 

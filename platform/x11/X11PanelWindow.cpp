@@ -246,6 +246,10 @@ void X11PanelWindow::orderFront() {
     xcb_flush(qtConnection());
 }
 
+void X11PanelWindow::popUpMenu(Menu /*menu*/, QPoint /*location*/, std::function<void()> whenClosed) {
+    whenClosed();
+}
+
 void X11PanelWindow::close() {
     if (closed) {
         return;

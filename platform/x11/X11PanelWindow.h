@@ -40,6 +40,7 @@ public:
     void setVisibleShape(const QRegion& region) override;
     [[nodiscard]] bool composited() const override;
     void orderFront() override;
+    void popUpMenu(Menu menu, QPoint location, std::function<void()> whenClosed) override;
     void close() override;
     [[nodiscard]] bool isVisible() const override;
     [[nodiscard]] QImage grab() override;

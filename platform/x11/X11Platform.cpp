@@ -1,5 +1,7 @@
 #include "platform/x11/X11Platform.h"
 
+#include "platform/SingleInstance.h"
+#include "platform/StatusItem.h"
 #include "platform/linux/LinuxSystemDockPreferences.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/SyslogLog.h"
@@ -18,6 +20,20 @@
 #include <cstdlib>
 
 namespace quillary {
+
+namespace {
+
+class AlwaysFirst final : public SingleInstance {
+public:
+    [[nodiscard]] bool claim() override { return true; }
+};
+
+class AbsentStatusItem final : public StatusItem {
+public:
+    [[nodiscard]] bool isShown() const override { return false; }
+};
+
+} // namespace
 
 // In the order in which one builds on another.
 struct X11Platform::Parts {
@@ -40,6 +56,7 @@ struct X11Platform::Parts {
     X11PointerMonitor pointer;
     X11WindowSource windows;
     LinuxWorkspace workspace;
+    AlwaysFirst instance;
 };
 
 X11Platform::X11Platform(std::unique_ptr<Parts> made) : parts(std::move(made)) {}
@@ -84,6 +101,16 @@ Scheduler& X11Platform::scheduler() {
 
 SystemLog& X11Platform::log() {
     return parts->log;
+}
+
+SingleInstance& X11Platform::instance() {
+    return parts->instance;
+}
+
+std::unique_ptr<StatusItem> X11Platform::makeStatusItem(const QIcon& /*symbol*/,
+                                                        const std::string& /*description*/,
+                                                        std::function<Menu()> /*menuNeedsUpdate*/) {
+    return std::make_unique<AbsentStatusItem>();
 }
 
 std::unique_ptr<PanelWindow> X11Platform::makePanelWindow(QWidget& contents) {

@@ -19,6 +19,10 @@ public:
     [[nodiscard]] PointerMonitor& pointer() override;
     [[nodiscard]] Scheduler& scheduler() override;
     [[nodiscard]] SystemLog& log() override;
+    [[nodiscard]] SingleInstance& instance() override;
+    [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(const QIcon& symbol,
+                                                             const std::string& description,
+                                                             std::function<Menu()> menuNeedsUpdate) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWidget& contents) override;
     /// The XDG configuration folder (XDG Base Directory standard): XDG_CONFIG_HOME when that is an
     /// absolute path, else ".config" in the home folder.

@@ -63,6 +63,11 @@ void FakeWorkspace::activate(const std::string& path) {
     Q_EMIT applicationActivated();
 }
 
+void FakeWorkspace::setFullScreen(std::optional<QRectF> frame) {
+    fullScreen = frame;
+    Q_EMIT fullScreenChanged();
+}
+
 void FakeSystemDock::write(const DockPrefs& values) {
     prefs = values;
     calls.emplace_back("write");
@@ -89,6 +94,54 @@ QImage FakePanelWindow::grab() {
     return picture;
 }
 
+void FakePanelWindow::popUpMenu(Menu shown, QPoint location, std::function<void()> closed) {
+    dismissMenu();
+    menu = std::move(shown);
+    menuLocation = location;
+    menuClosed = std::move(closed);
+    ++menusOpened;
+}
+
+bool FakePanelWindow::choose(const std::vector<std::string>& titles) {
+    // Taken out first: what is chosen may open another menu.
+    const Menu open = menu.value_or(Menu());
+    const auto closed = std::exchange(menuClosed, nullptr);
+    menu.reset();
+    if (!test::choose(open, titles)) {
+        menu = open;
+        menuClosed = closed;
+        return false;
+    }
+    if (closed) {
+        closed();
+    }
+    return true;
+}
+
+void FakePanelWindow::dismissMenu() {
+    menu.reset();
+    if (const auto closed = std::exchange(menuClosed, nullptr)) {
+        closed();
+    }
+}
+
+bool choose(const Menu& menu, const std::vector<std::string>& titles) {
+    const Menu* level = &menu;
+    for (std::size_t depth = 0; depth < titles.size(); ++depth) {
+        const auto found = std::ranges::find_if(
+            *level, [&title = titles[depth]](const ClosureMenuItem& item) { return item.title == title; });
+        if (found == level->end() || !found->enabled) {
+            return false;
+        }
+        if (depth + 1 == titles.size()) {
+            found->fire();
+            return found->kind == ClosureMenuItem::Kind::entry;
+        }
+        level = &found->items;
+    }
+    return false;
+}
+
 void FakePanelWindow::setComposited(bool composited) {
     blends = composited;
     Q_EMIT compositedChanged();
@@ -104,6 +157,14 @@ std::unique_ptr<PanelWindow> FakePlatform::makePanelWindow(QWidget& contents) {
         std::erase_if(windows, [gone](auto* known) { return known == gone; });
     });
     return window;
+}
+
+std::unique_ptr<StatusItem> FakePlatform::makeStatusItem(const QIcon& symbol, const std::string& description,
+                                                         std::function<Menu()> menuNeedsUpdate) {
+    auto item = std::make_unique<FakeStatusItem>(symbol, description, std::move(menuNeedsUpdate));
+    statusItem = item.get();
+    QObject::connect(item.get(), &QObject::destroyed, [this] { statusItem = nullptr; });
+    return item;
 }
 
 std::filesystem::path FakePlatform::applicationSupportDirectory() const {

@@ -4,6 +4,8 @@
 #include "platform/Platform.h"
 #include "platform/PointerMonitor.h"
 #include "platform/Screens.h"
+#include "platform/SingleInstance.h"
+#include "platform/StatusItem.h"
 #include "platform/SystemDockPreferences.h"
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
@@ -31,6 +33,7 @@ class FakeWorkspace final : public Workspace {
 public:
     [[nodiscard]] std::vector<RunningApplication> runningApplications() const override { return running; }
     [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override { return front; }
+    [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override { return fullScreen; }
     [[nodiscard]] std::optional<std::string> ownBundleIdentifier() const override { return ownIdentifier; }
     [[nodiscard]] bool isApplication(const std::string& path) const override {
         return path.ends_with(".app");
@@ -48,9 +51,12 @@ public:
     void launch(const std::string& path);
     void quit(const std::string& path);
     void activate(const std::string& path);
+    /// Puts a focused full-screen window there, or none, and tells of it.
+    void setFullScreen(std::optional<QRectF> frame);
 
     std::vector<RunningApplication> running;
     std::optional<RunningApplication> front;
+    std::optional<QRectF> fullScreen;
     std::optional<std::string> ownIdentifier = "io.quillary.Quillary";
     std::set<std::string> missing;
     /// What was asked for, one line a call: the operation and its paths.
@@ -92,9 +98,16 @@ public:
     void setVisibleShape(const QRegion& region) override { visibleShape = region; }
     [[nodiscard]] bool composited() const override { return blends; }
     void orderFront() override;
+    void popUpMenu(Menu menu, QPoint location, std::function<void()> closed) override;
     void close() override { visible = false; }
     [[nodiscard]] bool isVisible() const override { return visible; }
     [[nodiscard]] QImage grab() override;
+
+    /// Chooses the entry of the open menu that these titles lead to ("Position", "Left"); false, and the menu
+    /// stays open, when there is none or it cannot be chosen.
+    bool choose(const std::vector<std::string>& titles);
+    /// Closes the open menu without a choice.
+    void dismissMenu();
 
     /// Starts or ends blending and tells of it.
     void setComposited(bool composited);
@@ -107,7 +120,39 @@ public:
     bool ignoresMouseEvents = false;
     bool blends = true;
     bool visible = false;
+    /// The menu that is open, and where; menusOpened counts all there were.
+    std::optional<Menu> menu;
+    QPoint menuLocation;
+    int menusOpened = 0;
+
+private:
+    std::function<void()> menuClosed;
 };
+
+/// A status bar that a test starts and ends.
+class FakeStatusItem final : public StatusItem {
+public:
+    FakeStatusItem(QIcon image, std::string accessibleName, std::function<Menu()> provider)
+        : symbol(std::move(image)),
+          description(std::move(accessibleName)),
+          menuNeedsUpdate(std::move(provider)) {}
+    [[nodiscard]] bool isShown() const override { return shown; }
+
+    QIcon symbol;
+    std::string description;
+    std::function<Menu()> menuNeedsUpdate;
+    bool shown = true;
+};
+
+class FakeInstance final : public SingleInstance {
+public:
+    [[nodiscard]] bool claim() override { return !taken; }
+
+    bool taken = false;
+};
+
+/// Fires the entry that these titles lead to; false when there is none or it cannot be chosen.
+bool choose(const Menu& menu, const std::vector<std::string>& titles);
 
 class FakeLog final : public SystemLog {
 public:
@@ -125,12 +170,18 @@ public:
     [[nodiscard]] FakePointer& pointer() override { return pointerMonitor; }
     [[nodiscard]] ManualScheduler& scheduler() override { return time; }
     [[nodiscard]] FakeLog& log() override { return lines; }
+    [[nodiscard]] FakeInstance& instance() override { return only; }
+    [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(const QIcon& symbol,
+                                                             const std::string& description,
+                                                             std::function<Menu()> menuNeedsUpdate) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWidget& contents) override;
     [[nodiscard]] std::filesystem::path applicationSupportDirectory() const override;
 
     /// The windows made so far that still exist, in the order they were made in.
     std::vector<FakePanelWindow*> windows;
     int windowsMade = 0;
+    /// The program's status item while it exists.
+    FakeStatusItem* statusItem = nullptr;
 
 private:
     QTemporaryDir folder;
@@ -140,6 +191,7 @@ private:
     FakeSystemDock dock;
     FakePointer pointerMonitor;
     FakeLog lines;
+    FakeInstance only;
 };
 
 /// A screen of that name and frame whose visible frame is the whole of it; its key is "KEY-" and the name.

@@ -1,0 +1,29 @@
+#include "platform/Menu.h"
+
+#include <utility>
+
+namespace quillary {
+
+ClosureMenuItem::ClosureMenuItem(std::string text, bool isChecked, std::function<void()> action)
+    : title(std::move(text)), checked(isChecked), handler(std::move(action)) {}
+
+ClosureMenuItem ClosureMenuItem::separator() {
+    ClosureMenuItem item({}, false, nullptr);
+    item.kind = Kind::separator;
+    return item;
+}
+
+ClosureMenuItem ClosureMenuItem::submenu(std::string title, Menu items) {
+    ClosureMenuItem item(std::move(title), false, nullptr);
+    item.kind = Kind::submenu;
+    item.items = std::move(items);
+    return item;
+}
+
+void ClosureMenuItem::fire() const {
+    if (handler) {
+        handler();
+    }
+}
+
+} // namespace quillary
