@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Menu.h"
+
 #include <QObject>
 
 #include <memory>
@@ -9,8 +11,10 @@ namespace quillary {
 class DebugSnapshot;
 class DockManager;
 class Platform;
+class StatusItem;
 
-/// The life of the program: what happens when it has started and when it is about to end.
+/// The life of the program: what happens when it has started, when it is opened again and when it is about to
+/// end.
 class AppDelegate : public QObject {
     Q_OBJECT
 
@@ -19,17 +23,26 @@ public:
     explicit AppDelegate(Platform& platform);
     ~AppDelegate() override;
 
-    /// Puts the docks on the screens.
+    /// Puts the docks on the screens and the symbol into the status bar; greets a new user, once.
     void applicationDidFinishLaunching();
     /// Puts the desktop's own dock back. Does its work once, however often it is called.
     void applicationWillTerminate();
+    /// Shows the settings, as the program was opened while it runs. False: nothing further is to be done.
+    bool applicationShouldHandleReopen(bool hasVisibleWindows);
+    /// The status item's menu for the opening that is about to happen; empty before launching has finished.
+    [[nodiscard]] Menu menuNeedsUpdate();
 
     /// Null until launching has finished.
     [[nodiscard]] DockManager* manager() const { return docks.get(); }
 
+Q_SIGNALS:
+    /// The user asked the program to end.
+    void terminate();
+
 private:
     Platform& platform;
     std::unique_ptr<DockManager> docks;
+    std::unique_ptr<StatusItem> statusItem;
     std::unique_ptr<DebugSnapshot> snapshot;
     bool terminated = false;
 };

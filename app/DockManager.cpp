@@ -13,6 +13,7 @@
 #include "platform/Screens.h"
 #include "platform/SystemDockPreferences.h"
 #include "platform/SystemLog.h"
+#include "platform/Workspace.h"
 
 #include <algorithm>
 #include <set>
@@ -38,6 +39,7 @@ DockManager::DockManager(Platform& system)
       memoryShown(current.showMemory) {
     connect(&platform.screens(), &Screens::changed, this, &DockManager::rebuild);
     connect(&platform.pointer(), &PointerMonitor::moved, this, &DockManager::mouseMoved);
+    connect(&platform.workspace(), &Workspace::fullScreenChanged, this, &DockManager::followFullScreen);
     rebuild();
     applySystemDock(current.hideSystemDock);
     applyMemory();
@@ -87,6 +89,7 @@ void DockManager::rebuild() {
         return gone;
     });
     published = std::move(next);
+    followFullScreen();
     Q_EMIT modelsChanged();
 }
 
@@ -196,6 +199,13 @@ void DockManager::applyMemory() {
 void DockManager::mouseMoved(QPointF location) {
     for (const auto& [key, panel] : open) {
         panel->track(location);
+    }
+}
+
+void DockManager::followFullScreen() {
+    const auto frame = platform.workspace().fullScreenFrame();
+    for (const auto& [key, panel] : open) {
+        panel->setCovered(frame && frame->contains(panel->targetScreen().frame.center()));
     }
 }
 

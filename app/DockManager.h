@@ -84,6 +84,7 @@ private:
     void closePanel(std::string_view key);
     void applyMemory();
     void mouseMoved(QPointF location);
+    void followFullScreen();
     void save();
 
     Platform& platform;

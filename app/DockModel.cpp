@@ -111,26 +111,24 @@ std::optional<std::string> DockModel::hoveredPath() const {
     return hit ? std::optional(list[*hit].path) : std::nullopt;
 }
 
-void DockModel::add(const std::vector<std::string>& paths, std::optional<std::ptrdiff_t> index) {
+void DockModel::update(const std::function<void(DockConfig&)>& change) {
     if (manager) {
-        manager->update(key, [&paths, index](DockConfig& config) {
-            config.items = DockItems::adding(paths, config.items, index);
-        });
+        manager->update(key, change);
     }
+}
+
+void DockModel::add(const std::vector<std::string>& paths, std::optional<std::ptrdiff_t> index) {
+    update([&paths, index](DockConfig& config) {
+        config.items = DockItems::adding(paths, config.items, index);
+    });
 }
 
 void DockModel::move(std::ptrdiff_t from, std::ptrdiff_t to) {
-    if (manager) {
-        manager->update(key, [from, to](DockConfig& config) {
-            config.items = DockItems::moving(config.items, from, to);
-        });
-    }
+    update([from, to](DockConfig& config) { config.items = DockItems::moving(config.items, from, to); });
 }
 
 void DockModel::remove(const std::string& path) {
-    if (manager) {
-        manager->update(key, [&path](DockConfig& config) { std::erase(config.items, path); });
-    }
+    update([&path](DockConfig& config) { std::erase(config.items, path); });
 }
 
 void DockModel::open(const std::string& path) {

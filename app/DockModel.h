@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -77,6 +78,8 @@ public:
     /// The path of the item under the pointer, if any.
     [[nodiscard]] std::optional<std::string> hoveredPath() const;
 
+    /// Changes this dock's configuration through the manager, which saves it and hands it back.
+    void update(const std::function<void(DockConfig&)>& change);
     /// Pins the paths at an index or at the end; those already pinned move there.
     void add(const std::vector<std::string>& paths, std::optional<std::ptrdiff_t> index = std::nullopt);
     /// Moves the pinned item at one index to another, both counted before the move. One that does not exist

@@ -1,5 +1,6 @@
 #include "app/DockPanel.h"
 
+#include "app/DockMenu.h"
 #include "app/DockModel.h"
 #include "app/RunningApps.h"
 #include "app/view/DockView.h"
@@ -46,6 +47,7 @@ DockPanel::DockPanel(std::shared_ptr<DockModel> model, ScreenInfo target, std::s
     view->attach(*window);
     window->setIgnoresMouseEvents(true);
     window->setInputRegion({});
+    connect(view.get(), &DockView::menuRequested, this, &DockPanel::openMenu);
     connect(dock.get(), &DockModel::configChanged, this, &DockPanel::followConfig);
     connect(dock.get(), &DockModel::hiddenChanged, this, &DockPanel::followHidden);
     connect(dock->running.get(), &RunningApps::appsChanged, this, &DockPanel::repositionSoon);
@@ -116,6 +118,9 @@ void DockPanel::reposition() {
 }
 
 void DockPanel::track(QPointF mouse) {
+    if (menuOpen) {
+        return;
+    }
     if (dock->hidden()) {
         trackHidden(mouse);
     } else {
@@ -127,7 +132,7 @@ void DockPanel::trackShown(QPointF mouse) {
     const bool wasInside = dock->mouse().has_value();
     std::optional<QPointF> local;
     // The frame is asked first: movements elsewhere must not cost a layout.
-    if (containsOrTouches(placed, mouse)) {
+    if (!isCovered && containsOrTouches(placed, mouse)) {
         const DockGeometry layout = geometry();
         const QPointF point = panelPoint(mouse, layout);
         if (layout.isInZone(point, wasInside)) {
@@ -153,7 +158,8 @@ void DockPanel::trackShown(QPointF mouse) {
 void DockPanel::trackHidden(QPointF mouse) {
     window->setIgnoresMouseEvents(true);
     dock->setMouse(std::nullopt);
-    if (!dock->config().autoHide || !containsOrTouches(placed, mouse, DockLayout::zoneBeyondEdge)) {
+    if (isCovered || !dock->config().autoHide ||
+        !containsOrTouches(placed, mouse, DockLayout::zoneBeyondEdge)) {
         return;
     }
     const DockGeometry layout = geometry();
@@ -168,6 +174,29 @@ void DockPanel::scheduleHide() {
         hideWork.reset();
         dock->setHidden(true);
     });
+}
+
+void DockPanel::setCovered(bool covered) {
+    if (covered != isCovered) {
+        isCovered = covered;
+        track(platform.pointer().location());
+    }
+}
+
+Menu DockPanel::buildMenu() {
+    return dockMenu(dock, platform);
+}
+
+void DockPanel::openMenu(QPointF position) {
+    // The press says better than the last movement told where the pointer is.
+    track(position + placed.topLeft());
+    menuOpen = true;
+    window->popUpMenu(buildMenu(), position.toPoint(), [this] { menuClosed(); });
+}
+
+void DockPanel::menuClosed() {
+    menuOpen = false;
+    track(platform.pointer().location());
 }
 
 void DockPanel::close() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/DockGeometry.h"
+#include "platform/Menu.h"
 #include "platform/ScreenInfo.h"
 
 #include <QImage>
@@ -44,8 +45,13 @@ public:
     void present();
     /// Takes up the place and size that the screen, the configuration and the cells call for.
     void reposition();
-    /// Follows the pointer. Global points.
+    /// Follows the pointer. Global points. Nothing happens while the dock's menu is open; it is asked for
+    /// once more when that closes.
     void track(QPointF mouse);
+    /// Tells whether a full-screen window covers the dock. A covered dock has no pointer and is not revealed.
+    void setCovered(bool covered);
+    /// The context menu for where the pointer is, built anew at each call.
+    [[nodiscard]] Menu buildMenu();
     /// Takes the dock off the screen for good.
     void close();
 
@@ -67,6 +73,8 @@ private:
     void trackShown(QPointF mouse);
     void trackHidden(QPointF mouse);
     void scheduleHide();
+    void openMenu(QPointF position);
+    void menuClosed();
     void updateInputRegion();
     [[nodiscard]] DockGeometry geometry() const;
     [[nodiscard]] QPointF panelPoint(QPointF mouse, const DockGeometry& geometry) const;
@@ -76,6 +84,8 @@ private:
     Platform& platform;
     QRect placed;
     bool autoHide;
+    bool isCovered = false;
+    bool menuOpen = false;
 
     // The window dresses the view and must go first.
     std::unique_ptr<DockView> view;

@@ -1,6 +1,7 @@
 #include "app/MemoryMonitor.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillary {
 
@@ -11,6 +12,20 @@ void MemoryMonitor::setActive(bool active) {
     on = active;
     if (!active) {
         applications.clear();
+        Q_EMIT byAppChanged();
+    }
+}
+
+void MemoryMonitor::publish(const MemoryStats& stats, ByApp byApp) {
+    if (!on) {
+        return;
+    }
+    if (stats != machine) {
+        machine = stats;
+        Q_EMIT statsChanged();
+    }
+    if (byApp != applications) {
+        applications = std::move(byApp);
         Q_EMIT byAppChanged();
     }
 }

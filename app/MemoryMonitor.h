@@ -26,6 +26,9 @@ public:
     [[nodiscard]] const ByApp& byApp() const { return applications; }
     [[nodiscard]] bool running() const { return on; }
 
+    /// Takes the result of a sample: what differs from the last one is published; all of it is dropped while
+    /// the monitor is off.
+    void publish(const MemoryStats& stats, ByApp byApp);
     /// Switches sampling on or off; off forgets the figures of the applications.
     void setActive(bool active);
     /// The badge of the application at exactly this path; none when it has no figure.

@@ -1,8 +1,10 @@
 #include "app/AppDelegate.h"
 #include "app/SignalWatch.h"
 #include "platform/Platform.h"
+#include "platform/SingleInstance.h"
 
 #include <QApplication>
+#include <QSessionManager>
 
 #include <csignal>
 
@@ -19,12 +21,22 @@ int main(int argc, char* argv[]) {
     if (!platform) {
         return 1;
     }
+    if (!platform->instance().claim()) {
+        return 0;
+    }
     const quillary::SignalWatch signalWatch;
     quillary::AppDelegate delegate(*platform);
     QObject::connect(&signalWatch, &quillary::SignalWatch::terminationRequested, &application,
                      &QCoreApplication::quit);
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
                      &quillary::AppDelegate::applicationWillTerminate);
+    QObject::connect(&delegate, &quillary::AppDelegate::terminate, &application, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    // A session that starts us again besides the user's own settings would start us twice.
+    QObject::connect(
+        &application, &QGuiApplication::saveStateRequest, &application,
+        [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); },
+        Qt::DirectConnection);
     delegate.applicationDidFinishLaunching();
     return QApplication::exec();
 }

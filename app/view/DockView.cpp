@@ -207,6 +207,9 @@ void DockView::paintEvent(QPaintEvent* event) {
 void DockView::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
         pressedAt = event->position();
+    } else if (event->button() == Qt::RightButton) {
+        pressedAt.reset();
+        Q_EMIT menuRequested(event->position());
     }
 }
 

@@ -45,6 +45,10 @@ public:
     /// Whether a frame is due although nothing else happens.
     [[nodiscard]] bool animating() const { return frameWork != nullptr; }
 
+Q_SIGNALS:
+    /// The context menu is asked for at a point of the panel.
+    void menuRequested(QPointF position);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

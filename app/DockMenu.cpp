@@ -1,0 +1,109 @@
+#include "app/DockMenu.h"
+
+#include "app/DisplayName.h"
+#include "app/DockModel.h"
+#include "app/MemoryMonitor.h"
+#include "app/RunningApps.h"
+#include "app/settings/SettingsWindow.h"
+#include "core/Capitalised.h"
+#include "core/RamBadge.h"
+#include "platform/Platform.h"
+#include "platform/Workspace.h"
+
+#include <algorithm>
+
+namespace quillary {
+
+namespace {
+
+class DockMenuBuilder {
+public:
+    DockMenuBuilder(const std::shared_ptr<DockModel>& dock, Platform& system)
+        : model(dock), platform(system), config(dock->config()) {}
+
+    Menu build() {
+        if (const auto path = model->hoveredPath()) {
+            addItem(*path);
+        }
+        menu.push_back(choices("Position", &DockConfig::edge,
+                               [](DockEdge edge) { return capitalised(rawValue(edge)); }));
+        menu.push_back(choices("Style", &DockConfig::style, [](DockStyle style) { return title(style); }));
+        menu.push_back(choices("Magnification", &DockConfig::magnification,
+                               [](Magnification magnification) { return title(magnification); }));
+        menu.push_back(toggle("Auto-hide", &DockConfig::autoHide));
+        menu.push_back(toggle("Show Running Apps", &DockConfig::showRunning));
+        menu.push_back(ClosureMenuItem::separator());
+        add("Settings…", [] { SettingsWindow::show(SettingsWindow::Form::normal); });
+        return std::move(menu);
+    }
+
+private:
+    void add(std::string title, std::function<void()> handler) {
+        menu.emplace_back(std::move(title), false, std::move(handler));
+    }
+
+    /// A handler that does its work on the model while that exists.
+    template<typename Work>
+    [[nodiscard]] std::function<void()> onModel(Work work) const {
+        return [weak = std::weak_ptr(model), work = std::move(work)] {
+            if (const auto alive = weak.lock()) {
+                work(*alive);
+            }
+        };
+    }
+
+    void addItem(const std::string& path) {
+        const std::string name = displayName(platform.workspace(), path);
+        add("Open " + name, onModel([path](DockModel& dock) { dock.open(path); }));
+        if (std::ranges::find(config.items, path) != config.items.end()) {
+            add("Remove from Dock", onModel([path](DockModel& dock) { dock.remove(path); }));
+        } else {
+            add("Keep in Dock", onModel([path](DockModel& dock) { dock.add({path}); }));
+        }
+        add("Show in Finder", [&system = platform, path] { system.workspace().reveal(path); });
+        if (const RunningApplication* application = model->running->app(path)) {
+            menu.push_back(ClosureMenuItem::separator());
+            add("Quit " + name + freed(path),
+                [&system = platform, quitting = *application] { system.workspace().terminate(quitting); });
+        }
+        menu.push_back(ClosureMenuItem::separator());
+    }
+
+    [[nodiscard]] std::string freed(const std::string& path) const {
+        const auto usage = model->memory->byApp().find(path);
+        return model->showMemory() && usage != model->memory->byApp().end()
+                   ? " — frees " + RamBadges::text(usage->second)
+                   : std::string();
+    }
+
+    template<typename Value, typename Title>
+    [[nodiscard]] ClosureMenuItem choices(std::string name, Value DockConfig::*field, Title titleOf) const {
+        Menu items;
+        for (const Value value : allCases<Value>()) {
+            items.emplace_back(
+                titleOf(value), config.*field == value, onModel([field, value](DockModel& dock) {
+                    dock.update([field, value](DockConfig& changed) { changed.*field = value; });
+                }));
+        }
+        return ClosureMenuItem::submenu(std::move(name), std::move(items));
+    }
+
+    [[nodiscard]] ClosureMenuItem toggle(std::string name, bool DockConfig::*field) const {
+        return {std::move(name), config.*field, onModel([field](DockModel& dock) {
+                    dock.update([field](DockConfig& changed) { changed.*field = !(changed.*field); });
+                })};
+    }
+
+    const std::shared_ptr<DockModel>& model;
+    Platform& platform;
+    const DockConfig& config;
+    Menu menu;
+};
+
+} // namespace
+
+Menu dockMenu(const std::shared_ptr<DockModel>& model, Platform& platform) {
+    return DockMenuBuilder(model, platform).build();
+}
+
+} // namespace quillary

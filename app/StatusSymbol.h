@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QIcon>
+
+namespace quillary {
+
+/// The program's symbol for status bars: a screen with a dock at its lower edge, drawn for each of the usual
+/// sizes so that its lines fall on pixels. Light with a dark rim, so that it is seen on any bar.
+[[nodiscard]] QIcon statusSymbol();
+
+} // namespace quillary
