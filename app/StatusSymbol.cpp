@@ -17,13 +17,13 @@ constexpr std::array sizes = {16, 20, 22, 24, 32, 44, 48, 64, 96, 128};
 constexpr double grid = 16;
 constexpr double screenTop = 2;
 constexpr double screenBottom = 14;
-constexpr double screenRadius = 2.6;
-constexpr double dockInset = 3;
-constexpr double dockHeight = 2.2;
+constexpr double screenRadius = 2.4;
+constexpr double dockInset = 2;
+constexpr double dockHeight = 2.6;
 constexpr double dockGap = 1.2;
 
-const QColor ink(240, 242, 246);
-const QColor rim(0, 0, 0, 110);
+const QColor frame(236, 239, 245);
+const QColor glass(44, 54, 78);
 
 struct Outline {
     QRectF screen;
@@ -48,26 +48,18 @@ Outline outlineFor(int side) {
             .dock = QRectF(inset, bottom - height, side - 2 * inset, height)};
 }
 
-void stroke(QPainter& painter, const Outline& outline, const QColor& colour, double growth) {
-    painter.setPen(QPen(colour, outline.line + 2 * growth));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(outline.screen, outline.radius, outline.radius);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
-    const QRectF dock = outline.dock.adjusted(-growth, -growth, growth, growth);
-    painter.drawRoundedRect(dock, dock.height() / 2, dock.height() / 2);
-}
-
 QPixmap symbol(int side) {
     QPixmap picture(side, side);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     const Outline outline = outlineFor(side);
-    stroke(painter, outline, rim, std::max(0.5, side / (2 * grid)));
-    // The rim stays around the ink only: below it, it would darken the rounded ends.
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    stroke(painter, outline, ink, 0);
+    painter.setPen(QPen(frame, outline.line));
+    painter.setBrush(glass);
+    painter.drawRoundedRect(outline.screen, outline.radius, outline.radius);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(frame);
+    painter.drawRoundedRect(outline.dock, outline.dock.height() / 2, outline.dock.height() / 2);
     return picture;
 }
 

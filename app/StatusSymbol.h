@@ -5,7 +5,8 @@
 namespace quillary {
 
 /// The program's symbol for status bars: a screen with a dock at its lower edge, drawn for each of the usual
-/// sizes so that its lines fall on pixels. Light with a dark rim, so that it is seen on any bar.
+/// sizes so that its lines fall on pixels. Light lines on a dark screen, so
+/// that it is seen on any bar.
 [[nodiscard]] QIcon statusSymbol();
 
 } // namespace quillary

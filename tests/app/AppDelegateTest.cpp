@@ -1,23 +1,106 @@
 #include "app/AppDelegate.h"
 
+#include "app/settings/SettingsWindow.h"
 #include "tests/app/Fixture.h"
+#include "tests/app/MenuText.h"
+
+#include <QLabel>
+#include <QWidget>
 
 namespace quillary::test {
 namespace {
 
-TEST(AppDelegate, launchingPutsDocksOnTheScreens) {
+class AppDelegateTest : public testing::Test {
+protected:
+    AppDelegateTest() { platform.screens().connected = {screenNamed("LEFT", leftFrame)}; }
+
+    Settings stored() { return SettingsStore(delegate.manager()->settingsURL).load(); }
+    static bool greets() {
+        for (const auto* label : SettingsWindow::window()->findChildren<QLabel*>()) {
+            if (label->text() == QStringLiteral("Welcome — every screen now has its own Dock.")) {
+                return true;
+            }
+        }
+        return false;
+    }
+
     FakePlatform platform;
-    platform.screens().connected = {screenNamed("LEFT", leftFrame)};
-    AppDelegate delegate(platform);
+    AppDelegate delegate{platform};
+};
+
+TEST_F(AppDelegateTest, launchingPutsDocksOnTheScreens) {
     EXPECT_EQ(delegate.manager(), nullptr);
     delegate.applicationDidFinishLaunching();
     ASSERT_NE(delegate.manager(), nullptr);
     EXPECT_EQ(platform.windows.size(), 1U);
 }
 
-TEST(AppDelegate, terminatingPutsTheSystemDockBackOnce) {
-    FakePlatform platform;
-    AppDelegate delegate(platform);
+TEST_F(AppDelegateTest, theStatusItemHasASymbolANameAndAMenuMadeAtEachOpening) {
+    EXPECT_EQ(platform.statusItem, nullptr);
+    EXPECT_TRUE(delegate.menuNeedsUpdate().empty());
+    delegate.applicationDidFinishLaunching();
+    ASSERT_NE(platform.statusItem, nullptr);
+    EXPECT_EQ(platform.statusItem->description, "Quillary");
+    EXPECT_FALSE(platform.statusItem->symbol.isNull());
+    EXPECT_EQ(lines(platform.statusItem->menuNeedsUpdate()).at(2), "✓ Dock on LEFT");
+    platform.screens().set({screenNamed("RIGHT", rightFrame)});
+    EXPECT_EQ(lines(platform.statusItem->menuNeedsUpdate()).at(2), "✓ Dock on RIGHT");
+}
+
+TEST_F(AppDelegateTest, quittingFromTheMenuAsksForTheEnd) {
+    delegate.applicationDidFinishLaunching();
+    const Count ends(&delegate, &AppDelegate::terminate);
+    ASSERT_TRUE(choose(platform.statusItem->menuNeedsUpdate(), {"Quit Quillary"}));
+    EXPECT_EQ(ends.times, 1);
+}
+
+TEST_F(AppDelegateTest, theFirstRunGreetsOnceAfterNotingIt) {
+    delegate.applicationDidFinishLaunching();
+    ASSERT_NE(SettingsWindow::window(), nullptr);
+    EXPECT_TRUE(SettingsWindow::window()->isVisible());
+    EXPECT_TRUE(greets());
+    EXPECT_TRUE(stored().onboarded);
+}
+
+TEST_F(AppDelegateTest, theNextRunDoesNot) {
+    delegate.applicationDidFinishLaunching();
+    { AppDelegate first(platform); }
+    ASSERT_EQ(SettingsWindow::window(), nullptr);
+    AppDelegate next(platform);
+    next.applicationDidFinishLaunching();
+    EXPECT_EQ(SettingsWindow::window(), nullptr);
+}
+
+TEST_F(AppDelegateTest, openingItAgainShowsTheSettings) {
+    delegate.applicationDidFinishLaunching();
+    SettingsWindow::discard();
+    Q_EMIT platform.instance().reopened();
+    ASSERT_NE(SettingsWindow::window(), nullptr);
+    EXPECT_TRUE(SettingsWindow::window()->isVisible());
+    EXPECT_FALSE(greets());
+    EXPECT_FALSE(delegate.applicationShouldHandleReopen(true));
+}
+
+TEST_F(AppDelegateTest, openingItAgainBeforeLaunchingIsHarmless) {
+    Q_EMIT platform.instance().reopened();
+    EXPECT_EQ(SettingsWindow::window(), nullptr);
+}
+
+TEST_F(AppDelegateTest, closingTheSettingsHidesThemAndTheSameComeBack) {
+    delegate.applicationDidFinishLaunching();
+    QWidget* const window = SettingsWindow::window();
+    EXPECT_TRUE(window->close());
+    EXPECT_FALSE(window->isVisible());
+    SettingsWindow::show(SettingsWindow::Form::normal);
+    EXPECT_EQ(SettingsWindow::window(), window);
+    EXPECT_TRUE(window->isVisible());
+    // What it was made with stays.
+    EXPECT_TRUE(greets());
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Quillary Settings"));
+    EXPECT_EQ(window->size(), QSize(560, 640));
+}
+
+TEST_F(AppDelegateTest, terminatingPutsTheSystemDockBackOnce) {
     delegate.applicationDidFinishLaunching();
     EXPECT_EQ(platform.systemDock().prefs, DockPrefs::hidden);
     platform.systemDock().calls.clear();
@@ -28,9 +111,7 @@ TEST(AppDelegate, terminatingPutsTheSystemDockBackOnce) {
     EXPECT_TRUE(delegate.manager()->settings().hideSystemDock);
 }
 
-TEST(AppDelegate, terminatingBeforeLaunchingIsHarmless) {
-    FakePlatform platform;
-    AppDelegate delegate(platform);
+TEST_F(AppDelegateTest, terminatingBeforeLaunchingIsHarmless) {
     delegate.applicationWillTerminate();
     EXPECT_TRUE(platform.systemDock().calls.empty());
 }
