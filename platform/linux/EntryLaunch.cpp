@@ -1,5 +1,6 @@
 #include "platform/linux/EntryLaunch.h"
 
+#include "platform/linux/DesktopEntry.h"
 #include "platform/linux/GlibText.h"
 #include "platform/linux/LaunchContext.h"
 #include "platform/linux/Released.h"
@@ -22,13 +23,14 @@ constexpr std::chrono::milliseconds busPatience{3000};
 // An application that starts by D-Bus answers only when it is up.
 constexpr guint activationPatienceSeconds = 30;
 
+constexpr const char* busIsSilent = "the session bus does not answer";
+
 using Entry = Released<GDesktopAppInfo, g_object_unref>;
 using Info = Released<GAppInfo, g_object_unref>;
-using Context = Released<GAppLaunchContext, g_object_unref>;
 using Error = Released<GError, g_error_free>;
 
-std::string failureOf(const std::string& what, const GError* error) {
-    return what + ": " + (error != nullptr && error->message != nullptr ? error->message : "unknown error");
+std::string reasonOf(const GError* error) {
+    return error != nullptr && error->message != nullptr ? error->message : "unknown error";
 }
 
 // GIO wants a list whose elements it doesn't own.
@@ -74,21 +76,23 @@ std::string entryStem(GDesktopAppInfo* entry) {
     return path != nullptr ? std::filesystem::path(path).stem().string() : std::string("unknown");
 }
 
-std::string spawn(GDesktopAppInfo* entry, const UriList& uris, GAppLaunchContext* context,
-                  GDBusConnection* bus) {
+std::string spawn(GDesktopAppInfo* entry, const UriList& uris, LaunchContext& context, GDBusConnection* bus) {
     // Without G_SPAWN_DO_NOT_REAP_CHILD GLib forks twice and the program becomes nobody's child to wait for.
     constexpr auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
                                                     G_SPAWN_STDERR_TO_DEV_NULL);
     GError* problem = nullptr;
     Started started;
     const bool done =
-        g_desktop_app_info_launch_uris_as_manager(entry, uris.get(), context, flags, detach, nullptr,
+        g_desktop_app_info_launch_uris_as_manager(entry, uris.get(), context.get(), flags, detach, nullptr,
                                                   noteStarted, &started, &problem) != 0;
     const Error error(problem);
     for (const auto pid : started.pids) {
         putInScopeOfItsOwn(bus, entryStem(entry), pid);
     }
-    return done ? std::string() : failureOf("launch " + entryStem(entry), error.get());
+    if (!done) {
+        context.fail();
+    }
+    return done ? std::string() : reasonOf(error.get());
 }
 
 struct Activation {
@@ -127,75 +131,124 @@ std::string activate(GDesktopAppInfo* entry, const UriList& uris, GAppLaunchCont
     g_main_context_pop_thread_default(loop.get());
     g_source_destroy(limit.get());
     const Error error(activation.error);
-    return error ? failureOf("launch " + entryStem(entry), error.get()) : std::string();
+    return error ? reasonOf(error.get()) : std::string();
 }
 
-std::string launchEntry(GDesktopAppInfo* entry, const UriList& uris) {
+// What is wrong with the start; empty when nothing is.
+std::string start(GDesktopAppInfo* entry, const UriList& uris, const StartupOrigin& origin) {
     const auto connection = SessionBus::connect(busPatience);
     if (connection.state == SessionBus::State::silent) {
         // GIO would wait for ever for the same bus.
-        return "launch " + entryStem(entry) + ": the session bus does not answer";
+        return busIsSilent;
     }
-    const Context context(makeLaunchContext());
-    const bool byBus =
-        connection.bus != nullptr && g_desktop_app_info_get_boolean(entry, "DBusActivatable") != 0;
-    if (!byBus) {
-        return spawn(entry, uris, context.get(), connection.bus);
+    const bool byBus = connection.bus != nullptr &&
+                       g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) != 0;
+    if (byBus && g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) == 0) {
+        // GIO would ask the context for no id, and complain on standard error when it has none to tell the
+        // context of a failure.
+        return activate(entry, uris, nullptr);
     }
-    // Without an id GIO complains on standard error when it tells the context of a failure.
-    const bool hasId = g_desktop_app_info_get_boolean(entry, "StartupNotify") != 0;
-    return activate(entry, uris, hasId ? context.get() : nullptr);
+    LaunchContext context(entry, origin);
+    return byBus ? activate(entry, uris, context.get()) : spawn(entry, uris, context, connection.bus);
 }
 
-std::string openUri(const std::string& path) {
+// GIO says of an entry only that it won't have it, and would wait for ever for the writer of a pipe.
+std::string refusal(const std::string& path) {
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    if (status.type() == std::filesystem::file_type::not_found) {
+        return "it does not exist";
+    }
+    if (error) {
+        return error.message();
+    }
+    if (!std::filesystem::is_regular_file(status)) {
+        return "it is no regular file";
+    }
+    if (::access(path.c_str(), R_OK) != 0) {
+        return "it may not be read";
+    }
+    const auto entry = readDesktopEntry(path, {}, {});
+    if (!entry) {
+        return "it is no valid entry of an application";
+    }
+    if (entry->hidden) {
+        return "the entry is hidden";
+    }
+    return entry->tryExecMissing ? "its TryExec is not installed" : "";
+}
+
+std::string startEntry(const std::string& path, const std::vector<std::string>& files,
+                       const StartupOrigin& origin) {
+    if (auto reason = refusal(path); !reason.empty()) {
+        return reason;
+    }
+    const Entry entry(g_desktop_app_info_new_from_filename(path.c_str()));
+    return entry ? start(entry.get(), UriList(files), origin) : "its program is not installed";
+}
+
+std::string startHandler(const std::string& path, const StartupOrigin& origin) {
     std::error_code status;
     const bool isFolder = std::filesystem::is_directory(path, status);
     if (!std::filesystem::exists(path, status)) {
-        return "open " + path + ": it does not exist";
+        return "it does not exist";
+    }
+    if (SessionBus::connect(busPatience).state == SessionBus::State::silent) {
+        return busIsSilent;
     }
     const Released<GFile, g_object_unref> file(g_file_new_for_path(path.c_str()));
     GError* problem = nullptr;
-    Info info(isFolder ? g_app_info_get_default_for_type("inode/directory", FALSE)
-                       : g_file_query_default_handler(file.get(), nullptr, &problem));
+    const Info info(isFolder ? g_app_info_get_default_for_type("inode/directory", FALSE)
+                             : g_file_query_default_handler(file.get(), nullptr, &problem));
     const Error error(problem);
     if (!info || !G_IS_DESKTOP_APP_INFO(info.get())) {
-        return error ? failureOf("open " + path, error.get())
-                     : "open " + path + ": no application is there for it";
+        return error ? reasonOf(error.get()) : "no application is there for it";
     }
-    return launchEntry(reinterpret_cast<GDesktopAppInfo*>(info.get()), UriList({path}));
+    auto* entry = reinterpret_cast<GDesktopAppInfo*>(info.get());
+    const auto reason = start(entry, UriList({path}), origin);
+    return reason.empty() ? reason : entryStem(entry) + ": " + reason;
+}
+
+std::string withoutTrailingSlash(std::string path) {
+    while (path.size() > 1 && path.ends_with('/')) {
+        path.pop_back();
+    }
+    return path;
+}
+
+std::string show(const std::string& path, const StartupOrigin& origin) {
+    std::error_code status;
+    if (std::filesystem::symlink_status(path, status).type() == std::filesystem::file_type::not_found) {
+        return "it does not exist";
+    }
+    const auto connection = SessionBus::connect(busPatience);
+    if (connection.state == SessionBus::State::silent) {
+        return busIsSilent;
+    }
+    if (connection.bus != nullptr &&
+        SessionBus::showItems(connection.bus, {fileUri(path)}, makeStartupId(origin))) {
+        return {};
+    }
+    return startHandler(std::filesystem::path(path).parent_path().string(), origin);
+}
+
+std::string outcome(const std::string& action, const std::string& path, const std::string& reason) {
+    return reason.empty() ? reason : action + " " + path + ": " + reason;
 }
 
 } // namespace
 
-std::string launch(const std::string& entryPath, const std::vector<std::string>& files) {
-    const Entry entry(g_desktop_app_info_new_from_filename(entryPath.c_str()));
-    if (!entry) {
-        return "launch " + entryPath + ": it is no valid entry or its program is missing";
-    }
-    if (g_desktop_app_info_get_is_hidden(entry.get()) != 0) {
-        return "launch " + entryPath + ": the entry is hidden";
-    }
-    return launchEntry(entry.get(), UriList(files));
+std::string launch(const std::string& entryPath, const std::vector<std::string>& files,
+                   const StartupOrigin& origin) {
+    return outcome("launch", entryPath, startEntry(entryPath, files, origin));
 }
 
-std::string open(const std::string& path) {
-    const auto connection = SessionBus::connect(busPatience);
-    if (connection.state == SessionBus::State::silent) {
-        return "open " + path + ": the session bus does not answer";
-    }
-    return openUri(path);
+std::string open(const std::string& path, const StartupOrigin& origin) {
+    return outcome("open", path, startHandler(path, origin));
 }
 
-std::string reveal(const std::string& path) {
-    const auto connection = SessionBus::connect(busPatience);
-    if (connection.state == SessionBus::State::silent) {
-        return "reveal " + path + ": the session bus does not answer";
-    }
-    if (connection.bus != nullptr &&
-        SessionBus::showItems(connection.bus, {fileUri(path)}, makeStartupId())) {
-        return {};
-    }
-    return openUri(std::filesystem::path(path).parent_path().string());
+std::string reveal(const std::string& path, const StartupOrigin& origin) {
+    return outcome("reveal", path, show(withoutTrailingSlash(path), origin));
 }
 
 } // namespace quillary::EntryLaunch

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/StartupNotification.h"
+
 #include <string>
 #include <vector>
 
@@ -8,10 +10,11 @@
 namespace quillary::EntryLaunch {
 
 /// Starts the desktop entry with the files, by GIO alone.
-[[nodiscard]] std::string launch(const std::string& entryPath, const std::vector<std::string>& files);
+[[nodiscard]] std::string launch(const std::string& entryPath, const std::vector<std::string>& files,
+                                 const StartupOrigin& origin);
 /// Opens the file or folder with its default application.
-[[nodiscard]] std::string open(const std::string& path);
-/// Asks the file manager to show the path, else opens the folder that holds it.
-[[nodiscard]] std::string reveal(const std::string& path);
+[[nodiscard]] std::string open(const std::string& path, const StartupOrigin& origin);
+/// Asks the file manager to show the path, else opens the folder that holds it. A link is shown itself.
+[[nodiscard]] std::string reveal(const std::string& path, const StartupOrigin& origin);
 
 } // namespace quillary::EntryLaunch

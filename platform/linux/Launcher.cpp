@@ -6,28 +6,32 @@
 
 namespace quillary {
 
-Launcher::Launcher(Scheduler& scheduler, SystemLog& log) : m_scheduler(scheduler), m_log(log) {}
+Launcher::Launcher(Scheduler& scheduler, SystemLog& log, const StartupNotification* notification)
+    : m_scheduler(scheduler), m_log(log), m_notification(notification) {}
 
-void Launcher::onWorker(std::function<Outcome()> work) {
-    m_scheduler.onWorker([work = std::move(work), &log = m_log]() -> std::function<void()> {
-        return [failure = work(), &log] {
-            if (!failure.empty()) {
-                log.write("Quillary: could not " + failure);
-            }
-        };
-    });
+void Launcher::onWorker(std::function<Outcome(const StartupOrigin&)> work) {
+    auto origin = m_notification != nullptr ? m_notification->origin() : StartupOrigin();
+    m_scheduler.onWorker(
+        [work = std::move(work), origin = std::move(origin), &log = m_log]() -> std::function<void()> {
+            return [failure = work(origin), &log] {
+                if (!failure.empty()) {
+                    log.write("Quillary: could not " + failure);
+                }
+            };
+        });
 }
 
 void Launcher::launch(const std::string& entryPath, const std::vector<std::string>& files) {
-    onWorker([entryPath, files] { return EntryLaunch::launch(entryPath, files); });
+    onWorker(
+        [entryPath, files](const auto& origin) { return EntryLaunch::launch(entryPath, files, origin); });
 }
 
 void Launcher::open(const std::string& path) {
-    onWorker([path] { return EntryLaunch::open(path); });
+    onWorker([path](const auto& origin) { return EntryLaunch::open(path, origin); });
 }
 
 void Launcher::reveal(const std::string& path) {
-    onWorker([path] { return EntryLaunch::reveal(path); });
+    onWorker([path](const auto& origin) { return EntryLaunch::reveal(path, origin); });
 }
 
 } // namespace quillary

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/StartupNotification.h"
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -17,8 +19,9 @@ class SystemLog;
 /// and, under a systemd user manager, in a scope of their own. What fails is written to the log as one line.
 class Launcher {
 public:
-    /// Both must outlive the launcher's last work.
-    Launcher(Scheduler& scheduler, SystemLog& log);
+    /// The first two must outlive the launcher's last work, the notification, which may be null, the
+    /// launcher.
+    Launcher(Scheduler& scheduler, SystemLog& log, const StartupNotification* notification = nullptr);
 
     /// Starts the entry, or hands it the files by the field codes of its Exec. Absolute paths.
     void launch(const std::string& entryPath, const std::vector<std::string>& files = {});
@@ -30,10 +33,11 @@ public:
 private:
     /// What failed, empty when all went well.
     using Outcome = std::string;
-    void onWorker(std::function<Outcome()> work);
+    void onWorker(std::function<Outcome(const StartupOrigin&)> work);
 
     Scheduler& m_scheduler;
     SystemLog& m_log;
+    const StartupNotification* m_notification;
 };
 
 } // namespace quillary

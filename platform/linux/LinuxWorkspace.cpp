@@ -45,8 +45,9 @@ bool contains(const std::vector<std::uint64_t>& list, std::uint64_t id) {
 
 } // namespace
 
-LinuxWorkspace::LinuxWorkspace(WindowSource& windows, Scheduler& scheduler, SystemLog& log)
-    : m_windows(windows), m_log(log), m_entries(scheduler), m_launcher(scheduler, log) {
+LinuxWorkspace::LinuxWorkspace(WindowSource& windows, Scheduler& scheduler, SystemLog& log,
+                               const StartupNotification* notification)
+    : m_windows(windows), m_log(log), m_entries(scheduler), m_launcher(scheduler, log, notification) {
     connect(&m_windows, &WindowSource::windowsChanged, this, &LinuxWorkspace::tellChanges);
     connect(&m_windows, &WindowSource::activeWindowChanged, this, &LinuxWorkspace::tellChanges);
     connect(&m_entries, &DesktopEntries::changed, this, [this] {
@@ -199,7 +200,18 @@ void LinuxWorkspace::openApplication(const std::string& path) {
         m_launcher.launch(path);
         return;
     }
-    m_windows.activate(topDown(*place).front());
+    const auto windows = m_windows.windows();
+    const auto canComeUp = [&windows](std::uint64_t id) {
+        const auto found = std::find_if(windows.begin(), windows.end(),
+                                        [id](const WindowInfo& window) { return window.id == id; });
+        // Dialogs often keep out of task bars; so do desktops and panels, which are no windows to turn to.
+        return found != windows.end() && (found->normal || found->transientFor != 0);
+    };
+    const auto order = topDown(*place);
+    const auto top = std::find_if(order.begin(), order.end(), canComeUp);
+    if (top != order.end()) {
+        m_windows.activate(*top);
+    }
 }
 
 void LinuxWorkspace::open(const std::string& path) {

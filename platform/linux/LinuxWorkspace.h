@@ -21,8 +21,9 @@ class LinuxWorkspace final : public Workspace {
     Q_OBJECT
 
 public:
-    /// All three must outlive the workspace. Does not read anything yet.
-    LinuxWorkspace(WindowSource& windows, Scheduler& scheduler, SystemLog& log);
+    /// All of them must outlive the workspace; the notification may be null. Does not read anything yet.
+    LinuxWorkspace(WindowSource& windows, Scheduler& scheduler, SystemLog& log,
+                   const StartupNotification* notification = nullptr);
     ~LinuxWorkspace() override;
 
     [[nodiscard]] std::vector<RunningApplication> runningApplications() const override;

@@ -11,6 +11,7 @@
 #include "platform/x11/X11PanelWindow.h"
 #include "platform/x11/X11PointerMonitor.h"
 #include "platform/x11/X11Screens.h"
+#include "platform/x11/X11StartupNotification.h"
 #include "platform/x11/X11WindowSource.h"
 
 #include <QDir>
@@ -44,7 +45,8 @@ struct X11Platform::Parts {
           screens(*connection, clients),
           pointer(std::move(pointerServer), screens),
           windows(*connection, clients, scheduler),
-          workspace(windows, scheduler, log) {}
+          startup(connection->screenNumber()),
+          workspace(windows, scheduler, log, &startup) {}
 
     QtScheduler scheduler;
     SyslogLog log;
@@ -55,6 +57,7 @@ struct X11Platform::Parts {
     X11Screens screens;
     X11PointerMonitor pointer;
     X11WindowSource windows;
+    X11StartupNotification startup;
     LinuxWorkspace workspace;
     AlwaysFirst instance;
 };

@@ -91,12 +91,18 @@ protected:
 
 TEST_F(BusTest, fileManagerShowsTheItem) {
     services.own("org.freedesktop.FileManager1");
-    launcher.reveal("/tmp/a b");
+    const auto folder = World::home().string();
+    writeFile(World::home() / "a b#1%ä", "");
+    launcher.reveal(folder + "/a b#1%ä");
+    launcher.reveal(folder + "/");
+    launcher.reveal("/nowhere/at/all");
     finish();
     const auto calls = services.calls();
-    ASSERT_EQ(calls.size(), 1U);
-    EXPECT_TRUE(calls[0].starts_with("ShowItems(['file:///tmp/a%20b'], 'quillary-")) << calls[0];
-    EXPECT_EQ(log.lines, Strings());
+    ASSERT_EQ(calls.size(), 2U);
+    EXPECT_TRUE(calls[0].starts_with("ShowItems(['file://" + folder + "/a%20b%231%25%C3%A4'], 'quillary-"))
+        << calls[0];
+    EXPECT_TRUE(calls[1].starts_with("ShowItems(['file://" + folder + "'], 'quillary-")) << calls[1];
+    EXPECT_EQ(log.lines, Strings{"Quillary: could not reveal /nowhere/at/all: it does not exist"});
 }
 
 TEST_F(BusTest, fileManagerThatRefusesIsReplacedByTheFolder) {
@@ -106,6 +112,7 @@ TEST_F(BusTest, fileManagerThatRefusesIsReplacedByTheFolder) {
     writeScript(World::programs() / "files", "echo \"$1\" > " + output.string());
     install("files.desktop", "Name=Files\nExec=files %f\nMimeType=inode/directory;");
     associate({{"inode/directory", "files.desktop"}});
+    writeFile(World::home() / "x", "");
     launcher.reveal((World::home() / "x").string());
     finish();
     EXPECT_EQ(waitForLine(output), World::home().string() + "\n");
@@ -113,8 +120,8 @@ TEST_F(BusTest, fileManagerThatRefusesIsReplacedByTheFolder) {
 
 TEST_F(BusTest, applicationThatStartsByBusIsActivated) {
     services.own("org.test.Viewer");
-    const auto entry =
-        install("org.test.Viewer.desktop", "Name=Viewer\nExec=surely-not-run\nDBusActivatable=true");
+    const auto entry = install("org.test.Viewer.desktop",
+                               "Name=Viewer\nExec=surely-not-run\nDBusActivatable=true\nStartupNotify=true");
     writeScript(World::programs() / "surely-not-run", "touch " + (World::home() / "ran").string());
     launcher.launch(entry);
     launcher.launch(entry, {"/tmp/a"});
@@ -123,8 +130,18 @@ TEST_F(BusTest, applicationThatStartsByBusIsActivated) {
     ASSERT_EQ(calls.size(), 2U);
     EXPECT_TRUE(calls[0].starts_with("Activate(")) << calls[0];
     EXPECT_TRUE(calls[1].starts_with("Open(['file:///tmp/a']")) << calls[1];
+    // The moment that lets its window come to the front.
+    EXPECT_NE(calls[0].find("'desktop-startup-id': <'quillary-"), std::string::npos) << calls[0];
+    EXPECT_NE(calls[1].find("_TIME"), std::string::npos) << calls[1];
     EXPECT_FALSE(std::filesystem::exists(World::home() / "ran"));
     EXPECT_EQ(log.lines, Strings());
+}
+
+TEST_F(BusTest, applicationThatDoesNotAskForAnIdGetsNone) {
+    services.own("org.test.Plain");
+    launcher.launch(install("org.test.Plain.desktop", "Name=Plain\nExec=true\nDBusActivatable=true"));
+    finish();
+    EXPECT_EQ(services.calls(), Strings{"Activate({},)"});
 }
 
 TEST_F(BusTest, failedActivationIsOneLineOfTheLog) {
@@ -132,7 +149,7 @@ TEST_F(BusTest, failedActivationIsOneLineOfTheLog) {
     launcher.launch(entry);
     finish();
     ASSERT_EQ(log.lines.size(), 1U);
-    EXPECT_TRUE(log.lines[0].starts_with("Quillary: could not launch org.test.Nobody: ")) << log.lines[0];
+    EXPECT_TRUE(log.lines[0].starts_with("Quillary: could not launch " + entry + ": ")) << log.lines[0];
 }
 
 TEST_F(BusTest, childGetsAScopeOfItsOwn) {

@@ -1,54 +1,17 @@
-#include "platform/linux/Launcher.h"
-#include "tests/fake/ManualScheduler.h"
-#include "tests/linux/LinesLog.h"
-#include "tests/linux/World.h"
+#include "tests/linux/LauncherFixture.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace quillary::test {
 
 namespace {
-
-using Strings = std::vector<std::string>;
-
-class LauncherTest : public WorldTest {
-protected:
-    void SetUp() override {
-        WorldTest::SetUp();
-        output = World::home() / "output";
-        // The line break comes last and at once: until it is there the test waits.
-        writeScript(World::programs() / "report", "{ printf '[%s]' \"$@\"; echo; } > " + output.string() +
-                                                      ".part\nmv " + output.string() + ".part " +
-                                                      output.string());
-    }
-
-    void finish() {
-        while (scheduler.finishWork()) {
-        }
-    }
-
-    std::string launched(const std::string& entry, const Strings& files = {}) {
-        launcher.launch(entry, files);
-        finish();
-        return waitForLine(output);
-    }
-
-    void reportCommand(const std::string& command) const {
-        writeScript(World::programs() / "report", "{ " + command + "; } > " + output.string() + ".part\nmv " +
-                                                      output.string() + ".part " + output.string());
-    }
-
-    std::filesystem::path output;
-    ManualScheduler scheduler;
-    LinesLog log;
-    Launcher launcher{scheduler, log};
-};
 
 TEST_F(LauncherTest, fieldCodesAreExpanded) {
     const auto entry =
@@ -153,22 +116,98 @@ TEST_F(LauncherTest, environmentIsThatOfAStartByTheDesktop) {
 }
 
 TEST_F(LauncherTest, whatCannotStartIsOneLineOfTheLog) {
-    const Strings broken = {
-        install("missing.desktop", "Name=Missing\nExec=surely-not-there"),
-        install("try.desktop", "Name=Try\nExec=report\nTryExec=surely-not-there"),
-        install("garbage.desktop", "\xff\xfe no entry"),
-        install("hidden.desktop", "Name=Hidden\nExec=report\nHidden=true"),
-        install("quote.desktop", "Name=Quote\nExec=\"report"),
-        install("folder.desktop", "Name=Folder\nExec=report\nPath=/nowhere/at/all"),
+    const auto pipe = World::home() / "pipe.desktop";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const auto huge = std::string(2U << 20U, '#');
+    const std::vector<std::pair<std::string, std::string>> broken = {
+        {install("missing.desktop", "Name=A\nExec=surely-not-there"), "its program is not installed"},
+        {install("try.desktop", "Name=A\nExec=report\nTryExec=surely-not-there"),
+         "its TryExec is not installed"},
+        {install("garbage.desktop", "\xff\xfe no entry"), "it is no valid entry of an application"},
+        {install("empty.desktop", "Name=A\nExec="), "it is no valid entry of an application"},
+        {install("nothing.desktop", "Name=A"), "it is no valid entry of an application"},
+        {install("link.desktop", "Type=Link\nName=A\nURL=https://example.org"),
+         "it is no valid entry of an application"},
+        {install("huge.desktop", "Name=A\nExec=report\n" + huge), "it is no valid entry of an application"},
+        {install("hidden.desktop", "Name=A\nExec=report\nHidden=true"), "the entry is hidden"},
+        {pipe.string(), "it is no regular file"},
+        {(World::home() / "gone.desktop").string(), "it does not exist"},
+        {"/Applications/Mail.app", "it does not exist"},
     };
-    for (const auto& entry : broken) {
+    for (const auto& [entry, reason] : broken) {
         log.lines.clear();
         launcher.launch(entry);
         finish();
-        ASSERT_EQ(log.lines.size(), 1U) << entry;
-        EXPECT_TRUE(log.lines[0].starts_with("Quillary: could not launch ")) << log.lines[0];
+        EXPECT_EQ(log.lines, Strings{"Quillary: could not launch " + entry + ": " + reason});
     }
     EXPECT_FALSE(std::filesystem::exists(output));
+}
+
+TEST_F(LauncherTest, commandThatIsNoCommandIsOneLineOfTheLog) {
+    for (const auto* command : {"\"report", "%f", "/", "/etc/passwd", "  ", "\"\"", "%", "$(report)"}) {
+        log.lines.clear();
+        const auto entry = install("odd.desktop", std::string("Name=Odd\nExec=") + command);
+        launcher.launch(entry);
+        finish();
+        ASSERT_EQ(log.lines.size(), 1U) << command;
+        EXPECT_TRUE(log.lines[0].starts_with("Quillary: could not launch " + entry + ": ")) << log.lines[0];
+    }
+    EXPECT_FALSE(std::filesystem::exists(output));
+}
+
+TEST_F(LauncherTest, entryThatMayNotBeReadIsOneLineOfTheLog) {
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "root may read everything";
+    }
+    const auto entry = install("secret.desktop", "Name=Secret\nExec=report");
+    std::filesystem::permissions(entry, std::filesystem::perms::none);
+    launcher.launch(entry);
+    finish();
+    EXPECT_EQ(log.lines, Strings{"Quillary: could not launch " + entry + ": it may not be read"});
+}
+
+TEST_F(LauncherTest, controlCharactersStayInsideTheirArgument) {
+    const auto entry = install("control.desktop", "Name=Control\nExec=report \"a\\nb\" \"c\x01\x1b[m\"");
+    EXPECT_EQ(launched(entry), "[a\nb][c\x01\x1b[m]\n");
+}
+
+TEST_F(LauncherTest, nothingBehindANulReachesTheProgram) {
+    const auto entry = install("nul.desktop", std::string("Name=N\nExec=report a") + '\0' + " b; report c");
+    EXPECT_EQ(launched(entry), "[a]\n");
+}
+
+TEST_F(LauncherTest, linksInCirclesAreOneLineOfTheLog) {
+    const auto link = World::home() / "circle.desktop";
+    std::filesystem::create_symlink(link, link);
+    launcher.launch(link.string());
+    finish();
+    ASSERT_EQ(log.lines.size(), 1U);
+    EXPECT_TRUE(log.lines[0].starts_with("Quillary: could not launch " + link.string() + ": "))
+        << log.lines[0];
+}
+
+TEST_F(LauncherTest, deprecatedAndUnknownCodesAreDropped) {
+    const auto entry = install("old.desktop", "Name=Old\nExec=report a %d %D %n %N %v %m %z b");
+    EXPECT_EQ(launched(entry, {"/tmp/x"}).substr(0, 3), "[a]");
+    EXPECT_EQ(log.lines, Strings());
+}
+
+TEST_F(LauncherTest, entryBehindALinkIsStarted) {
+    const auto entry = install("real.desktop", "Name=Real\nExec=report %k");
+    const auto link = World::home() / "link.desktop";
+    std::filesystem::create_symlink(entry, link);
+    EXPECT_EQ(launched(link.string()), "[" + link.string() + "]\n");
+}
+
+TEST_F(LauncherTest, withoutATerminalNothingRuns) {
+    const std::string path = std::getenv("PATH");
+    ::setenv("PATH", World::programs().c_str(), 1);
+    const auto entry = install("term.desktop", "Name=Term\nExec=report\nTerminal=true");
+    launcher.launch(entry);
+    finish();
+    ::setenv("PATH", path.c_str(), 1);
+    ASSERT_EQ(log.lines.size(), 1U);
+    EXPECT_TRUE(log.lines[0].starts_with("Quillary: could not launch " + entry + ": ")) << log.lines[0];
 }
 
 TEST_F(LauncherTest, documentsOpenWithTheirDefaultApplication) {
@@ -187,24 +226,66 @@ TEST_F(LauncherTest, documentsOpenWithTheirDefaultApplication) {
 }
 
 TEST_F(LauncherTest, whatCannotBeOpenedIsOneLineOfTheLog) {
-    launcher.open("/nowhere/at/all");
-    finish();
-    ASSERT_EQ(log.lines.size(), 1U);
-    EXPECT_EQ(log.lines[0], "Quillary: could not open /nowhere/at/all: it does not exist");
-    writeFile(World::home() / "odd.quillarytest", "x");
-    launcher.open((World::home() / "odd.quillarytest").string());
-    finish();
-    ASSERT_EQ(log.lines.size(), 2U);
-    EXPECT_TRUE(log.lines[1].starts_with("Quillary: could not open ")) << log.lines[1];
+    const auto opened = [this](const std::string& path) {
+        log.lines.clear();
+        launcher.open(path);
+        finish();
+        return log.lines;
+    };
+    EXPECT_EQ(opened("/nowhere/at/all"),
+              Strings{"Quillary: could not open /nowhere/at/all: it does not exist"});
+    const auto odd = (World::home() / "odd.quillarytest").string();
+    writeFile(odd, "x");
+    EXPECT_EQ(opened(odd).size(), 1U);
+    EXPECT_TRUE(log.lines.at(0).starts_with("Quillary: could not open " + odd + ": ")) << log.lines[0];
+    const auto pipe = (World::home() / "pipe").string();
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(opened(pipe).size(), 1U);
+
+    install("viewer.desktop", "Name=Viewer\nExec=report %f\nMimeType=text/plain;\nPath=/nowhere");
+    associate({{"text/plain", "viewer.desktop"}});
+    const auto notes = (World::home() / "notes.txt").string();
+    writeFile(notes, "text\n");
+    EXPECT_EQ(opened(notes).size(), 1U);
+    EXPECT_TRUE(log.lines.at(0).starts_with("Quillary: could not open " + notes + ": viewer: "))
+        << log.lines[0];
 }
 
 TEST_F(LauncherTest, revealingWithoutAFileManagerServiceOpensTheFolder) {
     install("files.desktop", "Name=Files\nExec=report files %f\nMimeType=inode/directory;");
     associate({{"inode/directory", "files.desktop"}});
+    const auto folder = World::home() / "a b #1 100% ä";
+    const std::vector<std::pair<std::filesystem::path, std::filesystem::path>> cases = {
+        {World::home() / "notes.txt", World::home()},
+        {folder / "x", folder},
+        {folder, World::home()},
+        {folder / "", World::home()},
+        {"/", "/"},
+    };
+    writeFile(folder / "x", "text\n");
     writeFile(World::home() / "notes.txt", "text\n");
-    launcher.reveal((World::home() / "notes.txt").string());
+    for (const auto& [item, opened] : cases) {
+        std::filesystem::remove(output);
+        launcher.reveal(item.string());
+        finish();
+        EXPECT_EQ(waitForLine(output), "[files][" + opened.string() + "]\n") << item;
+    }
+    EXPECT_EQ(log.lines, Strings());
+}
+
+TEST_F(LauncherTest, aBrokenLinkCanBeRevealed) {
+    install("files.desktop", "Name=Files\nExec=report %f\nMimeType=inode/directory;");
+    associate({{"inode/directory", "files.desktop"}});
+    std::filesystem::create_symlink("/nowhere", World::home() / "broken");
+    launcher.reveal((World::home() / "broken").string());
     finish();
-    EXPECT_EQ(waitForLine(output), "[files][" + World::home().string() + "]\n");
+    EXPECT_EQ(waitForLine(output), "[" + World::home().string() + "]\n");
+}
+
+TEST_F(LauncherTest, whatIsMissingCannotBeRevealed) {
+    launcher.reveal("/nowhere/at/all");
+    finish();
+    EXPECT_EQ(log.lines, Strings{"Quillary: could not reveal /nowhere/at/all: it does not exist"});
 }
 
 } // namespace

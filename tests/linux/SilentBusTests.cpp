@@ -69,10 +69,10 @@ TEST(SilentBus, callsReturnAtOnceAndTheWorkerGivesUp) {
                   }
               }),
               30.0);
-    EXPECT_EQ(log.lines,
-              (std::vector<std::string>{"Quillary: could not launch a: the session bus does not answer",
-                                        "Quillary: could not reveal /tmp: the session bus does not answer",
-                                        "Quillary: could not open /tmp: the session bus does not answer"}));
+    EXPECT_EQ(log.lines, (std::vector<std::string>{
+                             "Quillary: could not launch " + entry + ": the session bus does not answer",
+                             "Quillary: could not reveal /tmp: the session bus does not answer",
+                             "Quillary: could not open /tmp: the session bus does not answer"}));
 }
 
 TEST(SilentBus, userManagerThatSaysNothingIsGivenUp) {
