@@ -36,10 +36,9 @@ void frame(benchmark::State& state, bool magnified) {
     const DockGeometry geometry = model.geometry(model.cells());
 
     IconSprites sprites(std::make_shared<IconCache>(platform.workspace()));
-    sprites.setSizes(static_cast<int>(std::lround(geometry.size * ratio)),
-                     static_cast<int>(std::ceil(geometry.size * (1 + geometry.amount) * ratio)));
     Plates plates;
-    const Appearance appearance = Appearance::of(QPalette(), Appearance::Blending::translucent);
+    const Appearance appearance = Appearance::of(QPalette(), Blending::translucent);
+    sprites.setLook(IconSprites::Look::of(geometry, appearance, ratio));
     QImage target((geometry.panelSize() * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
     target.setDevicePixelRatio(ratio);
 

@@ -19,6 +19,28 @@ double easeOut(double fraction) {
     return 1 - left * left * left;
 }
 
+EasedValue::EasedValue(double seconds, double value) : duration(seconds), begun(value), goal(value) {}
+
+void EasedValue::moveTo(double target, double now) {
+    if (target != goal) {
+        begun = value(now);
+        goal = target;
+        start = now;
+    }
+}
+
+void EasedValue::jumpTo(double value) {
+    begun = goal = value;
+}
+
+double EasedValue::value(double now) const {
+    return begun + (goal - begun) * easeOut((now - start) / duration);
+}
+
+bool EasedValue::settled(double now) const {
+    return begun == goal || now - start >= duration;
+}
+
 Spring::Spring(double response, double dampingFraction, double value)
     : frequency(2 * std::numbers::pi / response), damping(dampingFraction), goal(value) {}
 

@@ -5,6 +5,28 @@ namespace quillary {
 /// The standard cubic ease-out: 0 at 0, 1 at 1, arriving without speed. The fraction is clamped to 0…1.
 [[nodiscard]] double easeOut(double fraction);
 
+/// A value that makes for its target in a fixed time, easing out. Times are seconds.
+class EasedValue {
+public:
+    /// At rest at `value`.
+    EasedValue(double duration, double value);
+
+    /// Makes for the target from where the value is at `now`. Nothing happens when that is its target.
+    void moveTo(double target, double now);
+    /// Is at the value at once.
+    void jumpTo(double value);
+
+    [[nodiscard]] double target() const { return goal; }
+    [[nodiscard]] double value(double now) const;
+    [[nodiscard]] bool settled(double now) const;
+
+private:
+    double duration;
+    double begun;
+    double goal;
+    double start = 0;
+};
+
 /// A value on a damped spring, by the closed solution of its equation: angular frequency 2π / response,
 /// damping ratio below 1. Times are seconds.
 class Spring {

@@ -4,28 +4,16 @@
 
 namespace quillary {
 
-namespace {
-
-constexpr double secondaryOpacity = 0.55;
-
-QColor withAlpha(QColor color, double alpha) {
-    color.setAlphaF(static_cast<float>(alpha));
-    return color;
-}
-
-} // namespace
-
 Appearance Appearance::of(const QPalette& palette, Blending blending) {
+    constexpr float secondaryOpacity = 0.55F;
     const bool dark = palette.color(QPalette::Window).lightnessF() < 0.5F;
-    const bool blends = blending == Blending::translucent;
-    const QColor text = dark ? QColor(255, 255, 255) : QColor(0, 0, 0);
-    // Without blur behind, the tint must carry the contrast that a blurred wallpaper would give.
-    const QColor base = dark ? QColor(38, 38, 42) : QColor(244, 245, 248);
+    const QColor text = dark ? Qt::white : Qt::black;
+    QColor secondary = text;
+    secondary.setAlphaF(secondaryOpacity);
     return {.primaryText = text,
-            .secondaryText = withAlpha(text, secondaryOpacity),
+            .secondaryText = secondary,
             .accent = palette.color(QPalette::Highlight),
-            .background = withAlpha(base, blends ? 0.55 : 1.0),
-            .label = withAlpha(base, blends ? 0.92 : 1.0),
+            .shade = dark ? Shade::dark : Shade::light,
             .blending = blending};
 }
 

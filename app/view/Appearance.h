@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/view/Materials.h"
+
 #include <QColor>
 
 class QPalette;
@@ -8,22 +10,15 @@ namespace quillary {
 
 /// The colours that a dock takes from the desktop, and what the desktop can blend.
 struct Appearance {
-    enum class Blending {
-        /// Translucent windows are blended with what lies below.
-        translucent,
-        /// They are not: every pixel that is seen is opaque.
-        opaque,
-    };
-
     QColor primaryText;
     QColor secondaryText;
     QColor accent;
-    /// Fills of the dock's background and of the label.
-    QColor background;
-    QColor label;
+    Shade shade = Shade::light;
     Blending blending = Blending::translucent;
 
     bool operator==(const Appearance&) const = default;
+
+    [[nodiscard]] QColor fill(Material material) const { return tint(material, shade, blending); }
 
     [[nodiscard]] static Appearance of(const QPalette& palette, Blending blending);
 };

@@ -1,43 +1,42 @@
 #include "app/view/DockPainter.h"
 
-#include "app/view/IconSprites.h"
+#include "app/view/ContinuousCorners.h"
+#include "app/view/DockFonts.h"
 #include "app/view/Plates.h"
 
-#include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QRadialGradient>
 
+#include <algorithm>
 #include <cmath>
 
 namespace quillary {
 
 namespace {
 
-constexpr int labelPixels = 12;
-constexpr int hintPixels = 13;
-constexpr double glowRadius = 3;
-
-QColor white(double opacity) {
-    return QColor::fromRgbF(1.0F, 1.0F, 1.0F, static_cast<float>(opacity));
-}
-
-QColor black(double opacity) {
-    return QColor::fromRgbF(0.0F, 0.0F, 0.0F, static_cast<float>(opacity));
-}
-
-QColor faded(QColor color, double opacity) {
+QColor withOpacity(QColor color, double opacity) {
     color.setAlphaF(color.alphaF() * static_cast<float>(opacity));
     return color;
 }
 
-} // namespace
-
-QFont labelFont() {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPixelSize(labelPixels);
-    font.setWeight(QFont::Medium);
-    return font;
+/// The picture with that share of full brightness taken from each of its colours.
+QImage darkened(QImage image, double share) {
+    const int loss = static_cast<int>(std::lround(share * 255));
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = line[x];
+            // The colours are multiplied by their opacity, so what is taken must be too.
+            const int taken = loss * qAlpha(pixel) / 255;
+            line[x] = qRgba(std::max(0, qRed(pixel) - taken), std::max(0, qGreen(pixel) - taken),
+                            std::max(0, qBlue(pixel) - taken), qAlpha(pixel));
+        }
+    }
+    return image;
 }
+
+} // namespace
 
 DockPainter::DockPainter(QPainter& target, const Appearance& look, IconSprites& icons, Plates& plateCache)
     : painter(target),
@@ -54,7 +53,7 @@ void DockPainter::draw(const DockScene& scene, QPointF origin) {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setOpacity(opaque() ? 1 : scene.opacity);
     shift = origin + scene.offset;
-    drawBackground(scene.background);
+    drawBackground(scene.background, scene.edge);
     for (const DockScene::Separator& separator : scene.separators) {
         drawSeparator(separator);
     }
@@ -70,59 +69,138 @@ void DockPainter::draw(const DockScene& scene, QPointF origin) {
     painter.restore();
 }
 
-void DockPainter::drawBackground(const DockScene::Background& background) {
+QColor DockPainter::colour(const DockScene::Ink& ink) const {
+    using Source = DockScene::Ink::Source;
+    switch (ink.source) {
+    case Source::white:
+        return withOpacity(Qt::white, ink.opacity);
+    case Source::black:
+        return withOpacity(Qt::black, ink.opacity);
+    case Source::primaryText:
+        return withOpacity(appearance.primaryText, ink.opacity);
+    case Source::accent:
+        return withOpacity(appearance.accent, ink.opacity);
+    case Source::amber:
+        return QColor::fromRgbF(1.0F, 0.72F, 0.1F, static_cast<float>(ink.opacity));
+    case Source::red:
+        break;
+    }
+    return QColor::fromRgbF(1.0F, 0.27F, 0.23F, static_cast<float>(ink.opacity));
+}
+
+void DockPainter::drawBackground(const DockScene::Background& background, DockEdge edge) {
+    using Source = DockScene::Ink::Source;
+    const bool shelf = background.outline == DockScene::Background::Outline::shelf;
     plates.draw(painter, background.rect.translated(shift),
-                {.cornerRadius = background.cornerRadius,
-                 .fill = appearance.background,
-                 .border = white(0.22),
-                 .borderWidth = 1,
-                 .shadow = black(0.28),
-                 .shadowRadius = opaque() ? 0.0 : 8.0,
-                 .shadowOffset = {0, 2}});
+                {.outline = shelf ? Plates::Outline::shelf : Plates::Outline::rounded,
+                 .cornerRadius = background.cornerRadius,
+                 .fill = appearance.fill(background.material),
+                 .glossFar = colour({Source::white, background.farWhite}),
+                 .glossNear = colour({Source::white, background.nearWhite}),
+                 .edge = edge,
+                 .border = colour(background.border),
+                 .borderWidth = background.borderWidth,
+                 .shadow = colour({Source::black, background.shadow.opacity}),
+                 .shadowRadius = opaque() ? 0 : background.shadow.radius,
+                 .shadowOffset = background.shadow.offset});
 }
 
 void DockPainter::drawSeparator(const DockScene::Separator& separator) {
-    painter.fillRect(snapped(separator.rect), faded(appearance.primaryText, separator.opacity));
+    painter.fillRect(snapped(separator.rect), withOpacity(appearance.primaryText, separator.opacity));
 }
 
 void DockPainter::drawIcon(const DockScene::Icon& icon) {
-    const QRectF rect = icon.rect.translated(shift);
-    const double pixels = rect.width() * ratio;
-    const QImage& sprite = sprites.sprite(icon.path, pixels);
-    const double opacity = painter.opacity();
-    if (icon.opacity < 1) {
-        painter.setOpacity(opacity * icon.opacity);
+    if (icon.disc) {
+        drawSprite(sprites.disc(icon.rect.width() * ratio), icon.disc->center, icon.disc->diameter);
     }
-    if (std::abs(sprite.width() - pixels) < 0.5) {
-        // On whole device pixels a sprite of the right size is copied as it is, and stays crisp.
-        painter.save();
-        painter.scale(1 / ratio, 1 / ratio);
-        painter.drawImage((rect.topLeft() * ratio).toPoint(), sprite);
-        painter.restore();
-    } else {
-        painter.drawImage(rect, sprite);
+    drawImage(icon);
+    if (icon.highlight > 0) {
+        drawHighlight(icon);
     }
-    painter.setOpacity(opacity);
     if (icon.dot) {
         drawDot(*icon.dot);
     }
+    if (icon.pill) {
+        drawPill(*icon.pill);
+    }
+}
+
+void DockPainter::drawImage(const DockScene::Icon& icon) {
+    const double opacity = painter.opacity();
+    painter.setOpacity(opacity * icon.opacity);
+    const double side = icon.rect.width() * (1 - (1 - DockScene::pressedScale) * icon.pressed);
+    const IconSprites::Sprite& sprite = sprites.icon(icon.path, side * ratio);
+    if (icon.pressed > 0) {
+        const IconSprites::Sprite dark{darkened(sprite.image, DockScene::pressedDarkening * icon.pressed),
+                                       sprite.margin, sprite.side};
+        drawSprite(dark, icon.rect.center(), side);
+    } else {
+        drawSprite(sprite, icon.rect.center(), side);
+    }
+    painter.setOpacity(opacity);
+}
+
+void DockPainter::drawSprite(const IconSprites::Sprite& sprite, QPointF center, double side) {
+    const double scale = side * ratio / sprite.side;
+    const QSizeF size = QSizeF(sprite.image.size()) * scale;
+    const QRectF target(((center + shift) * ratio) - QPointF(size.width() / 2, size.height() / 2), size);
+    painter.save();
+    painter.scale(1 / ratio, 1 / ratio);
+    if (std::abs(sprite.side - side * ratio) < 0.5) {
+        // On whole device pixels a sprite of the right size is copied as it is, and stays crisp.
+        painter.drawImage(target.topLeft().toPoint(), sprite.image);
+    } else {
+        painter.drawImage(target, sprite.image);
+    }
+    painter.restore();
+}
+
+void DockPainter::drawHighlight(const DockScene::Icon& icon) {
+    const double inset = icon.rect.width() * (1 - DockScene::pressedScale) * icon.pressed / 2;
+    const QRectF rect = icon.rect.adjusted(inset, inset, -inset, -inset).translated(shift);
+    painter.fillPath(ContinuousCorners::path(rect, rect.width() * DockScene::highlightCorner),
+                     withOpacity(appearance.accent, icon.highlight));
 }
 
 void DockPainter::drawDot(const DockScene::Dot& dot) {
-    painter.setPen(Qt::NoPen);
     const QPointF center = dot.center + shift;
     const double radius = dot.diameter / 2;
-    if (dot.glow && !opaque()) {
-        const double reach = radius + glowRadius * 2;
+    painter.setPen(Qt::NoPen);
+    if (dot.glow.opacity > 0 && !opaque()) {
+        // A disc blurred by a gaussian of standard deviation s: its exact height in the middle, falling off
+        // as a gaussian that holds as much as the disc.
+        const double s = DockScene::glowRadius / 2;
+        const double peak = 1 - std::exp(-radius * radius / (2 * s * s));
+        const double variance = s * s + radius * radius / 4;
+        const double reach = radius + 2 * DockScene::glowRadius;
         QRadialGradient glow(center, reach);
-        glow.setColorAt(radius / reach, faded(*dot.glow, 0.7));
-        glow.setColorAt((radius + glowRadius) / reach, faded(*dot.glow, 0.2));
-        glow.setColorAt(1, Qt::transparent);
+        constexpr int steps = 8;
+        for (int i = 0; i < steps; ++i) {
+            const double distance = reach * i / steps;
+            glow.setColorAt(
+                static_cast<double>(i) / steps,
+                withOpacity(colour(dot.glow), peak * std::exp(-distance * distance / (2 * variance))));
+        }
+        glow.setColorAt(1, withOpacity(colour(dot.glow), 0));
         painter.setBrush(glow);
         painter.drawEllipse(center, reach, reach);
     }
-    painter.setBrush(dot.color ? *dot.color : faded(appearance.primaryText, dot.opacity));
+    painter.setBrush(colour(dot.ink));
     painter.drawEllipse(center, radius, radius);
+}
+
+void DockPainter::drawPill(const DockScene::Pill& pill) {
+    const QRectF rect = pill.rect.translated(shift);
+    const double radius = rect.height() / 2;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour({DockScene::Ink::Source::red, 1}));
+    painter.drawRoundedRect(rect, radius, radius);
+    painter.setPen(QPen(colour({DockScene::Ink::Source::white, DockScene::pillBorder}), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+    painter.setPen(Qt::white);
+    painter.setFont(DockFonts::pill(pill.fontSize));
+    painter.drawText(rect.adjusted(-2, -2, 2, 2), Qt::AlignCenter, pill.text);
 }
 
 void DockPainter::drawLabel(const DockScene::Label& label) {
@@ -131,17 +209,18 @@ void DockPainter::drawLabel(const DockScene::Label& label) {
     if (!opaque()) {
         painter.setOpacity(opacity * label.opacity);
     }
+    using Source = DockScene::Ink::Source;
     plates.draw(painter, rect,
                 {.cornerRadius = rect.height() / 2,
-                 .fill = appearance.label,
-                 .border = white(0.2),
+                 .fill = appearance.fill(Material::regular),
+                 .border = colour({Source::white, DockScene::labelBorder}),
                  .borderWidth = 1,
-                 .shadow = black(0.2),
-                 .shadowRadius = opaque() ? 0.0 : 3.0,
-                 .shadowOffset = {0, 1}});
+                 .shadow = colour({Source::black, DockScene::labelShadow.opacity}),
+                 .shadowRadius = opaque() ? 0 : DockScene::labelShadow.radius,
+                 .shadowOffset = DockScene::labelShadow.offset});
     painter.setPen(appearance.primaryText);
-    painter.setFont(labelFont());
-    const QRectF inner = rect.adjusted(10, 0, -10, 0);
+    painter.setFont(DockFonts::label());
+    const QRectF inner = snapped(label.textRect);
     // Rounding of the capsule may take a fraction of a point from the text, which must not cost it its end.
     const QString text =
         QFontMetricsF(painter.font()).elidedText(label.text, Qt::ElideRight, inner.width() + 1);
@@ -150,18 +229,16 @@ void DockPainter::drawLabel(const DockScene::Label& label) {
 }
 
 void DockPainter::drawHint(const DockScene::Hint& hint) {
-    QFont font = labelFont();
-    font.setPixelSize(hintPixels);
-    font.setWeight(QFont::Normal);
-    painter.setFont(font);
+    painter.setFont(DockFonts::hint());
     painter.setPen(appearance.secondaryText);
-    const QSizeF room(QFontMetricsF(font).horizontalAdvance(hint.text) + 2, hintPixels * 2);
+    const QFontMetricsF metrics(painter.font());
+    const QSizeF room(metrics.horizontalAdvance(hint.text) + 2, metrics.height() + 2);
     painter.drawText(QRectF(hint.center + shift - QPointF(room.width() / 2, room.height() / 2), room),
                      Qt::AlignCenter, hint.text);
 }
 
 bool DockPainter::opaque() const {
-    return appearance.blending == Appearance::Blending::opaque;
+    return appearance.blending == Blending::opaque;
 }
 
 QRectF DockPainter::snapped(const QRectF& part) const {

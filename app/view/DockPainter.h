@@ -2,6 +2,7 @@
 
 #include "app/view/Appearance.h"
 #include "app/view/DockScene.h"
+#include "app/view/IconSprites.h"
 
 #include <QFont>
 
@@ -9,11 +10,7 @@ class QPainter;
 
 namespace quillary {
 
-class IconSprites;
 class Plates;
-
-/// The font of hover labels: the system's, 12 points of the screen, medium weight.
-[[nodiscard]] QFont labelFont();
 
 /// Draws scenes on any paint device, in points.
 class DockPainter {
@@ -25,13 +22,18 @@ public:
     void draw(const DockScene& scene, QPointF origin = {});
 
 private:
-    void drawBackground(const DockScene::Background& background);
+    void drawBackground(const DockScene::Background& background, DockEdge edge);
     void drawSeparator(const DockScene::Separator& separator);
     void drawIcon(const DockScene::Icon& icon);
+    void drawImage(const DockScene::Icon& icon);
+    void drawHighlight(const DockScene::Icon& icon);
+    void drawSprite(const IconSprites::Sprite& sprite, QPointF center, double side);
     void drawDot(const DockScene::Dot& dot);
+    void drawPill(const DockScene::Pill& pill);
     void drawLabel(const DockScene::Label& label);
     void drawHint(const DockScene::Hint& hint);
     [[nodiscard]] bool opaque() const;
+    [[nodiscard]] QColor colour(const DockScene::Ink& ink) const;
     /// The part on the device, its sides moved to whole device pixels.
     [[nodiscard]] QRectF snapped(const QRectF& part) const;
 

@@ -1,38 +1,55 @@
 #include "app/view/DockScene.h"
 
+#include "app/view/ContinuousCorners.h"
+#include "app/view/ShelfShape.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace quillary {
 
 namespace {
 
-// What is drawn around a part beyond its rectangle: shadows, glows and smoothed borders.
-constexpr double backgroundBleed = 28;
-constexpr double iconBleed = 4;
-constexpr double dotBleed = 8;
-constexpr double labelBleed = 10;
+// Smoothed borders and the rounding of places to pixels.
+constexpr double softEdge = 1;
 
 QRect around(const QRectF& rect, double bleed) {
     return rect.adjusted(-bleed, -bleed, bleed, bleed).toAlignedRect();
 }
 
+// How far a shadow reaches beyond what casts it: beyond twice its radius nothing of it is left.
+double reachOf(const DockScene::Shadow& shadow) {
+    return 2 * shadow.radius + std::max(std::abs(shadow.offset.x()), std::abs(shadow.offset.y())) + softEdge;
+}
+
+double bleedOf(const DockScene::Background& part) {
+    return std::max(reachOf(part.shadow), part.borderWidth + softEdge);
+}
+
 QRect extent(const DockScene::Background& part) {
-    return around(part.rect, backgroundBleed);
+    return around(part.rect, bleedOf(part));
 }
 
 QRect extent(const DockScene::Separator& part) {
-    return around(part.rect, 1);
+    return around(part.rect, softEdge);
 }
 
 QRect extent(const DockScene::Label& part) {
-    return around(part.rect, labelBleed);
+    return around(part.rect, reachOf(DockScene::labelShadow));
 }
 
 QRect extent(const DockScene::Icon& part) {
-    QRect whole = around(part.rect, iconBleed);
+    QRect whole = around(part.rect, reachOf(part.shadow));
+    if (part.disc) {
+        const double reach = part.disc->diameter / 2 + reachOf(DockScene::discShadow);
+        whole |= around(QRectF(part.disc->center, QSizeF()), reach);
+    }
     if (part.dot) {
-        const double reach = part.dot->diameter / 2 + dotBleed;
+        const double reach = part.dot->diameter / 2 + 2 * DockScene::glowRadius + softEdge;
         whole |= around(QRectF(part.dot->center, QSizeF()), reach);
+    }
+    if (part.pill) {
+        whole |= around(part.pill->rect, softEdge);
     }
     return whole;
 }
@@ -65,17 +82,23 @@ void addBackground(QRegion& region, const DockScene::Background& before, const D
     const bool sameDepth =
         horizontal ? before.rect.top() == after.rect.top() && before.rect.bottom() == after.rect.bottom()
                    : before.rect.left() == after.rect.left() && before.rect.right() == after.rect.right();
-    if (before.cornerRadius != after.cornerRadius || !sameDepth) {
+    DockScene::Background resized = before;
+    resized.rect = after.rect;
+    if (resized != after || !sameDepth) {
         addChange(region, before, after);
         return;
     }
     if (before == after) {
         return;
     }
-    const double reach = backgroundBleed + before.cornerRadius;
+    const double bleed = bleedOf(after);
+    const double end = after.outline == DockScene::Background::Outline::shelf
+                           ? ShelfShape::slant(horizontal ? after.rect.height() : after.rect.width())
+                           : after.cornerRadius * ContinuousCorners::reach;
+    const double reach = bleed + end;
     const QRectF inner = before.rect & after.rect;
-    const QRectF kept = horizontal ? inner.adjusted(reach, -backgroundBleed, -reach, backgroundBleed)
-                                   : inner.adjusted(-backgroundBleed, reach, backgroundBleed, -reach);
+    const QRectF kept = horizontal ? inner.adjusted(reach, -bleed, -reach, bleed)
+                                   : inner.adjusted(-bleed, reach, bleed, -reach);
     QRegion changed = extent(before);
     changed += extent(after);
     if (kept.isValid()) {
@@ -85,6 +108,12 @@ void addBackground(QRegion& region, const DockScene::Background& before, const D
 }
 
 } // namespace
+
+DockScene::Shadow DockScene::iconShadow(DockStyle style) {
+    // Without a background the shadow alone sets the icons off.
+    return style == DockStyle::minimal ? Shadow{.opacity = 0.45, .radius = 5, .offset = {0, 1}}
+                                       : Shadow{.opacity = 0.15, .radius = 2, .offset = {0, 1}};
+}
 
 QRegion DockScene::damage(const DockScene& before, const DockScene& after) {
     if (before == after) {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/view/Materials.h"
 #include "core/DockEdge.h"
 #include "core/DockStyle.h"
 
-#include <QColor>
 #include <QPointF>
 #include <QRectF>
 #include <QRegion>
@@ -19,26 +19,79 @@ namespace quillary {
 /// Everything a dock shows at one moment, as numbers: points in the panel's coordinates (origin top-left, y
 /// down). Two equal scenes look the same.
 struct DockScene {
+    /// A colour that is fixed, or one of the desktop's with an opacity of its own.
+    struct Ink {
+        enum class Source { white, black, primaryText, accent, amber, red };
+        Source source = Source::white;
+        double opacity = 0;
+        bool operator==(const Ink&) const = default;
+    };
+    /// A gaussian shadow; its standard deviation is half the radius.
+    struct Shadow {
+        double opacity = 0;
+        double radius = 0;
+        QPointF offset;
+        bool operator==(const Shadow&) const = default;
+    };
     struct Background {
+        enum class Outline {
+            /// A rectangle with continuous corners.
+            rounded,
+            /// Fully rounded ends.
+            capsule,
+            /// A trapezoid, drawn in at the side that faces into the screen.
+            shelf,
+        };
         QRectF rect;
+        Outline outline = Outline::rounded;
+        /// 0 for a shelf.
         double cornerRadius = 0;
+        Material material = Material::none;
+        /// White laid over the material: at the side that faces into the screen, and at the screen edge.
+        double farWhite = 0;
+        double nearWhite = 0;
+        Ink border;
+        /// 0 for none. Inside the outline, but for a shelf, whose outline runs along its middle.
+        double borderWidth = 0;
+        Shadow shadow;
         bool operator==(const Background&) const = default;
     };
     struct Dot {
         QPointF center;
         double diameter = 0;
-        /// Absent: the primary text colour at `opacity`.
-        std::optional<QColor> color{};
-        double opacity = 1;
-        /// A shadow of radius 3 around it; absent when it has none.
-        std::optional<QColor> glow{};
+        Ink ink{};
+        /// The colour of a shadow of radius 3 around it; opacity 0 for none.
+        Ink glow{};
         bool operator==(const Dot&) const = default;
+    };
+    /// The disc behind an icon.
+    struct Disc {
+        QPointF center;
+        double diameter = 0;
+        bool operator==(const Disc&) const = default;
+    };
+    /// The memory figure on an icon.
+    struct Pill {
+        QString text;
+        /// Pixel size of its font, points of the screen.
+        double fontSize = 0;
+        /// The capsule, its padding included.
+        QRectF rect;
+        bool operator==(const Pill&) const = default;
     };
     struct Icon {
         std::string path;
+        /// The square of its image.
         QRectF rect;
         double opacity = 1;
+        Shadow shadow;
+        /// How far it is pressed, 0…1: then it is smaller, about its centre, and darker.
+        double pressed = 0;
+        /// Opacity of the accent colour over it.
+        double highlight = 0;
+        std::optional<Disc> disc{};
         std::optional<Dot> dot{};
+        std::optional<Pill> pill{};
         bool operator==(const Icon&) const = default;
     };
     struct Separator {
@@ -51,6 +104,8 @@ struct DockScene {
         QString text;
         /// The capsule, its padding included.
         QRectF rect;
+        /// Where the text stands.
+        QRectF textRect;
         double opacity = 1;
         bool operator==(const Label&) const = default;
     };
@@ -59,6 +114,20 @@ struct DockScene {
         QPointF center;
         bool operator==(const Hint&) const = default;
     };
+
+    /// A pressed icon's scale, and by how much of full brightness it is darkened.
+    static constexpr double pressedScale = 0.86;
+    static constexpr double pressedDarkening = 0.15;
+    /// The corner radius of an icon's highlight, as a share of its size.
+    static constexpr double highlightCorner = 0.22;
+    static constexpr double glowRadius = 3;
+    /// The diameter of the disc behind an icon, as a share of the icon's size.
+    static constexpr double discShare = 1.14;
+    static constexpr Shadow discShadow{.opacity = 0.25, .radius = 5, .offset = {0, 2}};
+    static constexpr double discBorder = 0.25;
+    static constexpr Shadow labelShadow{.opacity = 0.2, .radius = 3, .offset = {0, 1}};
+    static constexpr double labelBorder = 0.2;
+    static constexpr double pillBorder = 0.9;
 
     QSizeF panelSize;
     DockEdge edge = DockEdge::bottom;
@@ -74,6 +143,8 @@ struct DockScene {
 
     bool operator==(const DockScene&) const = default;
 
+    /// What an icon's image casts in a dock of that style.
+    [[nodiscard]] static Shadow iconShadow(DockStyle style);
     /// The whole points of the panel that may look different in the two scenes; empty when they are equal.
     [[nodiscard]] static QRegion damage(const DockScene& before, const DockScene& after);
 };

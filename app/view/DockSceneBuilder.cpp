@@ -3,8 +3,13 @@
 #include "app/DockModel.h"
 #include "app/MemoryMonitor.h"
 #include "app/RunningApps.h"
+#include "core/RamBadge.h"
+
+#include <QMarginsF>
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 
 namespace quillary {
 
@@ -22,6 +27,17 @@ constexpr double labelHeight = 23;
 constexpr double sideLabelBox = 180;
 constexpr double separatorLength = 0.75;
 constexpr double missingOpacity = 0.35;
+constexpr double targetedOpacity = 0.35;
+
+constexpr double hopDuration = 0.55;
+constexpr double hopHeight = 0.45;
+
+constexpr double pillFontShare = 0.2;
+constexpr double smallestPillFont = 9;
+constexpr double pillPadX = 5;
+constexpr double pillPadY = 1.5;
+constexpr double pillOut = 0.18;
+constexpr double pillUp = 0.08;
 
 /// One moment's layout, worked out once for all parts of the scene.
 struct Moment {
@@ -45,14 +61,67 @@ QRectF centred(QPointF center, double width, double height) {
     return {center.x() - width / 2, center.y() - height / 2, width, height};
 }
 
-DockScene::Background background(const Moment& moment) {
+using Ink = DockScene::Ink;
+
+double thicknessOf(const DockGeometry& geometry) {
+    constexpr double shelfShare = 0.55;
+    return geometry.style == DockStyle::shelf ? geometry.size * shelfShare + DockLayout::dotRoom
+                                              : geometry.size + DockLayout::dotRoom + DockLayout::farMargin;
+}
+
+// What the style draws, for a background of that thickness.
+DockScene::Background styled(DockStyle style, double thickness, bool targeted) {
+    using Outline = DockScene::Background::Outline;
+    const Ink accent{Ink::Source::accent, 1};
+    const Ink border = targeted ? accent : Ink{Ink::Source::white, 0.22};
+    const double borderWidth = targeted ? 2 : 1;
+    DockScene::Background look;
+    switch (style) {
+    case DockStyle::glass:
+        look.cornerRadius = std::min(thickness * 0.3, 18.0);
+        look.material = Material::ultraThin;
+        look.border = border;
+        look.borderWidth = borderWidth;
+        look.shadow = {.opacity = 0.28, .radius = 8, .offset = {0, 2}};
+        break;
+    case DockStyle::pill:
+        look.outline = Outline::capsule;
+        look.material = Material::regular;
+        look.border = border;
+        look.borderWidth = borderWidth;
+        look.shadow = {.opacity = 0.3, .radius = 10, .offset = {0, 3}};
+        break;
+    case DockStyle::bubbles:
+    case DockStyle::minimal:
+        look.outline = Outline::capsule;
+        // Clicks and drops are taken by the zone, not by pixels: 0.001 is nothing on the screen.
+        look.farWhite = look.nearWhite = targeted ? 0.12 : 0.001;
+        break;
+    case DockStyle::shelf:
+        look.outline = Outline::shelf;
+        look.material = Material::ultraThin;
+        look.farWhite = 0.6;
+        look.nearWhite = 0.12;
+        look.border = targeted ? accent : Ink{Ink::Source::white, 0.85};
+        look.borderWidth = targeted ? 2 : 1.2;
+        look.shadow = {.opacity = 0.4, .radius = 8, .offset = {0, 3}};
+        break;
+    }
+    return look;
+}
+
+DockScene::Background background(const Moment& moment, bool targeted) {
     const DockGeometry& geometry = moment.geometry;
-    const double thickness = geometry.size + DockLayout::dotRoom + DockLayout::farMargin;
+    const double thickness = thicknessOf(geometry);
     const double length = geometry.restLen + moment.spread.extra;
     const QPointF center = geometry.point(geometry.alongLength() / 2, thickness / 2 + DockLayout::edgeGap);
-    const QRectF rect =
+    DockScene::Background look = styled(geometry.style, thickness, targeted);
+    look.rect =
         isHorizontal(geometry.edge) ? centred(center, length, thickness) : centred(center, thickness, length);
-    return {rect, std::min(thickness * 0.3, 18.0)};
+    if (look.outline == DockScene::Background::Outline::capsule) {
+        look.cornerRadius = std::min(thickness, length) / 2;
+    }
+    return look;
 }
 
 DockScene::Separator separator(const DockGeometry& geometry, double along) {
@@ -74,22 +143,64 @@ std::optional<DockScene::Dot> dot(const DockModel& model, const DockGeometry& ge
     switch (badge) {
     case RamBadge::none:
         result.diameter = active ? 5 : 4;
-        result.opacity = active ? 0.95 : 0.6;
+        result.ink = {Ink::Source::primaryText, active ? 0.95 : 0.6};
         if (active) {
-            result.glow = QColor::fromRgbF(1.0F, 1.0F, 1.0F, 0.8F);
+            result.glow = {Ink::Source::white, 0.8};
         }
         break;
     case RamBadge::heavy:
         result.diameter = 7;
-        result.color = QColor::fromRgbF(1.0F, 0.72F, 0.1F);
-        result.glow = QColor::fromRgbF(1.0F, 0.72F, 0.1F, 0.9F);
+        result.ink = {Ink::Source::amber, 1};
+        result.glow = {Ink::Source::amber, 0.9};
         break;
     case RamBadge::hog:
         result.diameter = 8;
-        result.color = QColor::fromRgbF(1.0F, 0.27F, 0.23F);
-        result.glow = QColor::fromRgbF(1.0F, 0.27F, 0.23F, 0.9F);
+        result.ink = {Ink::Source::red, 1};
+        result.glow = {Ink::Source::red, 0.9};
         break;
     }
+    return result;
+}
+
+std::optional<DockScene::Pill> pill(const DockModel& model, const QRectF& icon, const std::string& path,
+                                    const DockSceneState& state) {
+    const auto usage = model.memory->byApp().find(path);
+    if (!model.showMemory() || usage == model.memory->byApp().end() || model.running->app(path) == nullptr ||
+        model.memory->badge(path) != RamBadge::hog) {
+        return std::nullopt;
+    }
+    const QString text = QString::fromStdString(RamBadges::text(usage->second));
+    const double fontSize = std::max(icon.width() * pillFontShare, smallestPillFont);
+    const QSizeF room = state.pillTextSize(text, fontSize).grownBy({pillPadX, pillPadY, pillPadX, pillPadY});
+    const QPointF topRight = icon.topRight() + QPointF(icon.width() * pillOut, -icon.width() * pillUp);
+    return DockScene::Pill{text, fontSize, QRectF(topRight - QPointF(room.width(), 0), room)};
+}
+
+// How far a launching icon has hopped away from the edge.
+double hop(double time, double size) {
+    const double phase = std::fmod(time, hopDuration) / hopDuration;
+    return std::sin(phase * std::numbers::pi) * size * hopHeight;
+}
+
+DockScene::Icon icon(const DockModel& model, const Moment& moment, std::size_t index,
+                     const DockSceneState& state) {
+    const DockGeometry& geometry = moment.geometry;
+    const std::string& path = moment.cells[index].path;
+    const double along = moment.spread.centers[index];
+    const double size = geometry.size * moment.scales[index];
+    const double raised = model.bouncing().contains(path) ? hop(state.time, size) : 0;
+    const QPointF center = geometry.point(along, size / 2 + iconGap + raised);
+    DockScene::Icon result{.path = path,
+                           .rect = centred(center, size, size),
+                           .opacity = state.exists(path) ? 1 : missingOpacity,
+                           .shadow = DockScene::iconShadow(geometry.style),
+                           .pressed = state.pressed(path),
+                           .highlight = state.targetedPath == path ? targetedOpacity : 0};
+    if (geometry.style == DockStyle::bubbles) {
+        result.disc = {center, size * DockScene::discShare};
+    }
+    result.dot = dot(model, geometry, along, path);
+    result.pill = pill(model, result.rect, path, state);
     return result;
 }
 
@@ -97,17 +208,19 @@ DockScene::Label label(const DockGeometry& geometry, double along, double iconSi
                        const DockSceneState& state) {
     const double width = state.textWidth(text) + 2 * labelPadX;
     const double farSide = iconSize + iconGap;
+    QRectF rect;
     if (isHorizontal(geometry.edge)) {
         // Centred on its icon, unless the panel would cut it that has room for it elsewhere.
         const double reach = std::min(width, geometry.alongLength()) / 2;
         const double middle = std::clamp(along, reach, geometry.alongLength() - reach);
-        return {text, centred(geometry.point(middle, farSide + labelGap), width, labelHeight),
-                state.magnified};
+        rect = centred(geometry.point(middle, farSide + labelGap), width, labelHeight);
+    } else {
+        // The text hugs the side of its box that is nearer to the dock, so it grows away from it.
+        const double boxed = std::min(width, sideLabelBox);
+        const QPointF center = geometry.point(along, farSide + sideLabelGap + boxed / 2);
+        rect = centred(center, boxed, labelHeight);
     }
-    // The text hugs the side of its box that is nearer to the dock, so it grows away from it.
-    const double boxed = std::min(width, sideLabelBox);
-    const QPointF center = geometry.point(along, farSide + sideLabelGap + boxed / 2);
-    return {text, centred(center, boxed, labelHeight), state.magnified};
+    return {text, rect, rect.adjusted(labelPadX, 0, -labelPadX, 0), state.magnified};
 }
 
 QPointF hideOffset(const DockGeometry& geometry, double hidden) {
@@ -137,7 +250,7 @@ DockScene buildDockScene(const DockModel& model, const DockSceneState& state) {
     scene.style = geometry.style;
     scene.offset = hideOffset(geometry, state.hidden);
     scene.opacity = std::clamp(1 - state.hidden, 0.0, 1.0);
-    scene.background = background(moment);
+    scene.background = background(moment, state.dropTargeted);
     scene.icons.reserve(moment.cells.size());
     for (std::size_t i = 0; i < moment.cells.size(); ++i) {
         const DockCell& cell = moment.cells[i];
@@ -145,11 +258,7 @@ DockScene buildDockScene(const DockModel& model, const DockSceneState& state) {
             scene.separators.push_back(separator(geometry, centers[i]));
             continue;
         }
-        const double size = geometry.size * moment.scales[i];
-        scene.icons.push_back({.path = cell.path,
-                               .rect = centred(geometry.point(centers[i], size / 2 + iconGap), size, size),
-                               .opacity = state.exists(cell.path) ? 1 : missingOpacity,
-                               .dot = dot(model, geometry, centers[i], cell.path)});
+        scene.icons.push_back(icon(model, moment, i, state));
     }
     if (state.mouseAxis) {
         const auto hit = geometry.hitTest(*state.mouseAxis, moment.cells, centers, moment.scales);

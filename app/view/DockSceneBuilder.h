@@ -18,10 +18,20 @@ struct DockSceneState {
     double magnified = 0;
     /// 0 while shown, 1 while hidden; springs overshoot.
     double hidden = 0;
+    /// Whether dragged files hover over the background.
+    bool dropTargeted = false;
+    /// The item over which something hovers that can be dropped on it.
+    std::optional<std::string> targetedPath{};
+    /// How far an item is pressed, 0…1.
+    std::function<double(const std::string&)> pressed = [](const std::string&) { return 0.0; };
+    /// Seconds of the clock that launching icons hop by.
+    double time = 0;
     /// What the label of a path says.
     std::function<QString(const std::string&)> labelText;
     /// The width of a text in the label's font, points.
     std::function<double(const QString&)> textWidth;
+    /// The size of a text in the pill's font of that pixel size, points.
+    std::function<QSizeF(const QString&, double)> pillTextSize;
     /// Whether something stands at the path.
     std::function<bool(const std::string&)> exists;
 };

@@ -4,6 +4,7 @@
 #include "app/DockModel.h"
 #include "app/MemoryMonitor.h"
 #include "app/RunningApps.h"
+#include "app/view/DockFonts.h"
 #include "app/view/DockPainter.h"
 #include "app/view/IconCache.h"
 #include "platform/PanelWindow.h"
@@ -27,6 +28,7 @@ namespace quillary {
 namespace {
 
 constexpr double crossingDuration = 0.18;
+constexpr double pressDuration = 0.1;
 constexpr double hiddenResponse = 0.32;
 constexpr double hiddenDamping = 0.82;
 constexpr double defaultRefreshRate = 60;
@@ -35,6 +37,10 @@ constexpr double clickReach = 4;
 /// Names are cut here for labels; whole novels would be laid out at every movement.
 constexpr qsizetype longestName = 200;
 
+bool beyondClick(QPointF moved) {
+    return std::hypot(moved.x(), moved.y()) > clickReach;
+}
+
 } // namespace
 
 DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> iconCache, Platform& system)
@@ -42,15 +48,16 @@ DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> i
       icons(std::move(iconCache)),
       platform(system),
       sprites(icons),
-      labelMetrics(labelFont()),
+      labelMetrics(DockFonts::label()),
+      magnified(crossingDuration, 0),
+      pressed(pressDuration, 0),
       hidden(hiddenResponse, hiddenDamping, model->hidden() ? 1 : 0) {
     const auto redraw = [this] { refresh(Existence::askAgain); };
     connect(model.get(), &DockModel::configChanged, this, redraw);
     connect(model.get(), &DockModel::maxLengthChanged, this, redraw);
     connect(model.get(), &DockModel::showMemoryChanged, this, redraw);
-    connect(model.get(), &DockModel::mouseChanged, this, [this](DockModel::Transition transition) {
-        followMouse(transition == DockModel::Transition::animated);
-    });
+    connect(model.get(), &DockModel::mouseChanged, this, &DockView::followMouse);
+    connect(model.get(), &DockModel::bouncingChanged, this, [this] { refresh(Existence::asKnown); });
     connect(model.get(), &DockModel::hiddenChanged, this, &DockView::followHidden);
     connect(model->running.get(), &RunningApps::appsChanged, this, redraw);
     connect(model->running.get(), &RunningApps::activePathChanged, this, redraw);
@@ -74,16 +81,8 @@ void DockView::settle() {
     refresh(Existence::askAgain);
 }
 
-void DockView::followMouse(bool animated) {
-    const double now = platform.scheduler().now();
-    if (animated) {
-        // The model has the new state already: what was on the screen is where the movement begins.
-        const bool entered = model->mouse().has_value();
-        const double fraction = easeOut((now - magnifiedSince) / crossingDuration);
-        magnifiedFrom =
-            entered ? magnifiedFrom * (1 - fraction) : magnifiedFrom + (1 - magnifiedFrom) * fraction;
-        magnifiedSince = now;
-    }
+void DockView::followMouse() {
+    magnified.moveTo(model->mouse() ? 1 : 0, platform.scheduler().now());
     refresh(Existence::asKnown);
 }
 
@@ -92,35 +91,52 @@ void DockView::followHidden() {
     refresh(Existence::askAgain);
 }
 
-double DockView::magnified(double now) const {
-    const double fraction = easeOut((now - magnifiedSince) / crossingDuration);
-    const double target = model->mouse() ? 1 : 0;
-    return magnifiedFrom + (target - magnifiedFrom) * fraction;
+void DockView::press(const std::string& path) {
+    if (path != pressedPath) {
+        pressedPath = path;
+        pressed.jumpTo(0);
+    }
+    pressed.moveTo(1, platform.scheduler().now());
+    refresh(Existence::asKnown);
+}
+
+void DockView::unpress() {
+    pressed.moveTo(0, platform.scheduler().now());
+    refresh(Existence::asKnown);
 }
 
 bool DockView::moving(double now) const {
-    const bool crossing = magnified(now) != (model->mouse() ? 1.0 : 0.0);
-    return crossing || !hidden.settled(now);
+    return !magnified.settled(now) || !hidden.settled(now) || !pressed.settled(now) ||
+           (!model->bouncing().empty() && shown.opacity > 0);
 }
 
 DockSceneState DockView::state(double now) {
     if (const auto mouse = model->mouse()) {
         lastAxis = isHorizontal(model->config().edge) ? mouse->x() : mouse->y();
-    } else if (magnified(now) <= 0) {
+    } else if (magnified.value(now) <= 0) {
         lastAxis.reset();
     }
-    return {.mouseAxis = lastAxis,
-            .magnified = magnified(now),
-            .hidden = hidden.settled(now) ? hidden.target() : hidden.value(now),
-            .labelText = [this](const std::string& path) { return labelText(path); },
-            .textWidth = [this](const QString& text) { return labelMetrics.horizontalAdvance(text); },
-            .exists =
-                [this](const std::string& path) {
-                    const auto known = existing.find(path);
-                    return known != existing.end()
-                               ? known->second
-                               : existing.emplace(path, platform.workspace().exists(path)).first->second;
-                }};
+    return {
+        .mouseAxis = lastAxis,
+        .magnified = magnified.value(now),
+        .hidden = hidden.settled(now) ? hidden.target() : hidden.value(now),
+        .pressed = [this,
+                    now](const std::string& path) { return path == pressedPath ? pressed.value(now) : 0.0; },
+        .time = now,
+        .labelText = [this](const std::string& path) { return labelText(path); },
+        .textWidth = [this](const QString& text) { return labelMetrics.horizontalAdvance(text); },
+        .pillTextSize =
+            [](const QString& text, double size) {
+                const QFontMetricsF metrics(DockFonts::pill(size));
+                return QSizeF(metrics.horizontalAdvance(text), metrics.height());
+            },
+        .exists =
+            [this](const std::string& path) {
+                const auto known = existing.find(path);
+                return known != existing.end()
+                           ? known->second
+                           : existing.emplace(path, platform.workspace().exists(path)).first->second;
+            }};
 }
 
 void DockView::refresh(Existence existence) {
@@ -172,9 +188,9 @@ void DockView::updateShape() {
 void DockView::paint(QPainter& painter) {
     const DockGeometry geometry = model->geometry(model->cells());
     const double ratio = painter.device()->devicePixelRatioF();
-    const auto pixels = [ratio](double points) { return static_cast<int>(std::lround(points * ratio)); };
-    sprites.setSizes(pixels(geometry.size), pixels(geometry.size * (1 + geometry.amount)));
-    DockPainter(painter, appearance(), sprites, plates).draw(shown, geometry.frameOrigin());
+    const Appearance look = appearance();
+    sprites.setLook(IconSprites::Look::of(geometry, look, ratio));
+    DockPainter(painter, look, sprites, plates).draw(shown, geometry.frameOrigin());
 }
 
 QString DockView::labelText(const std::string& path) {
@@ -194,8 +210,7 @@ QString DockView::labelText(const std::string& path) {
 
 Appearance DockView::appearance() const {
     const bool blends = window == nullptr || window->composited();
-    return Appearance::of(palette(),
-                          blends ? Appearance::Blending::translucent : Appearance::Blending::opaque);
+    return Appearance::of(palette(), blends ? Blending::translucent : Blending::opaque);
 }
 
 void DockView::paintEvent(QPaintEvent* event) {
@@ -207,9 +222,20 @@ void DockView::paintEvent(QPaintEvent* event) {
 void DockView::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
         pressedAt = event->position();
+        if (const auto path = pathAt(*pressedAt)) {
+            press(*path);
+        }
     } else if (event->button() == Qt::RightButton) {
         pressedAt.reset();
+        unpress();
         Q_EMIT menuRequested(event->position());
+    }
+}
+
+void DockView::mouseMoveEvent(QMouseEvent* event) {
+    if (pressedAt && beyondClick(event->position() - *pressedAt)) {
+        pressedAt.reset();
+        unpress();
     }
 }
 
@@ -218,8 +244,8 @@ void DockView::mouseReleaseEvent(QMouseEvent* event) {
         return;
     }
     const QPointF start = *std::exchange(pressedAt, std::nullopt);
-    const QPointF moved = event->position() - start;
-    if (std::hypot(moved.x(), moved.y()) > clickReach) {
+    unpress();
+    if (beyondClick(event->position() - start)) {
         return;
     }
     if (const auto path = pathAt(start)) {
@@ -244,7 +270,7 @@ std::optional<std::string> DockView::pathAt(QPointF position) const {
 
 void DockView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
-        labelMetrics = QFontMetricsF(labelFont());
+        labelMetrics = QFontMetricsF(DockFonts::label());
         refresh(Existence::askAgain);
         update();
     }

@@ -52,6 +52,7 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -59,14 +60,15 @@ protected:
 private:
     enum class Existence { asKnown, askAgain };
 
-    void followMouse(bool animated);
+    void followMouse();
     void followHidden();
+    void press(const std::string& path);
+    void unpress();
     void refresh(Existence existence);
     void setScene(DockScene next);
     void updateShape();
     void paint(QPainter& painter);
     void frame();
-    [[nodiscard]] double magnified(double now) const;
     [[nodiscard]] bool moving(double now) const;
     [[nodiscard]] DockSceneState state(double now);
     [[nodiscard]] QString labelText(const std::string& path);
@@ -84,10 +86,12 @@ private:
     std::map<std::string, bool, std::less<>> existing;
     std::map<std::string, QString, std::less<>> names;
 
-    /// Entering and leaving: from this share of the magnification, since that moment.
-    double magnifiedFrom = 0;
-    double magnifiedSince = 0;
+    /// How far magnification has come in since the pointer entered, or gone since it left.
+    EasedValue magnified;
     std::optional<double> lastAxis;
+    /// The item that is pressed or springs back, and how far.
+    std::string pressedPath;
+    EasedValue pressed;
     Spring hidden;
     std::unique_ptr<ScheduledTask> frameWork;
     std::optional<QPointF> pressedAt;

@@ -1,9 +1,13 @@
 #include "app/view/IconSprites.h"
 
+#include "app/DockGeometry.h"
+#include "app/view/Appearance.h"
 #include "app/view/IconCache.h"
+#include "app/view/SoftShadow.h"
 
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace quillary {
@@ -13,31 +17,77 @@ namespace {
 // Half a device pixel more than the resting size is still drawn as a copy of it.
 constexpr double exactFit = 0.5;
 
+QColor shadowColour(const DockScene::Shadow& shadow) {
+    return QColor::fromRgbF(0, 0, 0, static_cast<float>(shadow.opacity));
+}
+
+QImage canvas(int side) {
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
 } // namespace
+
+IconSprites::Look IconSprites::Look::of(const DockGeometry& geometry, const Appearance& appearance,
+                                        double ratio) {
+    const bool blends = appearance.blending != Blending::opaque;
+    QColor border(Qt::white);
+    border.setAlphaF(static_cast<float>(DockScene::discBorder));
+    return {.resting = static_cast<int>(std::lround(geometry.size * ratio)),
+            .largest = static_cast<int>(std::lround(geometry.size * (1 + geometry.amount) * ratio)),
+            .ratio = ratio,
+            .shadow = blends ? DockScene::iconShadow(geometry.style) : DockScene::Shadow{},
+            .discShadow = blends ? DockScene::discShadow : DockScene::Shadow{},
+            .discShare = DockScene::discShare,
+            .discFill = appearance.fill(Material::ultraThin),
+            .discBorder = border};
+}
 
 IconSprites::IconSprites(std::shared_ptr<IconCache> cache) : icons(std::move(cache)) {}
 
-void IconSprites::setSizes(int resting, int largest) {
-    if (resting != restingSize || largest != largestSize) {
-        restingSize = resting;
-        largestSize = largest;
+void IconSprites::setLook(const Look& look) {
+    if (look != wanted) {
+        wanted = look;
         sprites.clear();
+        discs = {};
     }
 }
 
-const QImage& IconSprites::sprite(const std::string& path, double drawnSize) {
+bool IconSprites::fits(double size) const {
+    return std::abs(size - wanted.resting) < exactFit;
+}
+
+const IconSprites::Sprite& IconSprites::icon(const std::string& path, double drawnSize) {
     Pair& pair = sprites[path];
-    const bool fits = std::abs(drawnSize - restingSize) < exactFit;
-    QImage& wanted = fits ? pair.resting : pair.largest;
-    if (wanted.isNull()) {
-        wanted = render(path, fits ? restingSize : largestSize);
+    const bool resting = fits(drawnSize);
+    Sprite& sprite = resting ? pair.resting : pair.largest;
+    if (sprite.image.isNull()) {
+        sprite = renderIcon(path, resting ? wanted.resting : wanted.largest);
     }
-    return wanted;
+    return sprite;
 }
 
-QImage IconSprites::render(const std::string& path, int size) {
-    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
+const IconSprites::Sprite& IconSprites::disc(double iconSize) {
+    const bool resting = fits(iconSize);
+    Sprite& sprite = resting ? discs.resting : discs.largest;
+    if (sprite.image.isNull()) {
+        sprite = renderDisc(resting ? wanted.resting : wanted.largest);
+    }
+    return sprite;
+}
+
+int IconSprites::marginOf(const DockScene::Shadow& shadow) const {
+    if (shadow.opacity <= 0) {
+        return 0;
+    }
+    const double offset = std::max(std::abs(shadow.offset.x()), std::abs(shadow.offset.y()));
+    return SoftShadow::reach(shadow.radius * wanted.ratio) +
+           static_cast<int>(std::ceil(offset * wanted.ratio));
+}
+
+QImage IconSprites::picture(const std::string& path, int size) {
+    QImage image = canvas(size);
     const QPixmap best = icons->icon(path).pixmap(QSize(size, size), 1.0);
     if (best.isNull()) {
         return image;
@@ -49,6 +99,61 @@ QImage IconSprites::render(const std::string& path, int size) {
     const QPointF corner((size - fitted.width()) / 2, (size - fitted.height()) / 2);
     painter.drawPixmap(QRectF(corner, fitted), best, QRectF(best.rect()));
     return image;
+}
+
+IconSprites::Sprite IconSprites::renderIcon(const std::string& path, int size) {
+    const int margin = marginOf(wanted.shadow);
+    QImage image = canvas(size + 2 * margin);
+    const QImage inner = picture(path, size);
+    QPainter painter(&image);
+    if (margin > 0) {
+        QImage cover = canvas(image.width());
+        QPainter(&cover).drawImage(margin, margin, inner);
+        painter.drawImage(
+            (wanted.shadow.offset * wanted.ratio).toPoint(),
+            SoftShadow::cast(cover, wanted.shadow.radius * wanted.ratio, shadowColour(wanted.shadow)));
+    }
+    painter.drawImage(margin, margin, inner);
+    painter.end();
+    return {image, margin, size};
+}
+
+IconSprites::Sprite IconSprites::renderDisc(int iconSize) const {
+    const int margin = marginOf(wanted.discShadow);
+    // As odd or even as the icon, so that both have the same centre.
+    const int grown = static_cast<int>(std::lround((wanted.discShare - 1) * iconSize / 2));
+    const int side = iconSize + 2 * grown;
+    const QRectF circle(margin, margin, side, side);
+    QImage image = canvas(side + 2 * margin);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (margin > 0) {
+        QImage cover = canvas(image.width());
+        QPainter covering(&cover);
+        covering.setRenderHint(QPainter::Antialiasing);
+        covering.setPen(Qt::NoPen);
+        covering.setBrush(Qt::black);
+        covering.drawEllipse(circle);
+        covering.end();
+        painter.drawImage((wanted.discShadow.offset * wanted.ratio).toPoint(),
+                          SoftShadow::cast(cover, wanted.discShadow.radius * wanted.ratio,
+                                           shadowColour(wanted.discShadow)));
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Qt::black);
+        painter.drawEllipse(circle);
+        painter.setCompositionMode(QPainter::CompositionMode_Plus);
+    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(wanted.discFill);
+    painter.drawEllipse(circle);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    const double line = wanted.ratio;
+    painter.setPen(QPen(wanted.discBorder, line));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(circle.adjusted(line / 2, line / 2, -line / 2, -line / 2));
+    painter.end();
+    return {image, margin, side};
 }
 
 } // namespace quillary

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "app/view/DockScene.h"
+
+#include <QColor>
 #include <QImage>
 
 #include <map>
@@ -8,31 +11,68 @@
 
 namespace quillary {
 
+class DockGeometry;
 class IconCache;
+struct Appearance;
 
-/// Icons rendered at device pixels: for each path one sprite at the resting size, which draws as a plain
-/// copy, and a larger one that magnified icons are scaled down from.
+/// Icons and the discs behind them with their shadows, rendered at device pixels: of each one sprite at the
+/// resting size, which draws as a plain copy, and a larger one that magnified icons are scaled down from.
 class IconSprites {
 public:
+    struct Sprite {
+        QImage image;
+        /// How far the image reaches beyond the square of the icon, or of the disc, at each side. Device
+        /// pixels of the image.
+        int margin = 0;
+        /// The side of that square.
+        int side = 0;
+    };
+    /// What the sprites are to look like.
+    struct Look {
+        /// Sides of a resting icon and of the largest one. Device pixels.
+        int resting = 0;
+        int largest = 0;
+        /// Device pixels per point.
+        double ratio = 1;
+        /// Points.
+        DockScene::Shadow shadow;
+        DockScene::Shadow discShadow;
+        /// The disc's diameter as a share of the icon's size.
+        double discShare = 1;
+        QColor discFill{Qt::transparent};
+        QColor discBorder{Qt::transparent};
+        bool operator==(const Look&) const = default;
+
+        /// The sprites of a dock of that geometry on a device of that ratio.
+        [[nodiscard]] static Look of(const DockGeometry& geometry, const Appearance& appearance,
+                                     double ratio);
+    };
+
     explicit IconSprites(std::shared_ptr<IconCache> icons);
 
-    /// The sizes that sprites are wanted at. Device pixels, along one side; a change drops all sprites.
-    void setSizes(int resting, int largest);
+    /// A change drops all sprites.
+    void setLook(const Look& look);
 
     /// The path's sprite for an icon drawn this large (device pixels): the resting one when it fits exactly.
-    [[nodiscard]] const QImage& sprite(const std::string& path, double drawnSize);
+    [[nodiscard]] const Sprite& icon(const std::string& path, double drawnSize);
+    /// The disc behind an icon drawn this large.
+    [[nodiscard]] const Sprite& disc(double iconSize);
 
 private:
     struct Pair {
-        QImage resting;
-        QImage largest;
+        Sprite resting;
+        Sprite largest;
     };
-    [[nodiscard]] QImage render(const std::string& path, int size);
+    [[nodiscard]] bool fits(double size) const;
+    [[nodiscard]] QImage picture(const std::string& path, int size);
+    [[nodiscard]] Sprite renderIcon(const std::string& path, int size);
+    [[nodiscard]] Sprite renderDisc(int iconSize) const;
+    [[nodiscard]] int marginOf(const DockScene::Shadow& shadow) const;
 
     std::shared_ptr<IconCache> icons;
     std::map<std::string, Pair, std::less<>> sprites;
-    int restingSize = 0;
-    int largestSize = 0;
+    Pair discs;
+    Look wanted;
 };
 
 } // namespace quillary

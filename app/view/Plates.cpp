@@ -1,10 +1,14 @@
 #include "app/view/Plates.h"
 
+#include "app/view/ContinuousCorners.h"
+#include "app/view/ShelfShape.h"
+#include "app/view/SoftShadow.h"
+
+#include <QLinearGradient>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace quillary {
 
@@ -16,75 +20,86 @@ constexpr std::size_t cacheLimit = 32;
 // Length of the middle that is repeated, device pixels.
 constexpr int tile = 64;
 
-// The standard deviation of a shadow is half its radius; beyond twice the radius nothing of it is left.
-constexpr int reachOf(int radius) {
-    return 2 * radius;
-}
-
-std::vector<double> gaussian(int radius) {
-    const double sigma = radius / 2.0;
-    std::vector<double> kernel;
-    double sum = 0;
-    for (int i = -reachOf(radius); i <= reachOf(radius); ++i) {
-        kernel.push_back(std::exp(-(i * i) / (2 * sigma * sigma)));
-        sum += kernel.back();
-    }
-    for (double& weight : kernel) {
-        weight /= sum;
-    }
-    return kernel;
-}
-
-/// Blurs the rows and turns the picture over its diagonal, so that a second pass blurs the columns and turns
-/// it back.
-QImage blurredAndTransposed(const QImage& source, const std::vector<double>& kernel) {
-    QImage result(source.height(), source.width(), QImage::Format_Alpha8);
-    const int reach = static_cast<int>(kernel.size() / 2);
-    const double* middle = kernel.data() + reach;
-    for (int y = 0; y < source.height(); ++y) {
-        const uchar* row = source.constScanLine(y);
-        for (int x = 0; x < source.width(); ++x) {
-            const int first = std::max(-reach, -x);
-            const int last = std::min(reach, source.width() - 1 - x);
-            double value = 0;
-            for (int i = first; i <= last; ++i) {
-                value += middle[i] * row[x + i];
-            }
-            result.scanLine(x)[y] = static_cast<uchar>(std::lround(value));
-        }
-    }
-    return result;
-}
-
-QImage shadowOf(const QSize& canvas, const QRectF& shape, double corner, int radius, QRgb color) {
-    QImage alpha(canvas, QImage::Format_Alpha8);
-    alpha.fill(0);
-    QPainter painter(&alpha);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::black);
-    painter.drawRoundedRect(shape, corner, corner);
-    painter.end();
-    const auto kernel = gaussian(radius);
-    alpha = blurredAndTransposed(blurredAndTransposed(alpha, kernel), kernel);
-    QImage tinted(canvas, QImage::Format_ARGB32_Premultiplied);
-    tinted.fill(QColor::fromRgba(color));
-    QPainter tint(&tinted);
-    tint.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-    tint.drawImage(0, 0, alpha);
-    return tinted;
-}
-
-// How far a plate's picture reaches beyond the plate.
-int marginOf(int radius, int offsetX, int offsetY) {
-    return radius == 0 ? 0 : reachOf(radius) + std::max(std::abs(offsetX), std::abs(offsetY));
-}
-
 int pixels(double points, double ratio) {
     return static_cast<int>(std::lround(points * ratio));
 }
 
+QLinearGradient gloss(const QRectF& plate, DockEdge edge, QRgb far, QRgb near) {
+    QLinearGradient gradient;
+    switch (edge) {
+    case DockEdge::bottom:
+        gradient = {plate.topLeft(), plate.bottomLeft()};
+        break;
+    case DockEdge::top:
+        gradient = {plate.bottomLeft(), plate.topLeft()};
+        break;
+    case DockEdge::left:
+        gradient = {plate.topRight(), plate.topLeft()};
+        break;
+    case DockEdge::right:
+        gradient = {plate.topLeft(), plate.topRight()};
+        break;
+    }
+    gradient.setColorAt(0, QColor::fromRgba(far));
+    gradient.setColorAt(1, QColor::fromRgba(near));
+    return gradient;
+}
+
 } // namespace
+
+int Plates::Key::margin() const {
+    const int shade =
+        radius > 0 ? SoftShadow::reach(radius) + std::max(std::abs(offsetX), std::abs(offsetY)) : 0;
+    // A stroke along the outline reaches beyond it, the more at its pointed corners.
+    const int stroke = outline == Outline::shelf ? static_cast<int>(std::ceil(2 * border)) : 0;
+    return std::max(shade, stroke);
+}
+
+QPainterPath Plates::Key::path(const QRectF& plate, double inset) const {
+    const QRectF inner = plate.adjusted(inset, inset, -inset, -inset);
+    if (outline == Outline::rounded) {
+        return ContinuousCorners::path(inner, std::max(0.0, corner - inset));
+    }
+    QPainterPath trapezoid;
+    trapezoid.addPolygon(ShelfShape{edge}.path(inner, corner));
+    trapezoid.closeSubpath();
+    return trapezoid;
+}
+
+QImage Plates::render(const Key& key) {
+    const int margin = key.margin();
+    const QRectF plate(margin, margin, key.width, key.height);
+    const QPainterPath outline = key.path(plate, 0);
+    QImage image(key.width + 2 * margin, key.height + 2 * margin, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (key.radius > 0) {
+        QImage cover(image.size(), QImage::Format_Alpha8);
+        cover.fill(0);
+        QPainter covering(&cover);
+        covering.setRenderHint(QPainter::Antialiasing);
+        covering.fillPath(outline.translated(key.offsetX, key.offsetY), Qt::black);
+        covering.end();
+        painter.drawImage(0, 0, SoftShadow::cast(cover, key.radius, QColor::fromRgba(key.shadow)));
+    }
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.fillPath(outline, Qt::black);
+    // Added, not laid over: at the smoothed rim shadow and fill share a pixel.
+    painter.setCompositionMode(QPainter::CompositionMode_Plus);
+    painter.fillPath(outline, QColor::fromRgba(key.fill));
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    if (qAlpha(key.glossFar) != 0 || qAlpha(key.glossNear) != 0) {
+        painter.fillPath(outline, gloss(plate, key.edge, key.glossFar, key.glossNear));
+    }
+    if (key.border > 0) {
+        const double inset = key.outline == Outline::shelf ? 0 : key.border / 2;
+        QPen pen(QColor::fromRgba(key.borderColor), key.border);
+        pen.setJoinStyle(Qt::MiterJoin);
+        painter.strokePath(key.path(plate, inset), pen);
+    }
+    return image;
+}
 
 const QImage& Plates::rendered(const Key& key) {
     const auto known = std::ranges::find(images, key, &std::pair<Key, QImage>::first);
@@ -94,34 +109,7 @@ const QImage& Plates::rendered(const Key& key) {
     if (images.size() >= cacheLimit) {
         images.clear();
     }
-    const int margin = marginOf(key.radius, key.offsetX, key.offsetY);
-    const QRectF plate(margin, margin, key.width, key.height);
-    QImage image(key.width + 2 * margin, key.height + 2 * margin, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    if (key.radius > 0) {
-        image = shadowOf(image.size(), plate.translated(key.offsetX, key.offsetY), key.corner, key.radius,
-                         key.shadow);
-    }
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-    painter.setBrush(Qt::black);
-    painter.drawRoundedRect(plate, key.corner, key.corner);
-    // Added, not laid over: at the smoothed rim shadow and fill share a pixel.
-    painter.setCompositionMode(QPainter::CompositionMode_Plus);
-    painter.setBrush(QColor::fromRgba(key.fill));
-    painter.drawRoundedRect(plate, key.corner, key.corner);
-    if (key.border > 0) {
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        const double inset = key.border / 2.0;
-        const double corner = std::max(0.0, key.corner - inset);
-        painter.setPen(QPen(QColor::fromRgba(key.borderColor), key.border));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(plate.adjusted(inset, inset, -inset, -inset), corner, corner);
-    }
-    painter.end();
-    return images.emplace_back(key, std::move(image)).second;
+    return images.emplace_back(key, render(key)).second;
 }
 
 void Plates::draw(QPainter& painter, const QRectF& plate, const Look& look) {
@@ -131,21 +119,28 @@ void Plates::draw(QPainter& painter, const QRectF& plate, const Look& look) {
     if (target.isEmpty()) {
         return;
     }
-    const bool lying = target.width() >= target.height();
+    const bool lying = isHorizontal(look.edge);
     const int length = lying ? target.width() : target.height();
-    Key key{.width = target.width(),
+    const int depth = lying ? target.height() : target.width();
+    Key key{.outline = look.outline,
+            .edge = look.edge,
+            .width = target.width(),
             .height = target.height(),
-            .corner = pixels(look.cornerRadius, ratio),
-            .radius = pixels(look.shadowRadius, ratio),
+            .corner = ratio *
+                      (look.outline == Outline::shelf ? ShelfShape::slant(depth / ratio) : look.cornerRadius),
+            .radius = look.shadowRadius * ratio,
+            .border = look.borderWidth * ratio,
             .offsetX = pixels(look.shadowOffset.x(), ratio),
             .offsetY = pixels(look.shadowOffset.y(), ratio),
-            .border = pixels(look.borderWidth, ratio),
             .fill = look.fill.rgba(),
+            .glossFar = look.glossFar.rgba(),
+            .glossNear = look.glossNear.rgba(),
             .borderColor = look.border.rgba(),
             .shadow = look.shadow.rgba()};
-    const int margin = marginOf(key.radius, key.offsetX, key.offsetY);
+    const int margin = key.margin();
     // Between the curves and the blur of both ends every column is the same: a tile of them is enough.
-    const int end = key.corner + margin;
+    const double shaped = look.outline == Outline::shelf ? key.corner : key.corner * ContinuousCorners::reach;
+    const int end = static_cast<int>(std::ceil(shaped)) + margin;
     const bool tiled = length > 2 * end + tile;
     if (tiled) {
         (lying ? key.width : key.height) = 2 * end + tile;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "core/DockEdge.h"
+
 #include <QColor>
 #include <QImage>
+#include <QPainterPath>
 #include <QRectF>
 
 #include <utility>
@@ -11,19 +14,33 @@ class QPainter;
 
 namespace quillary {
 
-/// Rounded rectangles with a fill, a border inside it and a soft shadow, as they lie behind icons and labels.
+/// Surfaces with a fill, a border and a soft shadow, as they lie behind icons and labels.
 ///
 /// Each is rendered once for its depth and drawn as an image whose middle is repeated along its longer side:
 /// a plate that only grows longer, as under magnified icons, costs a few copies.
 class Plates {
 public:
+    enum class Outline {
+        /// A rectangle with continuous corners.
+        rounded,
+        /// A trapezoid with its long side at the edge (`Look::edge`).
+        shelf,
+    };
+
     /// Points; shadowRadius 0 means none. The shadow leaves out what lies under the plate itself, so that a
     /// translucent fill does not darken.
     struct Look {
+        Outline outline = Outline::rounded;
         double cornerRadius = 0;
         QColor fill;
+        /// Laid over the fill, running from the side that faces away from `edge` to the one at it.
+        QColor glossFar{Qt::transparent};
+        QColor glossNear{Qt::transparent};
+        /// Whether the middle runs along x, whatever the plate's sides; where the gloss ends.
+        DockEdge edge = DockEdge::bottom;
+        /// Inside a rounded outline; along the middle of a shelf's.
         QColor border;
-        double borderWidth = 1;
+        double borderWidth = 0;
         QColor shadow;
         double shadowRadius = 0;
         QPointF shadowOffset;
@@ -35,11 +52,20 @@ public:
 private:
     // Everything in device pixels.
     struct Key {
-        int width, height, corner, radius, offsetX, offsetY, border;
-        QRgb fill, borderColor, shadow;
+        Outline outline;
+        DockEdge edge;
+        int width, height;
+        /// Of a corner the radius; of a shelf how far each end is drawn in.
+        double corner;
+        double radius, border;
+        int offsetX, offsetY;
+        QRgb fill, glossFar, glossNear, borderColor, shadow;
         bool operator==(const Key&) const = default;
+        [[nodiscard]] int margin() const;
+        [[nodiscard]] QPainterPath path(const QRectF& plate, double inset) const;
     };
     [[nodiscard]] const QImage& rendered(const Key& key);
+    [[nodiscard]] static QImage render(const Key& key);
 
     std::vector<std::pair<Key, QImage>> images;
 };

@@ -9,6 +9,8 @@ namespace {
 const std::string mail = "/Applications/Mail.app";
 const std::string notes = "/Applications/Notes.app";
 
+using Ink = DockScene::Ink;
+
 /// Scenes of LEFT's dock with two items of 48 points. Unmagnified the panel is 146 × 125 at the bottom.
 class DockSceneTest : public Desktop {
 protected:
@@ -27,6 +29,10 @@ protected:
         .hidden = 0,
         .labelText = [](const std::string& path) { return QString::fromStdString(path); },
         .textWidth = [](const QString& text) { return 7.0 * static_cast<double>(text.size()); },
+        .pillTextSize =
+            [](const QString& text, double size) {
+                return QSizeF(0.6 * size * static_cast<double>(text.size()), 1.2 * size);
+            },
         .exists = [](const std::string&) { return true; }};
 };
 
@@ -113,9 +119,8 @@ TEST_F(DockSceneTest, aRunningApplicationHasASmallDot10PointsFromTheEdge) {
         ASSERT_TRUE(dot.has_value());
         EXPECT_EQ(dot->center, center) << rawValue(edge);
         EXPECT_DOUBLE_EQ(dot->diameter, 4);
-        EXPECT_DOUBLE_EQ(dot->opacity, 0.6);
-        EXPECT_FALSE(dot->glow.has_value());
-        EXPECT_FALSE(dot->color.has_value());
+        EXPECT_EQ(dot->ink, (Ink{Ink::Source::primaryText, 0.6}));
+        EXPECT_EQ(dot->glow.opacity, 0);
     }
 }
 
@@ -125,10 +130,8 @@ TEST_F(DockSceneTest, theActiveApplicationHasALargerGlowingDot) {
     const auto dot = scene().icons[0].dot;
     ASSERT_TRUE(dot.has_value());
     EXPECT_DOUBLE_EQ(dot->diameter, 5);
-    EXPECT_DOUBLE_EQ(dot->opacity, 0.95);
-    ASSERT_TRUE(dot->glow.has_value());
-    EXPECT_EQ(dot->glow->rgb(), QColor(Qt::white).rgb());
-    EXPECT_NEAR(dot->glow->alphaF(), 0.8, 1e-3);
+    EXPECT_EQ(dot->ink, (Ink{Ink::Source::primaryText, 0.95}));
+    EXPECT_EQ(dot->glow, (Ink{Ink::Source::white, 0.8}));
 }
 
 TEST_F(DockSceneTest, whatIsMissingIsDimmed) {

@@ -232,13 +232,13 @@ TEST_F(DockViewTest, withoutBlendingEveryPixelShownIsOpaqueAndTheWindowIsShaped)
 TEST_F(DockViewTest, darkDesktopsHaveDarkDocks) {
     QPalette dark;
     dark.setColor(QPalette::Window, QColor(20, 20, 20));
-    const auto night = Appearance::of(dark, Appearance::Blending::translucent);
-    const auto day = Appearance::of(QPalette(Qt::white), Appearance::Blending::translucent);
+    const auto night = Appearance::of(dark, Blending::translucent);
+    const auto day = Appearance::of(QPalette(Qt::white), Blending::translucent);
     EXPECT_EQ(night.primaryText, QColor(Qt::white));
     EXPECT_EQ(day.primaryText, QColor(Qt::black));
-    EXPECT_LT(night.background.lightness(), 80);
-    EXPECT_GT(day.background.lightness(), 200);
-    EXPECT_EQ(Appearance::of(dark, Appearance::Blending::opaque).background.alpha(), 255);
+    EXPECT_LT(night.fill(Material::ultraThin).lightness(), 80);
+    EXPECT_GT(day.fill(Material::ultraThin).lightness(), 200);
+    EXPECT_EQ(Appearance::of(dark, Blending::opaque).fill(Material::ultraThin).alpha(), 255);
 }
 
 } // namespace

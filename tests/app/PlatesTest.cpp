@@ -79,8 +79,9 @@ TEST(Plates, shortPlatesAreWhole) {
     Plates plates;
     const QImage image = drawn(plates, {100, 60, 30, 23}, look);
     EXPECT_EQ(image.pixelColor(115, 70), QColor(255, 0, 0, 128));
-    EXPECT_EQ(image.pixelColor(100, 71).rgb(), QColor(0, 0, 255).rgb());
-    EXPECT_EQ(image.pixelColor(129, 71).rgb(), QColor(0, 0, 255).rgb());
+    // The border, of which the curve has taken a little.
+    EXPECT_GT(image.pixelColor(100, 71).blue(), 200);
+    EXPECT_EQ(image.pixel(129, 71), image.pixel(100, 71));
     EXPECT_GT(image.pixelColor(132, 73).alpha(), 0);
 }
 

@@ -26,6 +26,9 @@ std::string FakeWorkspace::displayName(const std::string& path) const {
 
 QIcon FakeWorkspace::icon(const std::string& path) const {
     iconRequests.push_back(path);
+    if (const auto known = icons.find(path); known != icons.end()) {
+        return known->second;
+    }
     QPixmap pixmap(64, 64);
     pixmap.fill(Qt::blue);
     return {pixmap};

@@ -11,8 +11,10 @@
 #include "platform/Workspace.h"
 #include "tests/fake/ManualScheduler.h"
 
+#include <QIcon>
 #include <QTemporaryDir>
 
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -59,6 +61,8 @@ public:
     std::optional<QRectF> fullScreen;
     std::optional<std::string> ownIdentifier = "io.quillary.Quillary";
     std::set<std::string> missing;
+    /// Icons of some paths; the others are blue squares.
+    std::map<std::string, QIcon> icons;
     /// What was asked for, one line a call: the operation and its paths.
     std::vector<std::string> calls;
     mutable std::vector<std::string> iconRequests;

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QColor>
+
+namespace quillary {
+
+/// What a dock's surfaces are made of: a tint over whatever lies below, which is seen blurred where the
+/// desktop blurs behind windows.
+enum class Material {
+    none,
+    /// Lets much of what lies below through.
+    ultraThin,
+    /// Lets less through.
+    regular,
+};
+
+/// What the desktop does with the translucent parts of windows.
+enum class Blending {
+    /// Blended with a blurred picture of what lies below.
+    blurred,
+    /// Blended with what lies below as it is.
+    translucent,
+    /// Not blended: every pixel that is seen is opaque.
+    opaque,
+};
+
+enum class Shade { light, dark };
+
+/// The tint of a material. Without blur it is denser, as it alone must keep what stands on it readable.
+[[nodiscard]] QColor tint(Material material, Shade shade, Blending blending);
+
+} // namespace quillary

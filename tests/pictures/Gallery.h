@@ -1,0 +1,40 @@
+#pragma once
+
+#include "app/view/Materials.h"
+#include "core/DockEdge.h"
+#include "core/DockStyle.h"
+
+#include <QImage>
+
+#include <string>
+#include <vector>
+
+namespace quillary::test {
+
+/// A dock as one picture shows it.
+struct Exhibit {
+    std::string name;
+    DockStyle style = DockStyle::glass;
+    DockEdge edge = DockEdge::bottom;
+    double scale = 1;
+    Shade shade = Shade::light;
+    Blending blending = Blending::translucent;
+    /// The pointer on an icon, files over the background, an icon pressed and another one targeted.
+    enum class Mood { resting, magnified, dragged } mood = Mood::resting;
+};
+
+/// Every style, at each edge, and each scale, shade, blending and mood at the bottom.
+[[nodiscard]] std::vector<Exhibit> exhibits();
+
+/// What can be left out of a picture, to see that a comparison finds it.
+enum class Omission { nothing, backgroundShadow, iconShadow, dot, corner, border, pill };
+
+/// The dock on a wallpaper that has dark, light and busy parts, at device pixels. The icons are drawn here;
+/// the font is DejaVu Sans.
+[[nodiscard]] QImage picture(const Exhibit& exhibit, Omission omission = Omission::nothing);
+
+/// How different two pictures look: the largest difference of the mean colour of any of their squares of
+/// 4 × 4 pixels, 0…255. 255 when their sizes differ.
+[[nodiscard]] double difference(const QImage& one, const QImage& other);
+
+} // namespace quillary::test

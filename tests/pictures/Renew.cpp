@@ -1,0 +1,26 @@
+#include "tests/pictures/Gallery.h"
+
+#include <QApplication>
+#include <QFont>
+
+#include <cstdio>
+
+// Draws every reference picture anew into the folder given as the one argument.
+int main(int argc, char* argv[]) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    if (argc != 2) {
+        std::fputs("Usage: quillary_renew_pictures FOLDER\n", stderr);
+        return 2;
+    }
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans")));
+    const QString folder = QString::fromLocal8Bit(argv[1]);
+    for (const auto& exhibit : quillary::test::exhibits()) {
+        const QString file = folder + u'/' + QString::fromStdString(exhibit.name) + QStringLiteral(".png");
+        if (!quillary::test::picture(exhibit).save(file, "PNG")) {
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
+            return 1;
+        }
+    }
+    return 0;
+}
