@@ -83,16 +83,18 @@ QIcon iconOf(const Application& application) {
     return {pixmap};
 }
 
+// Flat parts, so that the pictures are small files.
 void drawWallpaper(QPainter& painter, const QRectF& area) {
-    QLinearGradient sky(area.topLeft(), area.topRight());
-    sky.setColorAt(0, QColor(20, 22, 30));
-    sky.setColorAt(0.35, QColor(60, 90, 160));
-    sky.setColorAt(0.65, QColor(230, 160, 130));
-    sky.setColorAt(1, QColor(252, 250, 246));
-    painter.fillRect(area, sky);
-    painter.setPen(QPen(QColor(255, 255, 255, 70), 3));
-    for (double x = area.left(); x < area.right() + area.height(); x += 14) {
-        painter.drawLine(QPointF(x, area.top()), QPointF(x - area.height(), area.bottom()));
+    const QColor bands[] = {{24, 27, 36}, {70, 110, 170}, {250, 249, 246}, {190, 90, 70}};
+    const double width = area.width() / std::size(bands);
+    double x = area.left();
+    for (const QColor& band : bands) {
+        painter.fillRect(QRectF(x, area.top(), width + 1, area.height()), band);
+        x += width;
+    }
+    constexpr double stripe = 24;
+    for (double y = area.bottom() - 2; y > area.top(); y -= stripe) {
+        painter.fillRect(QRectF(area.left(), y - 4, area.width(), 4), QColor(255, 255, 255, 60));
     }
 }
 
