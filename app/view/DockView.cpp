@@ -7,6 +7,7 @@
 #include "app/view/DockFonts.h"
 #include "app/view/DockPainter.h"
 #include "app/view/IconCache.h"
+#include "app/view/ItemDrag.h"
 #include "platform/PanelWindow.h"
 #include "platform/Platform.h"
 #include "platform/Scheduler.h"
@@ -14,6 +15,8 @@
 
 #include <QBitmap>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -44,14 +47,17 @@ bool beyondClick(QPointF moved) {
 } // namespace
 
 DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> iconCache, Platform& system)
-    : model(std::move(dock)),
+    : startDrag(dragItem),
+      model(std::move(dock)),
       icons(std::move(iconCache)),
       platform(system),
       sprites(icons),
       labelMetrics(DockFonts::label()),
       magnified(crossingDuration, 0),
       pressed(pressDuration, 0),
-      hidden(hiddenResponse, hiddenDamping, model->hidden() ? 1 : 0) {
+      hidden(hiddenResponse, hiddenDamping, model->hidden() ? 1 : 0),
+      drops(model, platform) {
+    setAcceptDrops(true);
     const auto redraw = [this] { refresh(Existence::askAgain); };
     connect(model.get(), &DockModel::configChanged, this, redraw);
     connect(model.get(), &DockModel::maxLengthChanged, this, redraw);
@@ -82,6 +88,10 @@ void DockView::settle() {
 }
 
 void DockView::followMouse() {
+    // A program that dies while it drags says no goodbye; its drag is over when the pointer leaves.
+    if (!model->mouse() && dropTarget) {
+        dropTarget.reset();
+    }
     magnified.moveTo(model->mouse() ? 1 : 0, platform.scheduler().now());
     refresh(Existence::asKnown);
 }
@@ -120,6 +130,8 @@ DockSceneState DockView::state(double now) {
         .mouseAxis = lastAxis,
         .magnified = magnified.value(now),
         .hidden = hidden.settled(now) ? hidden.target() : hidden.value(now),
+        .dropTargeted = dropTarget && !dropTarget->path,
+        .targetedPath = dropTarget ? dropTarget->path : std::nullopt,
         .pressed = [this,
                     now](const std::string& path) { return path == pressedPath ? pressed.value(now) : 0.0; },
         .time = now,
@@ -234,8 +246,74 @@ void DockView::mousePressEvent(QMouseEvent* event) {
 
 void DockView::mouseMoveEvent(QMouseEvent* event) {
     if (pressedAt && beyondClick(event->position() - *pressedAt)) {
-        pressedAt.reset();
+        const auto path = pathAt(*std::exchange(pressedAt, std::nullopt));
         unpress();
+        if (path) {
+            beginDrag(*path);
+        }
+    }
+}
+
+// Not in the event itself: the drag runs a loop of its own, during which the dock may go.
+void DockView::beginDrag(const std::string& path) {
+    dragWork = platform.scheduler().after(
+        0, [start = startDrag, path, picture = dragPicture(path)] { start(path, picture); });
+}
+
+QImage DockView::dragPicture(const std::string& path) {
+    const auto icon = std::ranges::find(shown.icons, path, &DockScene::Icon::path);
+    if (icon == shown.icons.end()) {
+        return {};
+    }
+    const double ratio = devicePixelRatioF();
+    const int side = std::max(1, static_cast<int>(std::lround(icon->rect.width() * ratio)));
+    QImage picture = icons->icon(path).pixmap(QSize(side, side), 1.0).toImage();
+    picture.setDevicePixelRatio(ratio);
+    return picture;
+}
+
+void DockView::dragEnterEvent(QDragEnterEvent* event) {
+    dragged = event->mimeData() != nullptr ? itemProviders(*event->mimeData()) : std::vector<ItemProvider>();
+    hover(*event);
+}
+
+void DockView::dragMoveEvent(QDragMoveEvent* event) {
+    hover(*event);
+}
+
+void DockView::hover(QDropEvent& event) {
+    setDropTarget(DockDrops::target(shown, scenePoint(event.position()), dragged));
+    if (dropTarget) {
+        event.setDropAction(Qt::CopyAction);
+        event.accept();
+    } else if (event.type() == QEvent::DragEnter) {
+        // A refusal here would be the last that is heard of the drag.
+        event.accept();
+    } else {
+        event.ignore();
+    }
+}
+
+void DockView::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
+    dragged.clear();
+    setDropTarget(std::nullopt);
+}
+
+void DockView::dropEvent(QDropEvent* event) {
+    const auto target = DockDrops::target(shown, scenePoint(event->position()), dragged);
+    const auto items = std::exchange(dragged, {});
+    setDropTarget(std::nullopt);
+    if (target) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        drops.drop(*target, items);
+    }
+}
+
+void DockView::setDropTarget(std::optional<DockDrops::Target> target) {
+    if (target != dropTarget) {
+        dropTarget = std::move(target);
+        refresh(Existence::asKnown);
     }
 }
 
@@ -257,7 +335,7 @@ void DockView::mouseReleaseEvent(QMouseEvent* event) {
 // edge only, so that a pointer pushed against it hits the icon above.
 std::optional<std::string> DockView::pathAt(QPointF position) const {
     const bool horizontal = isHorizontal(shown.edge);
-    const QPointF point = position - model->geometry(model->cells()).frameOrigin();
+    const QPointF point = scenePoint(position);
     for (const DockScene::Icon& icon : shown.icons) {
         const double distance =
             horizontal ? point.x() - icon.rect.center().x() : point.y() - icon.rect.center().y();
@@ -266,6 +344,10 @@ std::optional<std::string> DockView::pathAt(QPointF position) const {
         }
     }
     return std::nullopt;
+}
+
+QPointF DockView::scenePoint(QPointF position) const {
+    return position - model->geometry(model->cells()).frameOrigin();
 }
 
 void DockView::changeEvent(QEvent* event) {

@@ -2,6 +2,7 @@
 
 #include "app/view/Animation.h"
 #include "app/view/Appearance.h"
+#include "app/view/DockDrops.h"
 #include "app/view/DockScene.h"
 #include "app/view/DockSceneBuilder.h"
 #include "app/view/IconSprites.h"
@@ -11,10 +12,12 @@
 #include <QPointF>
 #include <QWidget>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quillary {
 
@@ -33,6 +36,9 @@ public:
     /// The platform must outlive the view.
     DockView(std::shared_ptr<DockModel> model, std::shared_ptr<IconCache> icons, Platform& platform);
     ~DockView() override;
+
+    /// What starts the drag of an item, shown as that picture; it returns when the drag has ended.
+    std::function<void(const std::string& path, const QImage& picture)> startDrag;
 
     /// Lets the view follow what the window that shows it can do. The window must outlive the view's use.
     void attach(PanelWindow& window);
@@ -54,6 +60,10 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -64,6 +74,11 @@ private:
     void followHidden();
     void press(const std::string& path);
     void unpress();
+    void beginDrag(const std::string& path);
+    void hover(QDropEvent& event);
+    void setDropTarget(std::optional<DockDrops::Target> target);
+    [[nodiscard]] QPointF scenePoint(QPointF position) const;
+    [[nodiscard]] QImage dragPicture(const std::string& path);
     void refresh(Existence existence);
     void setScene(DockScene next);
     void updateShape();
@@ -95,6 +110,12 @@ private:
     Spring hidden;
     std::unique_ptr<ScheduledTask> frameWork;
     std::optional<QPointF> pressedAt;
+    std::unique_ptr<ScheduledTask> dragWork;
+
+    DockDrops drops;
+    /// What a drag over the dock carries, and what it is over.
+    std::vector<ItemProvider> dragged;
+    std::optional<DockDrops::Target> dropTarget;
 };
 
 } // namespace quillary

@@ -1,0 +1,71 @@
+#include "app/view/DockDrops.h"
+
+#include "app/DockModel.h"
+#include "platform/Platform.h"
+#include "platform/Scheduler.h"
+#include "platform/Workspace.h"
+
+#include <algorithm>
+
+namespace quillary {
+
+DockDrops::DockDrops(std::shared_ptr<DockModel> dock, Platform& system)
+    : model(std::move(dock)), platform(system) {}
+
+std::optional<DockDrops::Target> DockDrops::target(const DockScene& scene, QPointF point,
+                                                   const std::vector<ItemProvider>& items) {
+    const bool files = carriesFiles(items);
+    if (!files && !textWithoutFile(items)) {
+        return std::nullopt;
+    }
+    for (const DockScene::Icon& icon : scene.icons) {
+        if (icon.rect.contains(point)) {
+            return Target{icon.path};
+        }
+    }
+    return files && scene.background.rect.contains(point) ? std::optional(Target{}) : std::nullopt;
+}
+
+void DockDrops::drop(const Target& target, const std::vector<ItemProvider>& items) {
+    const auto text = target.path ? textWithoutFile(items) : std::nullopt;
+    if (!text) {
+        dropFiles(target, items);
+    } else if (text->starts_with(itemPrefix)) {
+        dropEntry(*target.path, text->substr(itemPrefix.size()));
+    }
+}
+
+void DockDrops::dropEntry(const std::string& targetPath, const std::string& dragged) {
+    const std::vector<std::string>& pinned = model->config().items;
+    const std::ptrdiff_t count = std::ssize(pinned);
+    const std::ptrdiff_t target = std::min(pinnedIndex(*model, targetPath).value_or(count), count);
+    if (const auto from = pinnedIndex(*model, dragged)) {
+        model->move(*from, std::min(count - 1, target));
+    } else if (dragged.starts_with('/')) {
+        model->add({dragged}, target);
+    }
+}
+
+void DockDrops::dropFiles(const Target& target, const std::vector<ItemProvider>& items) {
+    Platform& system = platform;
+    loadFileURLs(items, platform.scheduler(),
+                 [weak = std::weak_ptr(model), target, &system](const std::vector<std::string>& paths) {
+                     const auto dock = weak.lock();
+                     if (!dock || paths.empty()) {
+                         return;
+                     }
+                     if (target.path && system.workspace().isApplication(*target.path)) {
+                         system.workspace().openWith(paths, *target.path);
+                     } else {
+                         dock->add(paths, target.path ? pinnedIndex(*dock, *target.path) : std::nullopt);
+                     }
+                 });
+}
+
+std::optional<std::ptrdiff_t> DockDrops::pinnedIndex(const DockModel& model, const std::string& path) {
+    const auto& items = model.config().items;
+    const auto found = std::ranges::find(items, path);
+    return found == items.end() ? std::nullopt : std::optional(found - items.begin());
+}
+
+} // namespace quillary

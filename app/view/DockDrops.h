@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/view/DockScene.h"
+#include "app/view/FileDrop.h"
+
+#include <QPointF>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillary {
+
+class DockModel;
+class Platform;
+
+/// What happens when something is dropped on a dock.
+class DockDrops {
+public:
+    /// What is under a drag: the background, or an icon's square.
+    struct Target {
+        /// Absent for the background.
+        std::optional<std::string> path{};
+        bool operator==(const Target&) const = default;
+    };
+
+    /// The platform must outlive this.
+    DockDrops(std::shared_ptr<DockModel> model, Platform& platform);
+
+    /// The target at a point of the scene (panel coordinates) that takes such items; absent when there is
+    /// none or it does not take them: the background takes files, icons take files and text.
+    [[nodiscard]] static std::optional<Target> target(const DockScene& scene, QPointF point,
+                                                      const std::vector<ItemProvider>& items);
+    /// Pins the files, moves or pins the entry, or opens the files with the application dropped on. What is
+    /// neither changes nothing. Files are read first; their effect follows on a later turn of the loop,
+    /// unless the dock has gone by then.
+    void drop(const Target& target, const std::vector<ItemProvider>& items);
+
+private:
+    void dropEntry(const std::string& targetPath, const std::string& dragged);
+    void dropFiles(const Target& target, const std::vector<ItemProvider>& items);
+    /// The target's place among the pinned items; absent when it isn't pinned.
+    [[nodiscard]] static std::optional<std::ptrdiff_t> pinnedIndex(const DockModel& model,
+                                                                   const std::string& path);
+
+    std::shared_ptr<DockModel> model;
+    Platform& platform;
+};
+
+} // namespace quillary

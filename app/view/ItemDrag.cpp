@@ -1,0 +1,23 @@
+#include "app/view/ItemDrag.h"
+
+#include "app/view/FileDrop.h"
+
+#include <QCoreApplication>
+#include <QDrag>
+#include <QMimeData>
+#include <QPixmap>
+
+namespace quillary {
+
+void dragItem(const std::string& path, const QImage& picture) {
+    // Not the dock's own child: its screen may go while the drag goes on.
+    auto* drag = new QDrag(QCoreApplication::instance());
+    auto* data = new QMimeData;
+    data->setText(QString::fromStdString(std::string(itemPrefix) + path));
+    drag->setMimeData(data);
+    drag->setPixmap(QPixmap::fromImage(picture));
+    drag->setHotSpot(QRectF({}, picture.deviceIndependentSize()).center().toPoint());
+    drag->exec(Qt::CopyAction);
+}
+
+} // namespace quillary
