@@ -59,6 +59,11 @@ void Spring::jumpTo(double value) {
     begun = {0, 0};
 }
 
+void Spring::displace(double offset, double now) {
+    begun = {offset, state(now).velocity};
+    start = now;
+}
+
 double Spring::value(double now) const {
     return goal + state(now).offset;
 }

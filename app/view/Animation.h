@@ -38,6 +38,8 @@ public:
     void moveTo(double target, double now);
     /// Is at the value at once, at rest.
     void jumpTo(double value);
+    /// Is that far from its target at once, and goes on with the velocity it has.
+    void displace(double offset, double now);
 
     [[nodiscard]] double target() const { return goal; }
     [[nodiscard]] double value(double now) const;

@@ -57,8 +57,14 @@ void DockPainter::draw(const DockScene& scene, QPointF origin) {
     for (const DockScene::Separator& separator : scene.separators) {
         drawSeparator(separator);
     }
+    // A dock longer than its screen draws, and loads the icons of, what is on it only.
+    const QRectF seen = painter.hasClipping() ? painter.clipBoundingRect()
+                                              : QRectF(0, 0, painter.device()->width() / ratio,
+                                                       painter.device()->height() / ratio);
     for (const DockScene::Icon& icon : scene.icons) {
-        drawIcon(icon);
+        if (QRectF(DockScene::extentOf(icon)).translated(shift).intersects(seen)) {
+            drawIcon(icon);
+        }
     }
     if (scene.label) {
         drawLabel(*scene.label);
@@ -110,6 +116,8 @@ void DockPainter::drawSeparator(const DockScene::Separator& separator) {
 }
 
 void DockPainter::drawIcon(const DockScene::Icon& icon) {
+    const double opacity = painter.opacity();
+    painter.setOpacity(opacity * icon.presence);
     if (icon.disc) {
         drawSprite(sprites.disc(icon.rect.width() * ratio), icon.disc->center, icon.disc->diameter);
     }
@@ -123,6 +131,7 @@ void DockPainter::drawIcon(const DockScene::Icon& icon) {
     if (icon.pill) {
         drawPill(*icon.pill);
     }
+    painter.setOpacity(opacity);
 }
 
 void DockPainter::drawImage(const DockScene::Icon& icon) {

@@ -39,19 +39,7 @@ QRect extent(const DockScene::Label& part) {
 }
 
 QRect extent(const DockScene::Icon& part) {
-    QRect whole = around(part.rect, reachOf(part.shadow));
-    if (part.disc) {
-        const double reach = part.disc->diameter / 2 + reachOf(DockScene::discShadow);
-        whole |= around(QRectF(part.disc->center, QSizeF()), reach);
-    }
-    if (part.dot) {
-        const double reach = part.dot->diameter / 2 + 2 * DockScene::glowRadius + softEdge;
-        whole |= around(QRectF(part.dot->center, QSizeF()), reach);
-    }
-    if (part.pill) {
-        whole |= around(part.pill->rect, softEdge);
-    }
-    return whole;
+    return DockScene::extentOf(part);
 }
 
 template<typename Part>
@@ -108,6 +96,22 @@ void addBackground(QRegion& region, const DockScene::Background& before, const D
 }
 
 } // namespace
+
+QRect DockScene::extentOf(const Icon& part) {
+    QRect whole = around(part.rect, reachOf(part.shadow));
+    if (part.disc) {
+        const double reach = part.disc->diameter / 2 + reachOf(discShadow);
+        whole |= around(QRectF(part.disc->center, QSizeF()), reach);
+    }
+    if (part.dot) {
+        const double reach = part.dot->diameter / 2 + 2 * glowRadius + softEdge;
+        whole |= around(QRectF(part.dot->center, QSizeF()), reach);
+    }
+    if (part.pill) {
+        whole |= around(part.pill->rect, softEdge);
+    }
+    return whole;
+}
 
 DockScene::Shadow DockScene::iconShadow(DockStyle style) {
     // Without a background the shadow alone sets the icons off.

@@ -84,6 +84,8 @@ struct DockScene {
         /// The square of its image.
         QRectF rect;
         double opacity = 1;
+        /// How far all of it is there, 0…1.
+        double presence = 1;
         Shadow shadow;
         /// How far it is pressed, 0…1: then it is smaller, about its centre, and darker.
         double pressed = 0;
@@ -145,6 +147,8 @@ struct DockScene {
 
     /// What an icon's image casts in a dock of that style.
     [[nodiscard]] static Shadow iconShadow(DockStyle style);
+    /// The whole points that the icon, with all that belongs to it, may touch before the scene's offset.
+    [[nodiscard]] static QRect extentOf(const Icon& icon);
     /// The whole points of the panel that may look different in the two scenes; empty when they are equal.
     [[nodiscard]] static QRegion damage(const DockScene& before, const DockScene& after);
 };

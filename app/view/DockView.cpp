@@ -59,13 +59,14 @@ DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> i
       drops(model, platform) {
     setAcceptDrops(true);
     const auto redraw = [this] { refresh(Existence::askAgain); };
-    connect(model.get(), &DockModel::configChanged, this, redraw);
-    connect(model.get(), &DockModel::maxLengthChanged, this, redraw);
+    const auto rearrange = [this] { refresh(Existence::askAgain, Movement::fromWhatIsSeen); };
+    connect(model.get(), &DockModel::configChanged, this, rearrange);
+    connect(model.get(), &DockModel::maxLengthChanged, this, rearrange);
     connect(model.get(), &DockModel::showMemoryChanged, this, redraw);
     connect(model.get(), &DockModel::mouseChanged, this, &DockView::followMouse);
     connect(model.get(), &DockModel::bouncingChanged, this, [this] { refresh(Existence::asKnown); });
     connect(model.get(), &DockModel::hiddenChanged, this, &DockView::followHidden);
-    connect(model->running.get(), &RunningApps::appsChanged, this, redraw);
+    connect(model->running.get(), &RunningApps::appsChanged, this, rearrange);
     connect(model->running.get(), &RunningApps::activePathChanged, this, redraw);
     connect(model->memory.get(), &MemoryMonitor::statsChanged, this, redraw);
     connect(model->memory.get(), &MemoryMonitor::byAppChanged, this, redraw);
@@ -84,6 +85,7 @@ void DockView::attach(PanelWindow& panelWindow) {
 
 void DockView::settle() {
     hidden.jumpTo(model->hidden() ? 1 : 0);
+    motion.clear();
     refresh(Existence::askAgain);
 }
 
@@ -116,7 +118,7 @@ void DockView::unpress() {
 }
 
 bool DockView::moving(double now) const {
-    return !magnified.settled(now) || !hidden.settled(now) || !pressed.settled(now) ||
+    return !magnified.settled(now) || !hidden.settled(now) || !pressed.settled(now) || !motion.settled(now) ||
            (!model->bouncing().empty() && shown.opacity > 0);
 }
 
@@ -151,13 +153,18 @@ DockSceneState DockView::state(double now) {
             }};
 }
 
-void DockView::refresh(Existence existence) {
+void DockView::refresh(Existence existence, Movement movement) {
     if (existence == Existence::askAgain) {
         existing.clear();
         names.clear();
     }
     const double now = platform.scheduler().now();
-    setScene(buildDockScene(*model, state(now)));
+    DockScene next = buildDockScene(*model, state(now));
+    if (movement == Movement::fromWhatIsSeen) {
+        motion.retarget(shown, next, now);
+    }
+    motion.apply(next, now);
+    setScene(std::move(next));
     if (!moving(now)) {
         frameWork.reset();
     } else if (!frameWork) {

@@ -7,6 +7,7 @@
 #include "app/view/DockSceneBuilder.h"
 #include "app/view/IconSprites.h"
 #include "app/view/Plates.h"
+#include "app/view/SceneMotion.h"
 
 #include <QFontMetricsF>
 #include <QPointF>
@@ -69,6 +70,7 @@ protected:
 
 private:
     enum class Existence { asKnown, askAgain };
+    enum class Movement { none, fromWhatIsSeen };
 
     void followMouse();
     void followHidden();
@@ -79,7 +81,7 @@ private:
     void setDropTarget(std::optional<DockDrops::Target> target);
     [[nodiscard]] QPointF scenePoint(QPointF position) const;
     [[nodiscard]] QImage dragPicture(const std::string& path);
-    void refresh(Existence existence);
+    void refresh(Existence existence, Movement movement = Movement::none);
     void setScene(DockScene next);
     void updateShape();
     void paint(QPainter& painter);
@@ -108,6 +110,7 @@ private:
     std::string pressedPath;
     EasedValue pressed;
     Spring hidden;
+    SceneMotion motion;
     std::unique_ptr<ScheduledTask> frameWork;
     std::optional<QPointF> pressedAt;
     std::unique_ptr<ScheduledTask> dragWork;

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPalette>
 
+#include <algorithm>
+
 namespace quillary::test {
 namespace {
 
@@ -227,6 +229,54 @@ TEST_F(DockViewTest, withoutBlendingEveryPixelShownIsOpaqueAndTheWindowIsShaped)
     model().setHidden(true);
     wait(3);
     EXPECT_TRUE(shownIn.visibleShape.isEmpty());
+}
+
+TEST_F(DockViewTest, aPressedIconShrinksAndDarkensOver100Milliseconds) {
+    configure([](DockConfig& config) { config.bounceOnLaunch = false; });
+    wait(1);
+    const auto send = [this](QEvent::Type type, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, onFirst, onFirst, Qt::LeftButton, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(view.get(), &event);
+    };
+    const auto pressed = [this] { return view->scene().icons.at(0).pressed; };
+    send(QEvent::MouseButtonPress, Qt::LeftButton);
+    EXPECT_EQ(pressed(), 0);
+    wait(0.05);
+    // Ease-out is at 7/8 half-way, seen in the last frame before.
+    EXPECT_GT(pressed(), 0.6);
+    EXPECT_LT(pressed(), 1);
+    wait(0.1);
+    EXPECT_EQ(pressed(), 1);
+    EXPECT_EQ(view->scene().icons.at(1).pressed, 0);
+    EXPECT_FALSE(view->animating());
+    send(QEvent::MouseButtonRelease, Qt::NoButton);
+    wait(0.15);
+    EXPECT_EQ(pressed(), 0);
+    EXPECT_FALSE(view->animating());
+}
+
+TEST_F(DockViewTest, framesComeWhileAnIconHopsAndNoLonger) {
+    model().open(mail);
+    EXPECT_TRUE(view->animating());
+    double highest = 0;
+    const double resting = view->scene().icons.at(1).rect.top();
+    for (int i = 0; i < 60; ++i) {
+        wait(1.0 / 60);
+        highest = std::max(highest, resting - view->scene().icons.at(0).rect.top());
+    }
+    EXPECT_NEAR(highest, 48 * 0.45, 0.5);
+    platform.workspace().launch(mail);
+    wait(1);
+    EXPECT_NEAR(view->scene().icons.at(0).rect.top(), resting, 1e-9);
+    EXPECT_FALSE(view->animating());
+}
+
+TEST_F(DockViewTest, aHiddenDockHopsUnseenAndCostsNoFrames) {
+    configure([](DockConfig& config) { config.autoHide = true; });
+    wait(2);
+    model().open(mail);
+    wait(0.1);
+    EXPECT_FALSE(view->animating());
 }
 
 TEST_F(DockViewTest, darkDesktopsHaveDarkDocks) {
