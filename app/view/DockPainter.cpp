@@ -159,6 +159,9 @@ void DockPainter::drawSprite(const IconSprites::Sprite& sprite, QPointF center, 
         // On whole device pixels a sprite of the right size is copied as it is, and stays crisp.
         painter.drawImage(target.topLeft().toPoint(), sprite.image);
     } else {
+        // The rim of a sprite is clear and needs no smoothing; with it the toolkit would paint in many small
+        // pieces, on threads that cost more than they paint.
+        painter.setRenderHint(QPainter::Antialiasing, false);
         painter.drawImage(target, sprite.image);
     }
     painter.restore();

@@ -184,7 +184,9 @@ void DockView::setScene(DockScene next) {
     if (!damage.isEmpty()) {
         updateShape();
         const QPointF origin = model->geometry(model->cells()).frameOrigin();
-        update(origin.isNull() ? damage : damage.translated(origin.toPoint()));
+        // One rectangle: the toolkit clips several pixel row by pixel row, on threads that cost more than
+        // they paint.
+        update(damage.boundingRect().translated(origin.toPoint()));
     }
 }
 

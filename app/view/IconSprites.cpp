@@ -78,12 +78,13 @@ const IconSprites::Sprite& IconSprites::disc(double iconSize) {
 }
 
 int IconSprites::marginOf(const DockScene::Shadow& shadow) const {
+    // Scaled sprites are drawn without smoothing their rim, which must be clear therefore.
     if (shadow.opacity <= 0) {
-        return 0;
+        return 1;
     }
     const double offset = std::max(std::abs(shadow.offset.x()), std::abs(shadow.offset.y()));
     return SoftShadow::reach(shadow.radius * wanted.ratio) +
-           static_cast<int>(std::ceil(offset * wanted.ratio));
+           static_cast<int>(std::ceil(offset * wanted.ratio)) + 1;
 }
 
 QImage IconSprites::picture(const std::string& path, int size) {
@@ -106,7 +107,7 @@ IconSprites::Sprite IconSprites::renderIcon(const std::string& path, int size) {
     QImage image = canvas(size + 2 * margin);
     const QImage inner = picture(path, size);
     QPainter painter(&image);
-    if (margin > 0) {
+    if (wanted.shadow.opacity > 0) {
         QImage cover = canvas(image.width());
         QPainter(&cover).drawImage(margin, margin, inner);
         painter.drawImage(
@@ -127,7 +128,7 @@ IconSprites::Sprite IconSprites::renderDisc(int iconSize) const {
     QImage image = canvas(side + 2 * margin);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (margin > 0) {
+    if (wanted.discShadow.opacity > 0) {
         QImage cover = canvas(image.width());
         QPainter covering(&cover);
         covering.setRenderHint(QPainter::Antialiasing);
