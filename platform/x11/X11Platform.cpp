@@ -117,7 +117,7 @@ std::unique_ptr<StatusItem> X11Platform::makeStatusItem(const QIcon& /*symbol*/,
 }
 
 std::unique_ptr<PanelWindow> X11Platform::makePanelWindow(QWidget& contents) {
-    return std::make_unique<X11PanelWindow>(contents, *parts->connection, parts->compositor);
+    return std::make_unique<X11PanelWindow>(contents, *parts->connection, parts->compositor, parts->screens);
 }
 
 std::filesystem::path X11Platform::applicationSupportDirectory() const {

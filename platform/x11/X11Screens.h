@@ -26,6 +26,10 @@ public:
     /// A point of the X server's root window in global points.
     [[nodiscard]] QPointF toPoints(QPoint native) const { return toGlobalPoints(nativeScreens, native); }
 
+    /// The frame of the screen that holds the point, else of the nearest one, in global points; empty without
+    /// screens.
+    [[nodiscard]] QRect frameNear(QPoint point) const;
+
 private:
     void followQtScreens();
     void handleEvent(const xcb_generic_event_t* event);
