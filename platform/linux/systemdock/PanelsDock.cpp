@@ -38,6 +38,9 @@ void PanelsDock::write(const DockPrefs& prefs) {
     const auto now = panels->read();
     if (!now.error.empty()) {
         logFailure("read", now.error);
+    } else if (now.panels.empty()) {
+        // A desktop that has gone may come back with its panels as they were.
+        return;
     } else if (prefs == DockPrefs::hidden) {
         hide(now.panels);
     } else {
@@ -85,9 +88,6 @@ SavedValues PanelsDock::toPutAside(const SavedValues& now) const {
 }
 
 void PanelsDock::hide(const SavedValues& now) {
-    if (now.empty()) {
-        return;
-    }
     if (const auto error = file.store(toPutAside(now))) {
         logFailure("hide", *error);
         return;
