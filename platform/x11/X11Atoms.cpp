@@ -1,5 +1,7 @@
 #include "platform/x11/X11Atoms.h"
 
+#include "platform/x11/XcbPointer.h"
+
 #include <array>
 #include <cstdlib>
 #include <string_view>
@@ -68,6 +70,12 @@ X11Atoms X11Atoms::intern(xcb_connection_t* connection) {
         }
     }
     return atoms;
+}
+
+xcb_atom_t internAtom(xcb_connection_t* connection, std::string_view name) {
+    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const XcbPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 } // namespace quillary

@@ -1,6 +1,5 @@
 #include "platform/x11/X11Platform.h"
 
-#include "platform/SingleInstance.h"
 #include "platform/StatusItem.h"
 #include "platform/linux/LinuxSystemDockPreferences.h"
 #include "platform/linux/LinuxWorkspace.h"
@@ -11,6 +10,7 @@
 #include "platform/x11/X11PanelWindow.h"
 #include "platform/x11/X11PointerMonitor.h"
 #include "platform/x11/X11Screens.h"
+#include "platform/x11/X11SingleInstance.h"
 #include "platform/x11/X11StartupNotification.h"
 #include "platform/x11/X11WindowSource.h"
 
@@ -23,11 +23,6 @@
 namespace quillary {
 
 namespace {
-
-class AlwaysFirst final : public SingleInstance {
-public:
-    [[nodiscard]] bool claim() override { return true; }
-};
 
 class AbsentStatusItem final : public StatusItem {
 public:
@@ -46,7 +41,8 @@ struct X11Platform::Parts {
           pointer(std::move(pointerServer), screens),
           windows(*connection, clients, scheduler),
           startup(connection->screenNumber()),
-          workspace(windows, scheduler, log, &startup) {}
+          workspace(windows, scheduler, log, &startup),
+          instance(*connection, startup) {}
 
     QtScheduler scheduler;
     SyslogLog log;
@@ -59,7 +55,7 @@ struct X11Platform::Parts {
     X11WindowSource windows;
     X11StartupNotification startup;
     LinuxWorkspace workspace;
-    AlwaysFirst instance;
+    X11SingleInstance instance;
 };
 
 X11Platform::X11Platform(std::unique_ptr<Parts> made) : parts(std::move(made)) {}
