@@ -6,7 +6,7 @@
 
 namespace quillary::test {
 
-FakeService::FakeService(const char* name) {
+FakeService::FakeService() {
     constexpr auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
     bus.reset(g_dbus_connection_new_for_address_sync(std::getenv("DBUS_SESSION_BUS_ADDRESS"), flags, nullptr,
@@ -15,6 +15,9 @@ FakeService::FakeService(const char* name) {
         throw std::runtime_error("no bus");
     }
     g_dbus_connection_add_filter(bus.get(), filter, this, nullptr);
+}
+
+void FakeService::own(const char* name) {
     const Value reply(g_dbus_connection_call_sync(
         bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
         g_variant_new("(su)", name, 0U), nullptr, G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, nullptr));

@@ -18,7 +18,7 @@ public:
     using Value = Released<GVariant, g_variant_unref>;
     enum class Manner { answers, refuses, isSilent };
 
-    explicit FakeService(const char* name);
+    FakeService();
     virtual ~FakeService();
     FakeService(const FakeService&) = delete;
     FakeService& operator=(const FakeService&) = delete;
@@ -33,6 +33,8 @@ public:
     [[nodiscard]] std::vector<std::string> takeCalls();
 
 protected:
+    /// Takes the name on the bus. Calls come from then on, so nothing of the service may be missing.
+    void own(const char* name);
     [[nodiscard]] virtual bool isReading(const std::string& method, GVariant* arguments) const = 0;
     /// The answer, floating; null for one without values. `lock` is held.
     [[nodiscard]] virtual GVariant* answer(const std::string& method, GVariant* arguments) = 0;

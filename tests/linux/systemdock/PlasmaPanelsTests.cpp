@@ -1,6 +1,9 @@
 #include "tests/linux/systemdock/BusDockTest.h"
 #include "tests/linux/systemdock/FakeService.h"
 
+#include <tuple>
+#include <utility>
+
 namespace quillary::test {
 
 namespace {
@@ -13,7 +16,7 @@ constexpr const char* reading =
 /// Records scripts and evaluates none: what a reading prints is told to it.
 class FakePlasma final : public FakeService {
 public:
-    FakePlasma() : FakeService("org.kde.plasmashell") {}
+    FakePlasma() { own("org.kde.plasmashell"); }
     ~FakePlasma() override { leave(); }
 
     void prints(const std::string& text) {
@@ -38,7 +41,7 @@ protected:
         }
         const char* script = nullptr;
         g_variant_get(arguments, "(&s)", &script);
-        scripts.push_back(script);
+        scripts.emplace_back(script);
         return g_variant_new("(s)", "");
     }
 

@@ -2,6 +2,7 @@
 #include "tests/linux/systemdock/FakeService.h"
 
 #include <map>
+#include <tuple>
 
 namespace quillary::test {
 
@@ -17,7 +18,7 @@ constexpr const char* panel3 = "/panels/panel-3/autohide-behavior";
 /// Keeps the properties of one channel, as texts with their types.
 class FakeXfconf final : public FakeService {
 public:
-    FakeXfconf() : FakeService("org.xfce.Xfconf") {}
+    FakeXfconf() { own("org.xfce.Xfconf"); }
     ~FakeXfconf() override { leave(); }
 
     void set(const std::string& property, const std::string& value) {
