@@ -15,7 +15,6 @@ using std::chrono::milliseconds;
 constexpr milliseconds hideDelay{600};
 const QColor red(220, 20, 20);
 const QRect leftScreen(0, 0, 1280, 900);
-const QRect rightScreen(1280, 0, 1120, 800);
 const QPoint farAway(640, 300);
 // Of the first of three icons of 50 points that don't grow, on LEFT at the bottom.
 const QRect iconInPlace(559, 831, 50, 50);
