@@ -29,6 +29,7 @@ constexpr std::array entries = {
     Entry{&X11Atoms::netWmStrutPartial, "_NET_WM_STRUT_PARTIAL"},
     Entry{&X11Atoms::netWmState, "_NET_WM_STATE"},
     Entry{&X11Atoms::netWmStateAbove, "_NET_WM_STATE_ABOVE"},
+    Entry{&X11Atoms::netWmStateFullscreen, "_NET_WM_STATE_FULLSCREEN"},
     Entry{&X11Atoms::netWmStateSticky, "_NET_WM_STATE_STICKY"},
     Entry{&X11Atoms::netWmStateSkipTaskbar, "_NET_WM_STATE_SKIP_TASKBAR"},
     Entry{&X11Atoms::netWmStateSkipPager, "_NET_WM_STATE_SKIP_PAGER"},

@@ -22,6 +22,7 @@ struct X11Atoms {
     xcb_atom_t netWmStrutPartial = XCB_ATOM_NONE;
     xcb_atom_t netWmState = XCB_ATOM_NONE;
     xcb_atom_t netWmStateAbove = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateFullscreen = XCB_ATOM_NONE;
     xcb_atom_t netWmStateSticky = XCB_ATOM_NONE;
     xcb_atom_t netWmStateSkipTaskbar = XCB_ATOM_NONE;
     xcb_atom_t netWmStateSkipPager = XCB_ATOM_NONE;

@@ -31,7 +31,7 @@ struct X11Platform::Parts {
           compositor(*connection),
           screens(*connection, clients),
           pointer(std::move(pointerServer), screens),
-          windows(*connection, clients, scheduler),
+          windows(*connection, clients, screens, scheduler),
           startup(connection->screenNumber()),
           workspace(windows, scheduler, log, &startup),
           instance(*connection, startup),
