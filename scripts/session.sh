@@ -21,7 +21,7 @@ take_down() {
     local status=$? name
     trap - EXIT
     # The program first, so that it ends by its normal path; what was started over the bus dies with bus and screen.
-    for name in program thunar editor galculator terminal picom openbox bus screen; do
+    for name in program thunar editor galculator terminal tray picom openbox bus screen; do
         if [[ -n ${processes[$name]:-} ]] && ! has_ended "$name"; then
             kill "${processes[$name]}" 2>/dev/null || true
             wait_until 5 has_ended "$name" || kill -KILL "${processes[$name]}" 2>/dev/null || true
@@ -104,6 +104,31 @@ start_desktop() {
     start picom picom --config /dev/null --backend xrender --shadow --shadow-radius 14 --shadow-opacity 0.4 \
         --shadow-offset-x -14 --shadow-offset-y -10 --shadow-exclude "window_type = 'dock'"
     wait_until 10 compositor_runs
+}
+
+# A status bar at the top right of LEFT, for the program's symbol.
+start_tray() {
+    cat >"$session/tint2rc" <<'CONF'
+background_id = 0
+rounded = 6
+border_width = 0
+background_color = #1d2130 75
+panel_items = SC
+panel_monitor = 1
+panel_position = top right horizontal
+panel_size = 110 28
+panel_margin = 8 8
+panel_padding = 8 2 8
+panel_background_id = 1
+panel_layer = normal
+strut_policy = none
+systray_padding = 0 2 6
+systray_icon_size = 20
+time1_format = %H:%M
+time1_font = Inter 10
+clock_font_color = #e8ebf2 100
+CONF
+    start tray tint2 -c "$session/tint2rc"
 }
 
 window_manager_runs() {

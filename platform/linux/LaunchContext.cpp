@@ -11,6 +11,7 @@
 #include <atomic>
 #include <cstdint>
 #include <utility>
+#include <vector>
 
 #include <unistd.h>
 
@@ -84,11 +85,20 @@ std::string textOf(const char* text) {
     return text != nullptr ? text : "";
 }
 
+// GIO's own answer has the quotes of Exec still around it.
+std::string programOf(GAppInfo* info) {
+    char** words = nullptr;
+    const bool parsed =
+        g_shell_parse_argv(textOf(g_app_info_get_commandline(info)).c_str(), nullptr, &words, nullptr) != 0;
+    const auto command = parsed ? takeTexts(words) : std::vector<std::string>();
+    return command.empty() ? std::string() : command.front();
+}
+
 StartupSequence sequenceOf(GDesktopAppInfo* entry) {
     auto* info = reinterpret_cast<GAppInfo*>(entry);
     return {.name = textOf(g_app_info_get_display_name(info)),
             .icon = takeText(g_desktop_app_info_get_locale_string(entry, G_KEY_FILE_DESKTOP_KEY_ICON)),
-            .binary = textOf(g_app_info_get_executable(info)),
+            .binary = programOf(info),
             .applicationId = textOf(g_desktop_app_info_get_filename(entry)),
             .windowClass = textOf(g_desktop_app_info_get_startup_wm_class(entry))};
 }

@@ -6,8 +6,11 @@
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/DesktopFavourites.h"
 #include "platform/linux/GlibText.h"
+#include "platform/linux/SyslogLog.h"
+#include "platform/linux/systemdock/DesktopDock.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <glib.h>
 
@@ -43,15 +46,42 @@ std::vector<std::string> defaults(const EntryIndex& entries) {
 
 } // namespace
 
-DockPrefs LinuxSystemDockPreferences::read() const {
-    return DockPrefs::hidden;
+LinuxSystemDockPreferences::LinuxSystemDockPreferences()
+    : folder(std::filesystem::path(g_get_user_config_dir()) / "Quillary"),
+      ownLog(std::make_unique<SyslogLog>()),
+      log(*ownLog) {}
+
+LinuxSystemDockPreferences::LinuxSystemDockPreferences(std::filesystem::path stateFolder,
+                                                       SystemLog& systemLog)
+    : folder(std::move(stateFolder)), log(systemLog) {}
+
+LinuxSystemDockPreferences::~LinuxSystemDockPreferences() = default;
+
+DesktopDock* LinuxSystemDockPreferences::dock() const {
+    if (!isLookedFor) {
+        isLookedFor = true;
+        const char* desktop = g_getenv("XDG_CURRENT_DESKTOP");
+        found = DesktopDock::of(desktop != nullptr ? desktop : "", folder, log);
+    }
+    return found.get();
 }
 
-void LinuxSystemDockPreferences::write(const DockPrefs& /*prefs*/) {}
+DockPrefs LinuxSystemDockPreferences::read() const {
+    auto* desktopDock = dock();
+    return desktopDock != nullptr ? desktopDock->read() : DockPrefs::hidden;
+}
 
-void LinuxSystemDockPreferences::synchronise() {}
+void LinuxSystemDockPreferences::write(const DockPrefs& prefs) {
+    if (auto* desktopDock = dock()) {
+        desktopDock->write(prefs);
+    }
+}
 
-void LinuxSystemDockPreferences::restart() {}
+void LinuxSystemDockPreferences::synchronise() {
+    if (auto* desktopDock = dock()) {
+        desktopDock->synchronise();
+    }
+}
 
 std::vector<std::string> LinuxSystemDockPreferences::pinnedItems() const {
     const auto dockFile =

@@ -2,24 +2,51 @@
 
 #include "platform/SystemDockPreferences.h"
 
+#include <filesystem>
+#include <memory>
+
 namespace quillary {
 
-/// The desktop's own dock as far as it is common to desktops: what is pinned to it. Desktops share no way to
-/// hide their panels, so writing, synchronising and restarting do nothing.
+class DesktopDock;
+class SystemLog;
+
+/// The desktop's own dock: Dash to Dock and Ubuntu's dock, Xfce's panels and Plasma's, each hidden with its
+/// desktop's settings. What XDG_CURRENT_DESKTOP names is looked for at the first reading; on other desktops
+/// nothing is ever asked.
 class LinuxSystemDockPreferences final : public SystemDockPreferences {
 public:
-    /// Always `DockPrefs::hidden`: a desktop without a dock that can be switched off counts as one whose dock
-    /// is hidden already, so that hiding it changes nothing and no values are kept as the user's own.
+    /// Keeps what belongs to the user while the dock is hidden in Quillary's folder of user configuration
+    /// (XDG Base Directory Specification), and tells the system's log.
+    LinuxSystemDockPreferences();
+    LinuxSystemDockPreferences(std::filesystem::path stateFolder, SystemLog& systemLog);
+    ~LinuxSystemDockPreferences() override;
+    LinuxSystemDockPreferences(const LinuxSystemDockPreferences&) = delete;
+    LinuxSystemDockPreferences& operator=(const LinuxSystemDockPreferences&) = delete;
+
+    /// `DockPrefs::hidden` on a desktop without a dock that can be hidden: it counts as one whose dock is
+    /// hidden already, so that hiding it changes nothing and no values are kept as the user's own. Waits a
+    /// second at the most, as the two operations after it do.
     [[nodiscard]] DockPrefs read() const override;
     void write(const DockPrefs& prefs) override;
     void synchronise() override;
-    void restart() override;
+    /// Nothing to do: these docks follow their settings while they run.
+    void restart() override {}
 
     /// The items of a macOS Dock when its preference file stands under the home folder; else the favourites
     /// of the desktop in use with the file manager before them; else file manager, browser, terminal, text
     /// editor and settings. Entries that aren't installed are left out,
     /// and paths that are no UTF-8, which the settings could not keep.
     [[nodiscard]] std::vector<std::string> pinnedItems() const override;
+
+private:
+    [[nodiscard]] DesktopDock* dock() const;
+
+    std::filesystem::path folder;
+    std::unique_ptr<SystemLog> ownLog;
+    SystemLog& log;
+    // Found at the first need.
+    mutable bool isLookedFor = false;
+    mutable std::unique_ptr<DesktopDock> found;
 };
 
 } // namespace quillary

@@ -50,6 +50,7 @@ LinuxWorkspace::LinuxWorkspace(WindowSource& windows, Scheduler& scheduler, Syst
     : m_windows(windows), m_log(log), m_entries(scheduler), m_launcher(scheduler, log, notification) {
     connect(&m_windows, &WindowSource::windowsChanged, this, &LinuxWorkspace::tellChanges);
     connect(&m_windows, &WindowSource::activeWindowChanged, this, &LinuxWorkspace::tellChanges);
+    connect(&m_windows, &WindowSource::fullScreenChanged, this, &LinuxWorkspace::fullScreenChanged);
     connect(&m_entries, &DesktopEntries::changed, this, [this] {
         m_applications.forgetMatches();
         tellChanges();
@@ -124,7 +125,7 @@ std::optional<RunningApplication> LinuxWorkspace::frontmostApplication() const {
 }
 
 std::optional<QRectF> LinuxWorkspace::fullScreenFrame() const {
-    return std::nullopt;
+    return m_windows.fullScreenFrame();
 }
 
 std::optional<std::string> LinuxWorkspace::ownBundleIdentifier() const {

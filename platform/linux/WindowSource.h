@@ -3,6 +3,7 @@
 #include "platform/linux/WindowInfo.h"
 
 #include <QObject>
+#include <QRectF>
 
 #include <optional>
 #include <vector>
@@ -21,6 +22,9 @@ public:
     [[nodiscard]] virtual std::optional<std::uint64_t> activeWindow() const = 0;
     /// The windows from the bottom to the top of the stack.
     [[nodiscard]] virtual std::vector<std::uint64_t> stackingOrder() const = 0;
+    /// What the window with the focus covers when it is full-screen, this program's own included; global
+    /// points. As with activeWindow, a moment without focus is not told.
+    [[nodiscard]] virtual std::optional<QRectF> fullScreenFrame() const = 0;
 
     /// Brings the window to the front with focus, out of minimisation and from another desktop. Nothing
     /// happens when it has gone.
@@ -32,6 +36,7 @@ Q_SIGNALS:
     /// A window came, went or changed what it says of itself.
     void windowsChanged();
     void activeWindowChanged();
+    void fullScreenChanged();
 };
 
 } // namespace quillary

@@ -28,6 +28,17 @@ QRectF NativeScreen::toPoints(const QRect& native) const {
     return {rounded(toPoints(native.topLeft())), rounded(toPoints(bottomRight))};
 }
 
+QRectF toGlobalPoints(const std::vector<NativeScreen>& screens, const QRect& native) {
+    QRectF whole;
+    for (const auto& screen : screens) {
+        const QRect part = native & screen.geometry;
+        if (!part.isEmpty()) {
+            whole |= screen.toPoints(part);
+        }
+    }
+    return whole.isEmpty() ? QRectF(toGlobalPoints(screens, native.topLeft()), QSizeF(native.size())) : whole;
+}
+
 QPointF toGlobalPoints(const std::vector<NativeScreen>& screens, QPoint native) {
     const auto nearest =
         std::min_element(screens.begin(), screens.end(), [&](const NativeScreen& a, const NativeScreen& b) {

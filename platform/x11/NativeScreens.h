@@ -29,4 +29,8 @@ struct NativeScreen {
 /// screen.
 [[nodiscard]] QPointF toGlobalPoints(const std::vector<NativeScreen>& screens, QPoint native);
 
+/// The rectangle in global points: the parts of it on all screens together, or where it would lie by the
+/// nearest screen when it is on none.
+[[nodiscard]] QRectF toGlobalPoints(const std::vector<NativeScreen>& screens, const QRect& native);
+
 } // namespace quillary

@@ -1,5 +1,7 @@
 #include "platform/x11/X11Atoms.h"
 
+#include "platform/x11/XcbPointer.h"
+
 #include <array>
 #include <cstdlib>
 #include <string_view>
@@ -27,6 +29,7 @@ constexpr std::array entries = {
     Entry{&X11Atoms::netWmStrutPartial, "_NET_WM_STRUT_PARTIAL"},
     Entry{&X11Atoms::netWmState, "_NET_WM_STATE"},
     Entry{&X11Atoms::netWmStateAbove, "_NET_WM_STATE_ABOVE"},
+    Entry{&X11Atoms::netWmStateFullscreen, "_NET_WM_STATE_FULLSCREEN"},
     Entry{&X11Atoms::netWmStateSticky, "_NET_WM_STATE_STICKY"},
     Entry{&X11Atoms::netWmStateSkipTaskbar, "_NET_WM_STATE_SKIP_TASKBAR"},
     Entry{&X11Atoms::netWmStateSkipPager, "_NET_WM_STATE_SKIP_PAGER"},
@@ -68,6 +71,12 @@ X11Atoms X11Atoms::intern(xcb_connection_t* connection) {
         }
     }
     return atoms;
+}
+
+xcb_atom_t internAtom(xcb_connection_t* connection, std::string_view name) {
+    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const XcbPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 } // namespace quillary

@@ -2,6 +2,8 @@
 
 #include <xcb/xcb.h>
 
+#include <string_view>
+
 namespace quillary {
 
 /// The atoms that the X11 backend speaks of: EWMH, ICCCM and what toolkits add. XCB_ATOM_NONE for one that
@@ -20,6 +22,7 @@ struct X11Atoms {
     xcb_atom_t netWmStrutPartial = XCB_ATOM_NONE;
     xcb_atom_t netWmState = XCB_ATOM_NONE;
     xcb_atom_t netWmStateAbove = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateFullscreen = XCB_ATOM_NONE;
     xcb_atom_t netWmStateSticky = XCB_ATOM_NONE;
     xcb_atom_t netWmStateSkipTaskbar = XCB_ATOM_NONE;
     xcb_atom_t netWmStateSkipPager = XCB_ATOM_NONE;
@@ -47,5 +50,8 @@ struct X11Atoms {
     /// Interns all of them in one round trip.
     [[nodiscard]] static X11Atoms intern(xcb_connection_t* connection);
 };
+
+/// Interns one more; XCB_ATOM_NONE when that fails. A round trip.
+[[nodiscard]] xcb_atom_t internAtom(xcb_connection_t* connection, std::string_view name);
 
 } // namespace quillary

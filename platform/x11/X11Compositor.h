@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11SelectionOwner.h"
 
 #include <QObject>
 
@@ -14,20 +14,14 @@ class X11Compositor final : public QObject {
 public:
     explicit X11Compositor(X11Connection& server);
 
-    [[nodiscard]] bool isRunning() const { return running; }
+    [[nodiscard]] bool isRunning() const { return owner.isPresent(); }
 
 Q_SIGNALS:
     /// The compositor came or went.
     void changed();
 
 private:
-    void handleEvent(const xcb_generic_event_t* event);
-    void setRunning(bool now);
-
-    X11Connection& connection;
-    xcb_atom_t selection = XCB_ATOM_NONE;
-    int selectionEvent = -1;
-    bool running = false;
+    X11SelectionOwner owner;
 };
 
 } // namespace quillary

@@ -1,7 +1,10 @@
 #include "platform/x11/X11PanelWindow.h"
 
+#include "platform/qt/QtMenu.h"
 #include "platform/x11/ShapeRectangles.h"
 #include "platform/x11/X11Compositor.h"
+#include "platform/x11/X11Grab.h"
+#include "platform/x11/X11Screens.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -13,6 +16,7 @@
 #include <xcb/shape.h>
 
 #include <array>
+#include <utility>
 
 namespace quillary {
 
@@ -34,8 +38,9 @@ void writeProperty(xcb_connection_t* xcb, xcb_window_t window, xcb_atom_t proper
 
 } // namespace
 
-X11PanelWindow::X11PanelWindow(QWidget& widget, X11Connection& server, const X11Compositor& compositing)
-    : connection(server), compositor(compositing), contents(&widget) {
+X11PanelWindow::X11PanelWindow(QWidget& widget, X11Connection& server, const X11Compositor& compositing,
+                               const X11Screens& screenList)
+    : connection(server), compositor(compositing), screens(screenList), contents(&widget) {
     widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                           Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
     widget.setAttribute(Qt::WA_TranslucentBackground);
@@ -246,8 +251,13 @@ void X11PanelWindow::orderFront() {
     xcb_flush(qtConnection());
 }
 
-void X11PanelWindow::popUpMenu(Menu /*menu*/, QPoint /*location*/, std::function<void()> whenClosed) {
-    whenClosed();
+void X11PanelWindow::popUpMenu(Menu menu, QPoint location, std::function<void()> whenClosed) {
+    if (!contents || closed) {
+        return;
+    }
+    const QPoint corner = contents->mapToGlobal(location);
+    QtMenu::popUp(std::move(menu), {corner, screens.frameNear(corner), X11Grab::take}, *this,
+                  std::move(whenClosed));
 }
 
 void X11PanelWindow::close() {
@@ -255,6 +265,7 @@ void X11PanelWindow::close() {
         return;
     }
     closed = true;
+    QtMenu::drop(*this);
     frameCheck.stop();
     if (contents) {
         contents->hide();

@@ -15,6 +15,7 @@ class QWindow;
 namespace quillary {
 
 class X11Compositor;
+class X11Screens;
 
 /// A dock's window under an EWMH window manager: of type dock, above, on all desktops, out of task bars and
 /// pagers, with an input region by the SHAPE extension. It reserves no space.
@@ -29,7 +30,8 @@ class X11PanelWindow final : public PanelWindow {
 
 public:
     /// Dresses the widget, which must be a top-level one that was never shown.
-    X11PanelWindow(QWidget& widget, X11Connection& server, const X11Compositor& compositing);
+    X11PanelWindow(QWidget& widget, X11Connection& server, const X11Compositor& compositing,
+                   const X11Screens& screenList);
     ~X11PanelWindow() override;
 
     void setFrame(const QRect& frame) override;
@@ -64,6 +66,7 @@ private:
 
     X11Connection& connection;
     const X11Compositor& compositor;
+    const X11Screens& screens;
     QPointer<QWidget> contents;
     QPointer<QWindow> watchedWindow;
     xcb_window_t native = XCB_WINDOW_NONE;

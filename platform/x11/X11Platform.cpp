@@ -1,16 +1,17 @@
 #include "platform/x11/X11Platform.h"
 
-#include "platform/SingleInstance.h"
-#include "platform/StatusItem.h"
 #include "platform/linux/LinuxSystemDockPreferences.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/SyslogLog.h"
 #include "platform/qt/QtScheduler.h"
+#include "platform/qt/QtStatusItem.h"
 #include "platform/x11/X11ClientList.h"
 #include "platform/x11/X11Compositor.h"
+#include "platform/x11/X11Grab.h"
 #include "platform/x11/X11PanelWindow.h"
 #include "platform/x11/X11PointerMonitor.h"
 #include "platform/x11/X11Screens.h"
+#include "platform/x11/X11SingleInstance.h"
 #include "platform/x11/X11StartupNotification.h"
 #include "platform/x11/X11WindowSource.h"
 
@@ -22,20 +23,6 @@
 
 namespace quillary {
 
-namespace {
-
-class AlwaysFirst final : public SingleInstance {
-public:
-    [[nodiscard]] bool claim() override { return true; }
-};
-
-class AbsentStatusItem final : public StatusItem {
-public:
-    [[nodiscard]] bool isShown() const override { return false; }
-};
-
-} // namespace
-
 // In the order in which one builds on another.
 struct X11Platform::Parts {
     Parts(std::unique_ptr<X11Connection> server, std::unique_ptr<X11Connection> pointerServer)
@@ -44,9 +31,11 @@ struct X11Platform::Parts {
           compositor(*connection),
           screens(*connection, clients),
           pointer(std::move(pointerServer), screens),
-          windows(*connection, clients, scheduler),
+          windows(*connection, clients, screens, scheduler),
           startup(connection->screenNumber()),
-          workspace(windows, scheduler, log, &startup) {}
+          workspace(windows, scheduler, log, &startup),
+          instance(*connection, startup),
+          tray(*connection, "_NET_SYSTEM_TRAY") {}
 
     QtScheduler scheduler;
     SyslogLog log;
@@ -59,7 +48,8 @@ struct X11Platform::Parts {
     X11WindowSource windows;
     X11StartupNotification startup;
     LinuxWorkspace workspace;
-    AlwaysFirst instance;
+    X11SingleInstance instance;
+    X11SelectionOwner tray;
 };
 
 X11Platform::X11Platform(std::unique_ptr<Parts> made) : parts(std::move(made)) {}
@@ -110,14 +100,23 @@ SingleInstance& X11Platform::instance() {
     return parts->instance;
 }
 
-std::unique_ptr<StatusItem> X11Platform::makeStatusItem(const QIcon& /*symbol*/,
-                                                        const std::string& /*description*/,
-                                                        std::function<Menu()> /*menuNeedsUpdate*/) {
-    return std::make_unique<AbsentStatusItem>();
+std::unique_ptr<StatusItem> X11Platform::makeStatusItem(const QIcon& symbol, const std::string& description,
+                                                        std::function<Menu()> menuNeedsUpdate) {
+    auto& made = *parts;
+    auto item = std::make_unique<QtStatusItem>(
+        symbol, description, std::move(menuNeedsUpdate),
+        QtStatusItem::Surroundings{
+            .toPoints = [&made](QPoint native) { return made.screens.toPoints(native).toPoint(); },
+            .frameNear = [&made](QPoint point) { return made.screens.frameNear(point); },
+            .grab = X11Grab::take});
+    item->setTrayPresent(made.tray.isPresent());
+    QObject::connect(&made.tray, &X11SelectionOwner::changed, item.get(),
+                     [&made, item = item.get()] { item->setTrayPresent(made.tray.isPresent()); });
+    return item;
 }
 
 std::unique_ptr<PanelWindow> X11Platform::makePanelWindow(QWidget& contents) {
-    return std::make_unique<X11PanelWindow>(contents, *parts->connection, parts->compositor);
+    return std::make_unique<X11PanelWindow>(contents, *parts->connection, parts->compositor, parts->screens);
 }
 
 std::filesystem::path X11Platform::applicationSupportDirectory() const {

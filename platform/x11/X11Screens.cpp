@@ -11,6 +11,7 @@
 #include <xcb/randr.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace quillary {
 
@@ -55,6 +56,21 @@ X11Screens::X11Screens(X11Connection& server, X11ClientList& list) : connection(
 }
 
 X11Screens::~X11Screens() = default;
+
+QRect X11Screens::frameNear(QPoint point) const {
+    QRect nearest;
+    int least = std::numeric_limits<int>::max();
+    for (const auto& info : infos) {
+        const QRect frame = info.frame.toRect();
+        const QPoint inside(std::clamp(point.x(), frame.left(), frame.right()),
+                            std::clamp(point.y(), frame.top(), frame.bottom()));
+        if (const int distance = (point - inside).manhattanLength(); distance < least) {
+            least = distance;
+            nearest = frame;
+        }
+    }
+    return nearest;
+}
 
 // Qt learns of a monitor and of a new scale at its own time, sometimes after us.
 void X11Screens::followQtScreens() {

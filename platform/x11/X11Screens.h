@@ -25,6 +25,12 @@ public:
     [[nodiscard]] std::vector<ScreenInfo> list() const override { return infos; }
     /// A point of the X server's root window in global points.
     [[nodiscard]] QPointF toPoints(QPoint native) const { return toGlobalPoints(nativeScreens, native); }
+    /// A rectangle of the X server's root window in global points.
+    [[nodiscard]] QRectF toPoints(const QRect& native) const { return toGlobalPoints(nativeScreens, native); }
+
+    /// The frame of the screen that holds the point, else of the nearest one, in global points; empty without
+    /// screens.
+    [[nodiscard]] QRect frameNear(QPoint point) const;
 
 private:
     void followQtScreens();

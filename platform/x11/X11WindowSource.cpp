@@ -18,8 +18,10 @@ constexpr std::uint32_t maxProtocolBytes = 64 * 4;
 
 } // namespace
 
-X11WindowSource::X11WindowSource(X11Connection& server, X11ClientList& list, Scheduler& clock)
-    : connection(server), clients(list), scheduler(clock), reader(server) {
+X11WindowSource::X11WindowSource(X11Connection& server, X11ClientList& list, const X11Screens& screens,
+                                 Scheduler& clock)
+    : connection(server), clients(list), scheduler(clock), reader(server), fullScreen(server, screens) {
+    connect(&fullScreen, &X11FullScreenWatch::changed, this, &X11WindowSource::fullScreenChanged);
     connect(&connection, &X11Connection::eventReceived, this, &X11WindowSource::handleEvent);
     connect(&connection, &X11Connection::settled, this, &X11WindowSource::handleSettled);
     connect(&clients, &X11ClientList::changed, this, [this] {
@@ -112,20 +114,26 @@ void X11WindowSource::updateActive() {
     }
     if (window != XCB_WINDOW_NONE) {
         loseFocus.reset();
-        setActive(X11Connection::isOwnWindow(window) ? std::nullopt : std::optional<std::uint64_t>(window));
-    } else if (active && !loseFocus) {
+        setFocused(window);
+    } else if (focused != XCB_WINDOW_NONE && !loseFocus) {
         loseFocus = scheduler.after(focusGap, [this] {
             loseFocus.reset();
-            setActive(std::nullopt);
+            setFocused(XCB_WINDOW_NONE);
         });
     }
 }
 
-void X11WindowSource::setActive(std::optional<std::uint64_t> window) {
-    if (window != active) {
-        active = window;
+void X11WindowSource::setFocused(xcb_window_t window) {
+    focused = window;
+    std::optional<std::uint64_t> foreign;
+    if (window != XCB_WINDOW_NONE && !X11Connection::isOwnWindow(window)) {
+        foreign = window;
+    }
+    if (foreign != active) {
+        active = foreign;
         Q_EMIT activeWindowChanged();
     }
+    fullScreen.follow(focused);
 }
 
 void X11WindowSource::activate(std::uint64_t id) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/WindowSource.h"
+#include "platform/x11/X11FullScreenWatch.h"
 #include "platform/x11/X11WindowReader.h"
 
 #include <unordered_map>
@@ -11,18 +12,20 @@ namespace quillary {
 class ScheduledTask;
 class Scheduler;
 class X11ClientList;
+class X11Screens;
 
 /// Other programs' windows as the EWMH window manager lists them; none while there is no such window manager.
 class X11WindowSource final : public WindowSource {
     Q_OBJECT
 
 public:
-    X11WindowSource(X11Connection& server, X11ClientList& list, Scheduler& clock);
+    X11WindowSource(X11Connection& server, X11ClientList& list, const X11Screens& screens, Scheduler& clock);
     ~X11WindowSource() override;
 
     [[nodiscard]] std::vector<WindowInfo> windows() const override;
     [[nodiscard]] std::optional<std::uint64_t> activeWindow() const override { return active; }
     [[nodiscard]] std::vector<std::uint64_t> stackingOrder() const override;
+    [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override { return fullScreen.frame(); }
     void activate(std::uint64_t id) override;
     void close(std::uint64_t id) override;
 
@@ -35,7 +38,7 @@ private:
     void handleSettled();
     void updateWindows();
     void updateActive();
-    void setActive(std::optional<std::uint64_t> window);
+    void setFocused(xcb_window_t window);
     void showDesktopOf(xcb_window_t window);
     void send(xcb_window_t window, xcb_atom_t type, std::uint32_t first, std::uint32_t second);
     [[nodiscard]] bool wmSupports(xcb_atom_t feature) const;
@@ -47,6 +50,9 @@ private:
     X11WindowReader reader;
     std::vector<WindowInfo> known;
     std::unordered_set<xcb_window_t> stale;
+    X11FullScreenWatch fullScreen;
+    // Our own windows too.
+    xcb_window_t focused = XCB_WINDOW_NONE;
     std::optional<std::uint64_t> active;
     std::unique_ptr<ScheduledTask> loseFocus;
     bool activeStale = false;

@@ -63,6 +63,20 @@ std::vector<xcb_window_t> DesktopFixture::docks() const {
     return found;
 }
 
+bool DesktopFixture::isPopup(xcb_window_t window) const {
+    const Reply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        display.xcb(), xcb_get_window_attributes(display.xcb(), window), nullptr));
+    return reply && reply->override_redirect != 0 && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+std::vector<xcb_window_t> DesktopFixture::popups() const {
+    std::vector<xcb_window_t> found;
+    collect(display.root(), found);
+    std::erase_if(found,
+                  [this](xcb_window_t window) { return !belongsToProgram(window) || !isPopup(window); });
+    return found;
+}
+
 std::vector<QRect> DesktopFixture::places() const {
     std::vector<QRect> result;
     for (const auto window : docks()) {

@@ -38,7 +38,9 @@ protected:
 
     /// The program's windows of the dock type that are seen, from left to right.
     [[nodiscard]] std::vector<xcb_window_t> docks() const;
-    /// The places of these.
+    /// The program's windows that no window manager places and that are seen: its menus, the topmost last.
+    [[nodiscard]] std::vector<xcb_window_t> popups() const;
+    /// The places of the docks.
     [[nodiscard]] std::vector<QRect> places() const;
     /// Waits until the docks stand exactly there; reports where they stand when they don't.
     [[nodiscard]] testing::AssertionResult standAt(const std::vector<QRect>& expected) const;
@@ -71,6 +73,7 @@ protected:
 private:
     [[nodiscard]] xcb_window_t dockIn(const QRect& monitor) const;
     [[nodiscard]] bool belongsToProgram(xcb_window_t window) const;
+    [[nodiscard]] bool isPopup(xcb_window_t window) const;
     void collect(xcb_window_t parent, std::vector<xcb_window_t>& found) const;
 };
 

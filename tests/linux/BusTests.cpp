@@ -1,80 +1,17 @@
 #include "platform/linux/Launcher.h"
-#include "platform/linux/Released.h"
 #include "tests/fake/ManualScheduler.h"
+#include "tests/linux/BusServices.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
 
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <mutex>
-
 namespace quillary::test {
 
 namespace {
 
 using Strings = std::vector<std::string>;
-
-// Owns names on the private bus and answers every call. GIO runs the filter in its own thread, so a test that
-// waits in a call of its own is answered too.
-class Services {
-public:
-    Services() {
-        constexpr auto flags = static_cast<GDBusConnectionFlags>(
-            G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-        bus.reset(g_dbus_connection_new_for_address_sync(std::getenv("DBUS_SESSION_BUS_ADDRESS"), flags,
-                                                         nullptr, nullptr, nullptr));
-        g_dbus_connection_add_filter(bus.get(), answer, this, nullptr);
-    }
-    Services(const Services&) = delete;
-    Services& operator=(const Services&) = delete;
-    ~Services() { g_dbus_connection_close_sync(bus.get(), nullptr, nullptr); }
-
-    void own(const char* name) {
-        const Released<GVariant, g_variant_unref> reply(g_dbus_connection_call_sync(
-            bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
-            g_variant_new("(su)", name, 0U), nullptr, G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, nullptr));
-        ASSERT_NE(reply, nullptr);
-    }
-
-    Strings calls() {
-        const std::lock_guard guard(lock);
-        return recorded;
-    }
-
-    bool refuses = false;
-
-private:
-    static GDBusMessage* answer(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
-                                gpointer data) {
-        auto& self = *static_cast<Services*>(data);
-        if (incoming == FALSE ||
-            g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_METHOD_CALL) {
-            return message;
-        }
-        auto* body = g_dbus_message_get_body(message);
-        const Released<char, g_free> text(body != nullptr ? g_variant_print(body, FALSE) : g_strdup(""));
-        {
-            const std::lock_guard guard(self.lock);
-            self.recorded.push_back(std::string(g_dbus_message_get_member(message)) + text.get());
-        }
-        GDBusMessage* reply = nullptr;
-        if (self.refuses) {
-            reply = g_dbus_message_new_method_error_literal(message, "org.test.Refused", "refused");
-        } else {
-            reply = g_dbus_message_new_method_reply(message);
-        }
-        g_dbus_connection_send_message(connection, reply, G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
-        g_object_unref(reply);
-        g_object_unref(message);
-        return nullptr;
-    }
-
-    Released<GDBusConnection, g_object_unref> bus;
-    std::mutex lock;
-    Strings recorded;
-};
 
 class BusTest : public WorldTest {
 protected:
@@ -83,7 +20,7 @@ protected:
         }
     }
 
-    Services services;
+    BusServices services;
     ManualScheduler scheduler;
     LinesLog log;
     Launcher launcher{scheduler, log};

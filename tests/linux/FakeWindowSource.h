@@ -16,12 +16,14 @@ public:
     [[nodiscard]] std::vector<WindowInfo> windows() const override { return list; }
     [[nodiscard]] std::optional<std::uint64_t> activeWindow() const override { return active; }
     [[nodiscard]] std::vector<std::uint64_t> stackingOrder() const override { return stack; }
+    [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override { return fullScreen; }
     void activate(std::uint64_t id) override { activated.push_back(id); }
     void close(std::uint64_t id) override { closed.push_back(id); }
 
     std::vector<WindowInfo> list;
     std::optional<std::uint64_t> active;
     std::vector<std::uint64_t> stack;
+    std::optional<QRectF> fullScreen;
     std::vector<std::uint64_t> activated;
     std::vector<std::uint64_t> closed;
 };

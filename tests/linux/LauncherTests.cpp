@@ -138,7 +138,9 @@ TEST_F(LauncherTest, whatCannotStartIsOneLineOfTheLog) {
         log.lines.clear();
         launcher.launch(entry);
         finish();
-        EXPECT_EQ(log.lines, Strings{"Quillary: could not launch " + entry + ": " + reason});
+        auto line = "Quillary: could not launch " + entry;
+        line += ": " + reason;
+        EXPECT_EQ(log.lines, Strings{line});
     }
     EXPECT_FALSE(std::filesystem::exists(output));
 }

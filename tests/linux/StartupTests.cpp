@@ -21,9 +21,9 @@ protected:
 };
 
 TEST_F(StartupTest, entryThatAsksForItIsToldAndItsProgramGetsTheId) {
-    const auto entry = install(
-        "notify.desktop",
-        "Name=Notify\nName[de]=Meldung \"x\"\nIcon=pic\nExec=report\nStartupNotify=true\nStartupWMClass=Wm");
+    const auto entry =
+        install("notify.desktop", "Name=Notify\nName[de]=Meldung \"x\"\nIcon=pic\nExec=\"report\" "
+                                  "%U\nStartupNotify=true\nStartupWMClass=Wm");
     const auto ids = launched(entry);
     ASSERT_EQ(startups.messages.size(), 1U);
     const auto id = idOf(startups.messages[0]);

@@ -168,6 +168,12 @@ const std::vector<Case>& byWindow() {
          {.windowClass = "x", .instance = "nautilus"},
          "org.gnome.Nautilus.desktop"},
         {"reverse-DNS class of a plain id", {.windowClass = "org.gimp.Gimp"}, "gimp.desktop"},
+        {"flatpak whose class is its id",
+         {.windowClass = "org.mozilla.Thunderbird", .instance = "thunderbird"},
+         "org.mozilla.Thunderbird.desktop"},
+        {"LibreOffice without a document",
+         {.windowClass = "libreoffice-startcenter", .instance = "libreoffice"},
+         "libreoffice-startcenter.desktop"},
         {"tail that many share tells nothing", {.windowClass = "com.example.desktop"}, "none"},
         {"terminal with a class of its own", {.windowClass = "mutt", .instance = "kitty"}, "mutt.desktop"},
         {"terminal that keeps its own instance",
@@ -275,6 +281,10 @@ const std::vector<Case>& byProcess() {
           .executable = "/usr/lib/jvm/bin/java",
           .arguments = {"java", "A"}},
          "none"},
+        {"no class at all", {.executable = "/usr/bin/dolphin"}, "org.kde.dolphin.desktop"},
+        {"another process of the same entry",
+         {.windowClass = "x", .executable = "/usr/share/code/code", .arguments = {"code", "--type=gpu"}},
+         "code.desktop"},
         {"executable that may not be read", {.arguments = {"/usr/bin/gimp-2.10"}}, "gimp.desktop"},
     };
     return cases;

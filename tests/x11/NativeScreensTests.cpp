@@ -31,4 +31,14 @@ TEST(NativeScreens, aPointBelongsToTheScreenThatHoldsItElseToTheNearest) {
     EXPECT_EQ(toGlobalPoints({}, QPoint(3, 4)), QPointF(3, 4));
 }
 
+TEST(NativeScreens, aRectangleIsTheSumOfItsPartsOnTheScreens) {
+    const std::vector<NativeScreen> screens = {{QRect(0, 0, 1280, 900), 1.0},
+                                               {QRect(1280, 0, 1120, 800), 2.0}};
+    EXPECT_EQ(toGlobalPoints(screens, QRect(0, 0, 1280, 900)), QRectF(0, 0, 1280, 900));
+    EXPECT_EQ(toGlobalPoints(screens, QRect(1280, 0, 1120, 800)), QRectF(1280, 0, 560, 400));
+    EXPECT_EQ(toGlobalPoints(screens, QRect(0, 0, 2400, 800)), QRectF(0, 0, 1840, 800));
+    EXPECT_EQ(toGlobalPoints(screens, QRect(3000, 0, 10, 20)), QRectF(2140, 0, 10, 20)) << "on no screen";
+    EXPECT_EQ(toGlobalPoints({}, QRect(1, 2, 3, 4)), QRectF(1, 2, 3, 4));
+}
+
 } // namespace quillary

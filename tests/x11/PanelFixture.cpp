@@ -1,5 +1,6 @@
 #include "tests/x11/PanelFixture.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <xcb/shape.h>
@@ -14,14 +15,17 @@ void ColourWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(rect(), colour);
 }
 
-void ColourWidget::mousePressEvent(QMouseEvent* /*event*/) {
+void ColourWidget::mousePressEvent(QMouseEvent* event) {
     ++presses;
+    if (event->button() == Qt::RightButton && rightPressed) {
+        rightPressed(event->position().toPoint());
+    }
 }
 
 void PanelFixture::startPanel() {
     startApplication();
     widget = std::make_unique<ColourWidget>();
-    panel = std::make_unique<X11PanelWindow>(*widget, *connection, *compositor);
+    panel = std::make_unique<X11PanelWindow>(*widget, *connection, *compositor, *screens);
 }
 
 void PanelFixture::TearDown() {

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 namespace quillary::test {
 
 /// What a dock would show: one colour all over, which may be translucent.
@@ -12,6 +14,8 @@ class ColourWidget : public QWidget {
 public:
     QColor colour = Qt::red;
     int presses = 0;
+    /// Called with the place of a press of the right button, on the widget.
+    std::function<void(QPoint)> rightPressed;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -77,6 +77,9 @@ public:
     /// Moves there, presses and releases.
     void click(QPoint position, int button = 1);
 
+    /// Presses and releases a key, by its keysym on the unshifted layout, while a second one is held.
+    void typeKey(xcb_keysym_t key, xcb_keysym_t held = XCB_NO_SYMBOL);
+
     /// What the screen shows; with a compositor, what that made.
     [[nodiscard]] QImage screenshot() const;
     [[nodiscard]] QRgb pixel(QPoint position) const;
@@ -101,6 +104,7 @@ public:
 
 private:
     bool managesNewWindows();
+    [[nodiscard]] std::uint8_t keycode(xcb_keysym_t key) const;
     void fakeInput(std::uint8_t type, std::uint8_t detail, QPoint position);
     void sync() const;
 

@@ -190,7 +190,7 @@ TEST_F(X11PanelWindowTest, orderFrontBringsItAboveOtherPanels) {
     present(QRect(300, 300, 200, 100));
     test::ColourWidget second;
     second.colour = Qt::blue;
-    X11PanelWindow other(second, *connection, *compositor);
+    X11PanelWindow other(second, *connection, *compositor, *screens);
     other.setFrame(QRect(300, 300, 200, 100));
     other.orderFront();
     EXPECT_TRUE(eventually([&] { return display.pixel(QPoint(400, 350)) == qRgb(0, 0, 255); }));

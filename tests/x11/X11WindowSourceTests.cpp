@@ -16,7 +16,7 @@ class X11WindowSourceTest : public test::X11Fixture {
 protected:
     void startSource() {
         startApplication();
-        source = std::make_unique<X11WindowSource>(*connection, *clients, *scheduler);
+        source = std::make_unique<X11WindowSource>(*connection, *clients, *screens, *scheduler);
         QObject::connect(source.get(), &WindowSource::windowsChanged, source.get(),
                          [this] { ++windowChanges; });
         QObject::connect(source.get(), &WindowSource::activeWindowChanged, source.get(),

@@ -1,0 +1,192 @@
+#include "platform/linux/systemdock/GnomeDock.h"
+
+#include "platform/SystemLog.h"
+#include "platform/linux/GlibText.h"
+
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <future>
+#include <string>
+#include <thread>
+#include <utility>
+
+namespace quillary {
+
+namespace {
+
+using Value = Released<GVariant, g_variant_unref>;
+using GnomeDockSchema::autohide;
+using GnomeDockSchema::showDelay;
+
+constexpr std::chrono::seconds longestSynchronisation{1};
+
+// With these the dock would stay, or come for another reason than the pointer's long rest.
+constexpr const char* fixed = "dock-fixed";
+constexpr const char* dodgesWindows = "intellihide";
+constexpr std::array furtherKeys{fixed, dodgesWindows, "require-pressure-to-show", "show-dock-urgent-notify",
+                                 "hotkeys-show-dock"};
+
+Value parsed(const char* text, GSettingsSchema* schema, const char* key) {
+    const Released<GSettingsSchemaKey, g_settings_schema_key_unref> found(
+        g_settings_schema_get_key(schema, key));
+    return Value(
+        g_variant_parse(g_settings_schema_key_get_value_type(found.get()), text, nullptr, nullptr, nullptr));
+}
+
+bool isFlag(GSettingsSchema* schema, const char* key) {
+    return GnomeDockSchema::hasKey(schema, key, G_VARIANT_TYPE_BOOLEAN);
+}
+
+} // namespace
+
+GnomeDock::GnomeDock(GnomeDockSchema::Schema found, SavedValuesFile savedValues, SystemLog& systemLog)
+    : schema(std::move(found)),
+      settings(g_settings_new_full(schema.get(), nullptr, nullptr)),
+      file(std::move(savedValues)),
+      log(systemLog),
+      hidingDelay(GnomeDockSchema::hidingDelay(schema.get())) {}
+
+DockPrefs GnomeDock::read() {
+    if (isHidden()) {
+        return DockPrefs::hidden;
+    }
+    if (file.load().state != SavedValuesFile::State::absent) {
+        file.remove();
+    }
+    DockPrefs own;
+    if (const Value value(g_settings_get_user_value(settings.get(), autohide)); value) {
+        own.autohide = g_variant_get_boolean(value.get()) != 0;
+    }
+    if (const Value value(g_settings_get_user_value(settings.get(), showDelay)); value) {
+        const double delay = g_variant_get_double(value.get());
+        own.delay = std::isfinite(delay) ? std::optional(delay) : std::nullopt;
+    }
+    if (own == DockPrefs::hidden) {
+        own.autohide = false;
+    }
+    return own;
+}
+
+bool GnomeDock::isHidden() const {
+    const auto isSet = [this](const char* key) {
+        return isFlag(schema.get(), key) && g_settings_get_boolean(settings.get(), key) != 0;
+    };
+    const Value delay(g_settings_get_user_value(settings.get(), showDelay));
+    return isSet(autohide) && delay && g_variant_get_double(delay.get()) == hidingDelay && !isSet(fixed) &&
+           !isSet(dodgesWindows);
+}
+
+bool GnomeDock::canHide() const {
+    const auto isFree = [this](const char* key) { return g_settings_is_writable(settings.get(), key) != 0; };
+    return isFree(autohide) && isFree(showDelay);
+}
+
+void GnomeDock::write(const DockPrefs& prefs) {
+    if (!canHide()) {
+        log.write("Quillary: could not change GNOME's dock: its settings are locked");
+        return;
+    }
+    if (prefs == DockPrefs::hidden) {
+        hide();
+        return;
+    }
+    const auto saved = file.load();
+    // All changes at once: the dock never sees a mixture, nor does a crash leave one.
+    g_settings_delay(settings.get());
+    if (saved.state == SavedValuesFile::State::valid) {
+        bringBack(saved.values);
+    } else {
+        choose(prefs);
+    }
+    g_settings_apply(settings.get());
+    file.remove();
+}
+
+SavedValues GnomeDock::toPutAside() const {
+    if (auto saved = file.load(); saved.state == SavedValuesFile::State::valid && isHidden()) {
+        return std::move(saved.values);
+    }
+    SavedValues values;
+    const auto add = [&](const char* key) {
+        const Value value(g_settings_get_user_value(settings.get(), key));
+        values.emplace(key,
+                       value ? std::optional(takeText(g_variant_print(value.get(), FALSE))) : std::nullopt);
+    };
+    add(autohide);
+    add(showDelay);
+    for (const char* key : furtherKeys) {
+        if (isFlag(schema.get(), key)) {
+            add(key);
+        }
+    }
+    return values;
+}
+
+void GnomeDock::hide() {
+    if (const auto error = file.store(toPutAside())) {
+        log.write("Quillary: could not hide GNOME's dock: " + *error);
+        return;
+    }
+    g_settings_delay(settings.get());
+    g_settings_set_boolean(settings.get(), autohide, TRUE);
+    g_settings_set_double(settings.get(), showDelay, hidingDelay);
+    for (const char* key : furtherKeys) {
+        if (isFlag(schema.get(), key)) {
+            g_settings_set_boolean(settings.get(), key, FALSE);
+        }
+    }
+    g_settings_apply(settings.get());
+}
+
+void GnomeDock::bringBack(const SavedValues& values) {
+    const auto restore = [&](const char* key) {
+        const auto own = values.find(key);
+        const bool isKept = own != values.end() && own->second;
+        set(key, isKept ? parsed(own->second->c_str(), schema.get(), key).get() : nullptr);
+    };
+    restore(autohide);
+    restore(showDelay);
+    for (const char* key : furtherKeys) {
+        // One that is on again is the user's doing.
+        if (isFlag(schema.get(), key) && g_settings_get_boolean(settings.get(), key) == 0) {
+            restore(key);
+        }
+    }
+}
+
+void GnomeDock::choose(const DockPrefs& prefs) {
+    const Value own(prefs.autohide ? g_variant_ref_sink(g_variant_new_boolean(*prefs.autohide ? TRUE : FALSE))
+                                   : nullptr);
+    const Value delay(prefs.delay ? g_variant_ref_sink(g_variant_new_double(*prefs.delay)) : nullptr);
+    set(autohide, own.get());
+    set(showDelay, delay.get());
+    for (const char* key : furtherKeys) {
+        if (isFlag(schema.get(), key) && g_settings_get_boolean(settings.get(), key) == 0) {
+            set(key, nullptr);
+        }
+    }
+}
+
+void GnomeDock::set(const char* key, GVariant* value) {
+    if (value != nullptr && GnomeDockSchema::takes(schema.get(), key, value)) {
+        g_settings_set_value(settings.get(), key, value);
+    } else {
+        g_settings_reset(settings.get(), key);
+    }
+}
+
+void GnomeDock::synchronise() {
+    // It waits for the service behind the settings without a limit of its own.
+    auto done = std::make_shared<std::promise<void>>();
+    auto end = done->get_future();
+    std::thread([done = std::move(done)] {
+        g_settings_sync();
+        done->set_value();
+    }).detach();
+    if (end.wait_for(longestSynchronisation) != std::future_status::ready) {
+        log.write("Quillary: could not be sure of GNOME's dock: the settings service does not answer");
+    }
+}
+
+} // namespace quillary

@@ -1,0 +1,97 @@
+#include "platform/linux/systemdock/GnomeDockSchema.h"
+
+#include "core/DockPrefs.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string_view>
+#include <vector>
+
+namespace quillary::GnomeDockSchema {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Source = Released<GSettingsSchemaSource, g_settings_schema_source_unref>;
+using Key = Released<GSettingsSchemaKey, g_settings_schema_key_unref>;
+using Value = Released<GVariant, g_variant_unref>;
+
+constexpr const char* name = "org.gnome.shell.extensions.dash-to-dock";
+
+std::vector<fs::path> extensionFolders() {
+    std::vector<fs::path> bases{g_get_user_data_dir()};
+    for (const char* const* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder) {
+        bases.emplace_back(*folder);
+    }
+    std::vector<fs::path> folders;
+    for (const auto& base : bases) {
+        for (const char* extension : {"dash-to-dock@micxgx.gmail.com", "ubuntu-dock@ubuntu.com"}) {
+            folders.push_back(base / "gnome-shell/extensions" / extension / "schemas");
+        }
+    }
+    return folders;
+}
+
+// A schema without a path of its own, or without the keys, would end the program when it is used.
+Schema usable(GSettingsSchemaSource* source) {
+    Schema schema(source != nullptr ? g_settings_schema_source_lookup(source, name, TRUE) : nullptr);
+    const bool isUsable = schema && g_settings_schema_get_path(schema.get()) != nullptr &&
+                          hasKey(schema.get(), autohide, G_VARIANT_TYPE_BOOLEAN) &&
+                          hasKey(schema.get(), showDelay, G_VARIANT_TYPE_DOUBLE);
+    return isUsable ? std::move(schema) : nullptr;
+}
+
+} // namespace
+
+Schema find() {
+    auto* common = g_settings_schema_source_get_default();
+    if (auto schema = usable(common)) {
+        return schema;
+    }
+    for (const auto& folder : extensionFolders()) {
+        const Source source(
+            g_settings_schema_source_new_from_directory(folder.c_str(), common, FALSE, nullptr));
+        if (auto schema = usable(source.get())) {
+            return schema;
+        }
+    }
+    return nullptr;
+}
+
+bool hasKey(GSettingsSchema* schema, const char* key, const GVariantType* type) {
+    if (g_settings_schema_has_key(schema, key) == 0) {
+        return false;
+    }
+    const Key found(g_settings_schema_get_key(schema, key));
+    return g_variant_type_equal(g_settings_schema_key_get_value_type(found.get()), type) != 0;
+}
+
+bool takes(GSettingsSchema* schema, const char* key, GVariant* value) {
+    if (!hasKey(schema, key, g_variant_get_type(value))) {
+        return false;
+    }
+    const Key found(g_settings_schema_get_key(schema, key));
+    return g_settings_schema_key_range_check(found.get(), value) != 0;
+}
+
+double hidingDelay(GSettingsSchema* schema) {
+    const double wanted = *DockPrefs::hidden.delay;
+    const Value value(g_variant_ref_sink(g_variant_new_double(wanted)));
+    if (takes(schema, showDelay, value.get())) {
+        return wanted;
+    }
+    const Key key(g_settings_schema_get_key(schema, showDelay));
+    const Value range(g_settings_schema_key_get_range(key.get()));
+    const char* kind = nullptr;
+    GVariant* within = nullptr;
+    g_variant_get(range.get(), "(&sv)", &kind, &within);
+    const Value limits(within);
+    double least = 0;
+    double greatest = 0;
+    if (std::string_view(kind) == "range") {
+        g_variant_get(limits.get(), "(dd)", &least, &greatest);
+    }
+    return greatest;
+}
+
+} // namespace quillary::GnomeDockSchema

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/linux/Released.h"
+
+#include <gio/gio.h>
+
+/// The GSettings schema that Dash to Dock and Ubuntu's dock share.
+namespace quillary::GnomeDockSchema {
+
+using Schema = Released<GSettingsSchema, g_settings_schema_unref>;
+
+inline constexpr const char* autohide = "autohide";
+/// Seconds, a double.
+inline constexpr const char* showDelay = "show-delay";
+
+/// Looks where GSettings does, then in the folders of the extensions themselves, the user's before the
+/// system's (XDG Base Directory Specification). Null when the schema isn't there or hasn't the two keys.
+[[nodiscard]] Schema find();
+
+/// Whether the schema has the key and its values are of that type.
+[[nodiscard]] bool hasKey(GSettingsSchema* schema, const char* key, const GVariantType* type);
+/// Whether the key exists and takes the value.
+[[nodiscard]] bool takes(GSettingsSchema* schema, const char* key, GVariant* value);
+
+/// The delay that hides the dock, in seconds: 1,000, or the greatest one that the schema allows.
+[[nodiscard]] double hidingDelay(GSettingsSchema* schema);
+
+} // namespace quillary::GnomeDockSchema

@@ -1,0 +1,146 @@
+#include "platform/linux/systemdock/PanelsDock.h"
+
+#include "platform/SystemLog.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quillary {
+
+PanelsDock::PanelsDock(std::unique_ptr<DesktopPanels> controlled, SavedValuesFile savedValues,
+                       SystemLog& systemLog)
+    : panels(std::move(controlled)), file(std::move(savedValues)), log(systemLog) {}
+
+DockPrefs PanelsDock::read() {
+    const auto now = panels->read();
+    isReachable = now.error.empty();
+    if (!isReachable) {
+        logFailure("read", now.error);
+    }
+    if (now.panels.empty()) {
+        return DockPrefs::hidden;
+    }
+    const auto saved = file.load();
+    if (isHidden(now.panels, saved)) {
+        return DockPrefs::hidden;
+    }
+    if (saved.state != SavedValuesFile::State::absent) {
+        file.remove();
+    }
+    return ownValues(now.panels);
+}
+
+void PanelsDock::write(const DockPrefs& prefs) {
+    // Asking again would only take more of the time in which the program stands still.
+    if (!isReachable) {
+        return;
+    }
+    const auto now = panels->read();
+    if (!now.error.empty()) {
+        logFailure("read", now.error);
+    } else if (now.panels.empty()) {
+        // A desktop that has gone may come back with its panels as they were.
+        return;
+    } else if (prefs == DockPrefs::hidden) {
+        hide(now.panels);
+    } else {
+        bringBack(now.panels, prefs);
+    }
+}
+
+bool PanelsDock::isHidden(const SavedValues& now, const SavedValuesFile::Content& saved) const {
+    if (saved.state == SavedValuesFile::State::absent) {
+        return false;
+    }
+    const auto isAway = [this](const auto& panel) { return panels->isAway(panel.second); };
+    if (saved.state == SavedValuesFile::State::damaged) {
+        return std::ranges::any_of(now, isAway);
+    }
+    // Panels that their user keeps away say nothing about whether the others have been hidden.
+    const bool allWereAway = std::ranges::all_of(saved.values, isAway);
+    return std::ranges::any_of(now, [&](const auto& panel) {
+        const auto own = saved.values.find(panel.first);
+        return own != saved.values.end() && isAway(panel) && (allWereAway || !isAway(*own));
+    });
+}
+
+DockPrefs PanelsDock::ownValues(const SavedValues& now) const {
+    if (std::ranges::none_of(now, [](const auto& panel) { return panel.second.has_value(); })) {
+        return {};
+    }
+    const bool all =
+        std::ranges::all_of(now, [this](const auto& panel) { return panels->isAway(panel.second); });
+    return {.autohide = all, .delay = std::nullopt};
+}
+
+SavedValues PanelsDock::toPutAside(const SavedValues& now) const {
+    const auto saved = file.load();
+    auto values = now;
+    if (saved.state == SavedValuesFile::State::valid && isHidden(now, saved)) {
+        for (auto& [id, mode] : values) {
+            const auto own = saved.values.find(id);
+            if (own != saved.values.end() && panels->isAway(mode)) {
+                mode = own->second;
+            }
+        }
+    }
+    return values;
+}
+
+void PanelsDock::hide(const SavedValues& now) {
+    if (const auto error = file.store(toPutAside(now))) {
+        logFailure("hide", *error);
+        return;
+    }
+    SavedValues changes;
+    for (const auto& [id, mode] : now) {
+        if (!panels->isAway(mode)) {
+            changes.emplace(id, panels->awayFrom(mode));
+        }
+    }
+    if (const auto error = panels->write(changes); !error.empty()) {
+        logFailure("hide", error);
+    }
+}
+
+void PanelsDock::bringBack(const SavedValues& now, const DockPrefs& prefs) {
+    const auto saved = file.load();
+    const auto changes =
+        saved.state == SavedValuesFile::State::valid ? remembered(now, saved.values) : chosen(now, prefs);
+    if (const auto error = panels->write(changes); !error.empty()) {
+        // What was put aside stays for the next try.
+        logFailure("bring back", error);
+        return;
+    }
+    file.remove();
+}
+
+SavedValues PanelsDock::remembered(const SavedValues& now, const SavedValues& saved) const {
+    SavedValues changes;
+    for (const auto& [id, mode] : now) {
+        const auto own = saved.find(id);
+        if (own == saved.end() || !panels->isAway(mode) || own->second == mode) {
+            continue;
+        }
+        const bool isUsable = !own->second || panels->isMode(*own->second);
+        changes.emplace(id, isUsable ? own->second : panels->shown());
+    }
+    return changes;
+}
+
+SavedValues PanelsDock::chosen(const SavedValues& now, const DockPrefs& prefs) const {
+    const bool wanted = prefs.autohide.value_or(false);
+    SavedValues changes;
+    for (const auto& [id, mode] : now) {
+        if (panels->isAway(mode) != wanted) {
+            changes.emplace(id, wanted ? panels->awayFrom(mode) : panels->shown());
+        }
+    }
+    return changes;
+}
+
+void PanelsDock::logFailure(const std::string& what, const std::string& error) {
+    log.write("Quillary: could not " + what + " " + panels->name() + ": " + error);
+}
+
+} // namespace quillary

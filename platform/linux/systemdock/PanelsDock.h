@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/linux/systemdock/DesktopDock.h"
+#include "platform/linux/systemdock/DesktopPanels.h"
+
+namespace quillary {
+
+/// Panels that know no delay. They count as hidden while what was put aside for them is there and at least
+/// one of the panels that were hidden still is, so a panel added meanwhile, or one that the user brought
+/// back, changes nothing for the others. Which panels the user tucks away himself is told by `autohide`:
+/// all of them (true), not all (false), or none has a mode of its own (absent); `delay` is absent.
+class PanelsDock final : public DesktopDock {
+public:
+    PanelsDock(std::unique_ptr<DesktopPanels> controlled, SavedValuesFile savedValues, SystemLog& systemLog);
+
+    [[nodiscard]] DockPrefs read() override;
+    void write(const DockPrefs& prefs) override;
+    /// Nothing is left to do: a panel's desktop has answered for each of its changes.
+    void synchronise() override {}
+
+private:
+    [[nodiscard]] bool isHidden(const SavedValues& now, const SavedValuesFile::Content& saved) const;
+    [[nodiscard]] DockPrefs ownValues(const SavedValues& now) const;
+    /// What belongs to the user, also when the panels are hidden already.
+    [[nodiscard]] SavedValues toPutAside(const SavedValues& now) const;
+    void hide(const SavedValues& now);
+    void bringBack(const SavedValues& now, const DockPrefs& prefs);
+    /// The modes that belong to the panels that are still away; those without a change left out.
+    [[nodiscard]] SavedValues remembered(const SavedValues& now, const SavedValues& saved) const;
+    [[nodiscard]] SavedValues chosen(const SavedValues& now, const DockPrefs& prefs) const;
+    void logFailure(const std::string& what, const std::string& error);
+
+    std::unique_ptr<DesktopPanels> panels;
+    SavedValuesFile file;
+    SystemLog& log;
+    bool isReachable = true;
+};
+
+} // namespace quillary

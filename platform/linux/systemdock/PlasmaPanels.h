@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/linux/systemdock/DesktopPanels.h"
+
+namespace quillary {
+
+/// Plasma's panels through the scripting interface of plasmashell (D-Bus method
+/// org.kde.PlasmaShell.evaluateScript): `hiding` of each panel, in Plasma's own words ("none", "autohide").
+/// Panels are named by their numbers.
+class PlasmaPanels final : public DesktopPanels {
+public:
+    [[nodiscard]] std::string name() const override { return "Plasma's panels"; }
+    [[nodiscard]] Reading read() override;
+    [[nodiscard]] std::string write(const SavedValues& panels) override;
+    [[nodiscard]] bool isAway(const std::optional<std::string>& mode) const override;
+    [[nodiscard]] std::string awayFrom(const std::optional<std::string>& mode) const override;
+    [[nodiscard]] std::optional<std::string> shown() const override;
+    /// One word of letters: anything else could be more than a value in a script.
+    [[nodiscard]] bool isMode(const std::string& text) const override;
+};
+
+} // namespace quillary

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/linux/systemdock/DesktopPanels.h"
+
+namespace quillary {
+
+/// Xfce's panels through xfconf (D-Bus service org.xfce.Xfconf): the property autohide-behavior of each panel
+/// that the channel xfce4-panel lists, 0 never, 1 when windows need the room, 2 always. Modes are values in
+/// GVariant's text format, with their type ("uint32 2"), since a property keeps the type it was set with.
+/// Panels are named as their properties are ("panel-1").
+class XfcePanels final : public DesktopPanels {
+public:
+    [[nodiscard]] std::string name() const override { return "Xfce's panels"; }
+    [[nodiscard]] Reading read() override;
+    [[nodiscard]] std::string write(const SavedValues& panels) override;
+    [[nodiscard]] bool isAway(const std::optional<std::string>& mode) const override;
+    [[nodiscard]] std::string awayFrom(const std::optional<std::string>& mode) const override;
+    [[nodiscard]] std::optional<std::string> shown() const override { return std::nullopt; }
+    [[nodiscard]] bool isMode(const std::string& text) const override;
+};
+
+} // namespace quillary

@@ -1,0 +1,296 @@
+#include "platform/qt/QtMenu.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillary {
+
+namespace {
+
+// Whoever opened the menu may hold the pointer until the button is released: the grab is tried again, this
+// often and after these pauses (milliseconds).
+constexpr int mostGrabAttempts = 60;
+constexpr int grabPause = 50;
+
+// Room beside a title for check marks, arrows and shortcuts, in points.
+constexpr int titleMargin = 160;
+
+QPointer<QtMenu>& openMenu() {
+    static QPointer<QtMenu> open;
+    return open;
+}
+
+// One line, whatever the title holds: a tab would begin the column of shortcuts.
+QString oneLine(const std::string& title) {
+    auto text = QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
+    for (auto& character : text) {
+        if (character.category() == QChar::Other_Control) {
+            character = u' ';
+        }
+    }
+    return text;
+}
+
+QString shownTitle(const std::string& title, const QMenu& menu, int width) {
+    auto text = menu.fontMetrics().elidedText(oneLine(title), Qt::ElideMiddle, width);
+    return text.replace(u'&', QStringLiteral("&&"));
+}
+
+// The titles of actions escape "&".
+QChar firstLetter(const QAction& action) {
+    const auto text = action.text();
+    return text.isEmpty() ? QChar() : text.front().toCaseFolded();
+}
+
+// By arrow keys, so that a submenu on the way stays closed.
+void goToLetter(QMenu& menu, QChar letter) {
+    const auto actions = menu.actions();
+    const auto start = actions.indexOf(menu.activeAction()) + 1;
+    const QAction* wanted = nullptr;
+    for (qsizetype i = 0; i < actions.size() && wanted == nullptr; ++i) {
+        const auto* action = actions[(start + i) % actions.size()];
+        if (action->isEnabled() && !action->isSeparator() && firstLetter(*action) == letter) {
+            wanted = action;
+        }
+    }
+    for (qsizetype i = 0; i < actions.size() && wanted != nullptr && menu.activeAction() != wanted; ++i) {
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+        QCoreApplication::sendEvent(&menu, &down);
+    }
+}
+
+// As a click would reach it, had no menu been open.
+void replayClick(QPoint position) {
+    const QPointer window = QGuiApplication::topLevelAt(position);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        if (window) {
+            const Qt::MouseButtons down = type == QEvent::MouseButtonPress ? Qt::RightButton : Qt::NoButton;
+            QMouseEvent event(type, window->mapFromGlobal(position), position, Qt::RightButton, down,
+                              Qt::NoModifier);
+            QCoreApplication::sendEvent(window, &event);
+        }
+    }
+}
+
+} // namespace
+
+QtMenu::QtMenu(Menu items, const Place& where, QObject& owner, std::function<void()> whenClosed)
+    : QObject(&owner),
+      menu(std::move(items)),
+      place(where),
+      closed(std::move(whenClosed)),
+      widget(std::make_unique<QMenu>()) {
+    fill(*widget, menu);
+    connect(widget.get(), &QMenu::triggered, this, [this](const QAction* action) {
+        const auto found = entries.find(action);
+        chosen = found == entries.end() ? nullptr : found->second;
+        // An assistive technology chooses entries without closing the menu.
+        widget->close();
+    });
+    // The choice is told after this: what follows waits for the event loop.
+    connect(widget.get(), &QMenu::aboutToHide, this, &QtMenu::finish, Qt::QueuedConnection);
+}
+
+QtMenu::~QtMenu() {
+    if (widget) {
+        widget->disconnect(this);
+        widget.reset();
+    }
+}
+
+void QtMenu::popUp(Menu menu, const Place& place, QObject& owner, std::function<void()> closed) {
+    const QPointer guard(&owner);
+    closeOpen();
+    if (!guard) {
+        return;
+    }
+    // The owner frees it.
+    auto* made = new QtMenu(std::move(menu), place, owner, std::move(closed));
+    openMenu() = made;
+    made->open();
+}
+
+void QtMenu::closeOpen() {
+    if (auto* open = openMenu().data()) {
+        open->finish();
+    }
+}
+
+void QtMenu::drop(const QObject& owner) {
+    if (openMenu() && openMenu()->parent() == &owner) {
+        delete openMenu().data();
+    }
+}
+
+bool QtMenu::isOpen() {
+    return !openMenu().isNull();
+}
+
+void QtMenu::fill(QMenu& shown, const Menu& items) {
+    shown.installEventFilter(this);
+    const int width = std::max(place.frame.width() - titleMargin, titleMargin);
+    for (const auto& item : items) {
+        const auto title = shownTitle(item.title, shown, width);
+        switch (item.kind) {
+        case ClosureMenuItem::Kind::separator:
+            shown.addSeparator();
+            break;
+        case ClosureMenuItem::Kind::submenu: {
+            auto* submenu = shown.addMenu(title);
+            submenu->menuAction()->setEnabled(item.enabled);
+            fill(*submenu, item.items);
+            break;
+        }
+        case ClosureMenuItem::Kind::entry: {
+            auto* action = shown.addAction(title);
+            action->setEnabled(item.enabled);
+            action->setCheckable(item.checked);
+            action->setChecked(item.checked);
+            if (item.keyEquivalent != 0) {
+                action->setShortcut(QKeySequence(
+                    Qt::CTRL | Qt::Key(QChar::fromLatin1(item.keyEquivalent).toUpper().unicode())));
+                action->setShortcutVisibleInContextMenu(true);
+            }
+            entries.emplace(action, &item);
+            break;
+        }
+        }
+    }
+}
+
+void QtMenu::open() {
+    widget->popup(place.corner);
+    holdGrab();
+}
+
+void QtMenu::holdGrab() {
+    auto* window = widget ? widget->windowHandle() : nullptr;
+    if (window == nullptr || !widget->isVisible() || ++grabAttempts > mostGrabAttempts) {
+        return;
+    }
+    if (place.grab && !place.grab(*window)) {
+        QTimer::singleShot(grabPause, this, &QtMenu::holdGrab);
+    }
+}
+
+bool QtMenu::eventFilter(QObject* watched, QEvent* event) {
+    auto* shown = qobject_cast<QMenu*>(watched);
+    if (shown != nullptr && event->type() == QEvent::Show) {
+        fit(*shown);
+    } else if (shown != nullptr && event->type() == QEvent::MouseButtonPress) {
+        handlePress(*dynamic_cast<QMouseEvent*>(event));
+    } else if (shown != nullptr && event->type() == QEvent::KeyPress &&
+               handleKey(*shown, *dynamic_cast<QKeyEvent*>(event))) {
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+// Below and to the right of the point, as far as there is room; else on the other side.
+QPoint QtMenu::cornerOf(QSize size) const {
+    const QRect& frame = place.frame;
+    QPoint corner = place.corner;
+    if (corner.x() + size.width() > frame.x() + frame.width()) {
+        corner.rx() -= size.width();
+    }
+    if (corner.y() + size.height() > frame.y() + frame.height()) {
+        corner.ry() -= size.height();
+    }
+    return corner;
+}
+
+// The toolkit places menus by what it believes of the screens, which is out of date after some changes.
+void QtMenu::fit(QMenu& shown) const {
+    const QRect& frame = place.frame;
+    const QSize size = shown.size();
+    QPoint corner = &shown == widget.get() ? cornerOf(size) : shown.pos();
+    if (const auto* above = qobject_cast<QMenu*>(shown.parentWidget())) {
+        const bool overRight = corner.x() + size.width() > frame.x() + frame.width();
+        if (overRight && corner.x() >= above->geometry().center().x()) {
+            corner.setX(above->x() - size.width());
+        }
+    }
+    corner.setX(std::max(frame.x(), std::min(corner.x(), frame.x() + frame.width() - size.width())));
+    corner.setY(std::max(frame.y(), std::min(corner.y(), frame.y() + frame.height() - size.height())));
+    if (corner != shown.pos()) {
+        shown.move(corner);
+    }
+}
+
+QAction* QtMenu::equivalentOf(const QKeyEvent& event) const {
+    for (const auto& [action, item] : entries) {
+        if (item->enabled && item->keyEquivalent != 0 &&
+            event.key() == QChar::fromLatin1(item->keyEquivalent).toUpper().unicode()) {
+            return const_cast<QAction*>(action);
+        }
+    }
+    return nullptr;
+}
+
+void QtMenu::handlePress(const QMouseEvent& event) {
+    const QPoint position = event.globalPosition().toPoint();
+    auto menus = widget->findChildren<QMenu*>();
+    menus.append(widget.get());
+    const bool inside = std::any_of(menus.begin(), menus.end(), [position](const QMenu* candidate) {
+        return candidate->isVisible() && candidate->geometry().contains(position);
+    });
+    if (!inside && event.button() == Qt::RightButton) {
+        clickedElsewhere = position;
+    }
+}
+
+bool QtMenu::handleKey(QMenu& shown, const QKeyEvent& event) {
+    if (event.modifiers() == Qt::ControlModifier) {
+        if (const auto* action = equivalentOf(event)) {
+            chosen = entries.at(action);
+            widget->close();
+            return true;
+        }
+        return false;
+    }
+    if ((event.modifiers() & ~Qt::ShiftModifier) != 0 || event.text().size() != 1 ||
+        !event.text().front().isLetterOrNumber()) {
+        return false;
+    }
+    goToLetter(shown, event.text().front().toCaseFolded());
+    return true;
+}
+
+void QtMenu::finish() {
+    if (std::exchange(finished, true)) {
+        return;
+    }
+    if (openMenu() == this) {
+        openMenu().clear();
+    }
+    widget->disconnect(this);
+    widget->hide();
+    deleteLater();
+    // What runs now may destroy the owner, and this with it.
+    const auto keptMenu = std::move(menu);
+    const auto whenClosed = std::move(closed);
+    const auto* entry = chosen;
+    const auto click = clickedElsewhere;
+    widget.release()->deleteLater();
+    if (entry != nullptr) {
+        entry->fire();
+    }
+    if (whenClosed) {
+        whenClosed();
+    }
+    if (click) {
+        replayClick(*click);
+    }
+}
+
+} // namespace quillary

@@ -1,0 +1,193 @@
+#include "tests/desktop/DesktopFixture.h"
+#include "tests/x11/TestWindow.h"
+
+#include <cstdlib>
+#include <sstream>
+
+namespace quillary::test {
+
+namespace {
+
+const QColor red(220, 20, 20);
+// Of the one item on LEFT: a panel of 92 × 125 at 594, 775.
+const QRect iconInPlace(616, 833, 48, 48);
+const QPoint icon(640, 857);
+
+/// What the desktop is told of programs that start, and the X server's clock.
+class Listener {
+public:
+    explicit Listener(const VirtualDisplay& host)
+        : display(host),
+          connection(xcb_connect(host.name().c_str(), nullptr)),
+          window(xcb_generate_id(connection)) {
+        const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        xcb_create_window(connection, 0, window, display.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                          XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+        xcb_change_window_attributes(connection, display.root(), XCB_CW_EVENT_MASK, &mask);
+        time();
+    }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+    ~Listener() { xcb_disconnect(connection); }
+
+    /// Milliseconds.
+    std::uint32_t time() {
+        xcb_change_property(connection, XCB_PROP_MODE_APPEND, window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0,
+                            nullptr);
+        xcb_flush(connection);
+        while (auto* event = xcb_wait_for_event(connection)) {
+            const bool told = (event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY &&
+                              reinterpret_cast<xcb_property_notify_event_t*>(event)->window == window;
+            const auto moment = reinterpret_cast<xcb_property_notify_event_t*>(event)->time;
+            take(event);
+            if (told) {
+                return moment;
+            }
+        }
+        return 0;
+    }
+
+    /// The messages, as far as they are complete.
+    std::vector<std::string> messages() {
+        while (auto* event = xcb_poll_for_event(connection)) {
+            take(event);
+        }
+        std::vector<std::string> result;
+        std::istringstream stream(bytes);
+        for (std::string line; std::getline(stream, line, '\0');) {
+            if (!stream.eof() && !line.empty()) {
+                result.push_back(line);
+            }
+        }
+        return result;
+    }
+
+private:
+    void take(xcb_generic_event_t* event) {
+        if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE) {
+            const auto& message = *reinterpret_cast<xcb_client_message_event_t*>(event);
+            if (message.type == display.atom("_NET_STARTUP_INFO_BEGIN") ||
+                message.type == display.atom("_NET_STARTUP_INFO")) {
+                bytes.append(std::begin(message.data.data8), std::end(message.data.data8));
+            }
+        }
+        std::free(event);
+    }
+
+    const VirtualDisplay& display;
+    xcb_connection_t* connection;
+    xcb_window_t window;
+    std::string bytes;
+};
+
+std::string valueOf(const std::string& key, const std::string& message) {
+    const auto begin = message.find(" " + key + "=\"");
+    if (begin == std::string::npos) {
+        return {};
+    }
+    const auto value = begin + key.size() + 3;
+    return message.substr(value, message.find('"', value) - value);
+}
+
+class StartTest : public DesktopFixture {
+protected:
+    void startWith(const std::string& item) {
+        const std::string options = R"("magnification":"off")";
+        home.writeSettings(
+            settingsJson({dockJson(leftKey, {item}, options), dockJson(rightKey, {item}, options)}));
+        startWithDocks(2);
+        ASSERT_TRUE(eventually([&] { return colourBox(red, QRect(0, 0, 1280, 900)) == iconInPlace; }));
+    }
+    /// A variable of the process that owns the window.
+    [[nodiscard]] std::string variable(xcb_window_t window, const std::string& name) const {
+        const auto process = display.numbers(window, "_NET_WM_PID");
+        const auto environment =
+            process.empty() ? "" : Home::read("/proc/" + std::to_string(process.front()) + "/environ");
+        std::istringstream stream(environment);
+        for (std::string line; std::getline(stream, line, '\0');) {
+            if (line.starts_with(name + "=")) {
+                return line.substr(name.size() + 1);
+            }
+        }
+        return {};
+    }
+};
+
+} // namespace
+
+TEST_F(StartTest, theDesktopIsToldOfTheStartAndTheProgramGetsItsId) {
+    startWith(home.install("red", red, "StartupNotify=true\n"));
+    Listener listener(display);
+    const auto before = listener.time();
+    display.click(icon);
+    VirtualDisplay::runFor(1);
+    const auto after = listener.time();
+    ASSERT_TRUE(eventually([&] { return windowOf("red") != XCB_WINDOW_NONE; })) << program.log();
+
+    // The second is the window manager's, which knows the window by its class.
+    ASSERT_TRUE(eventually([&] { return listener.messages().size() == 2; }))
+        << testing::PrintToString(listener.messages());
+    const auto messages = listener.messages();
+    const auto& message = messages.front();
+    EXPECT_TRUE(message.starts_with("new: ")) << message;
+    EXPECT_EQ(valueOf("NAME", message), "red");
+    EXPECT_EQ(valueOf("SCREEN", message), "0");
+    EXPECT_EQ(valueOf("WMCLASS", message), "red");
+    EXPECT_EQ(valueOf("BIN", message), QUILLARY_TEST_APPLICATION);
+    const auto id = valueOf("ID", message);
+    EXPECT_EQ(messages[1], "remove: ID=" + id);
+    EXPECT_EQ(variable(windowOf("red"), "DESKTOP_STARTUP_ID"), id);
+    EXPECT_EQ(variable(windowOf("red"), "XDG_ACTIVATION_TOKEN"), id);
+
+    // The moment of the click, by the X server's clock.
+    const auto time = valueOf("TIMESTAMP", message);
+    EXPECT_TRUE(id.ends_with("_TIME" + time)) << id;
+    const auto moment = std::strtoul(time.c_str(), nullptr, 10);
+    EXPECT_GE(moment, before);
+    EXPECT_LE(moment, after);
+}
+
+TEST_F(StartTest, aStartThatFailsIsTakenBackAndIsOneLineOfTheLog) {
+    startWith(home.install("red", red, "StartupNotify=true\nPath=/nowhere/at/all\n"));
+    Listener listener(display);
+    display.click(icon);
+    ASSERT_TRUE(eventually([&] { return listener.messages().size() == 2; })) << program.log();
+    const auto messages = listener.messages();
+    EXPECT_EQ(messages[1], "remove: ID=\"" + valueOf("ID", messages[0]) + "\"");
+    ASSERT_TRUE(eventually([&] { return !program.log().empty(); }));
+    EXPECT_TRUE(program.log().starts_with("Quillary: could not launch " + home.path().string()))
+        << program.log();
+    EXPECT_EQ(program.log().find('\n'), program.log().size() - 1) << program.log();
+}
+
+TEST_F(StartTest, aClickBringsBackAMinimisedWindowFromAnotherDesktop) {
+    startWith(home.install("red", red));
+    display.start({QUILLARY_TEST_APPLICATION, "red", "100", "100", "300", "200"});
+    ASSERT_TRUE(eventually([&] { return windowOf("red") != XCB_WINDOW_NONE; }));
+    const auto window = windowOf("red");
+    const auto send = [&](xcb_window_t target, const char* type, std::uint32_t value) {
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = target;
+        message.type = display.atom(type);
+        message.data.data32[0] = value;
+        xcb_send_event(display.xcb(), 0, display.root(),
+                       XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                       reinterpret_cast<const char*>(&message));
+        xcb_flush(display.xcb());
+    };
+    constexpr std::uint32_t iconic = 3;
+    send(window, "WM_CHANGE_STATE", iconic);
+    ASSERT_TRUE(eventually([&] { return !display.isViewable(window); }));
+    const auto desktop = [&] { return display.numbers(display.root(), "_NET_CURRENT_DESKTOP"); };
+    send(display.root(), "_NET_CURRENT_DESKTOP", 2);
+    ASSERT_TRUE(eventually([&] { return desktop() == std::vector<std::uint32_t>{2}; }));
+
+    display.click(icon);
+    EXPECT_TRUE(eventually([&] { return display.isViewable(window) && isActive(window); }));
+    EXPECT_EQ(desktop(), std::vector<std::uint32_t>{0});
+    EXPECT_EQ(windowOf("red"), window);
+}
+
+} // namespace quillary::test

@@ -1,0 +1,253 @@
+#include "platform/linux/systemdock/PanelsDock.h"
+#include "tests/linux/LinesLog.h"
+#include "tests/linux/World.h"
+#include "tests/linux/systemdock/HiderRun.h"
+
+#include <gtest/gtest.h>
+
+namespace quillary::test {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// A desktop with panels in the modes "never", "dodge" and "always"; "never" is the default.
+struct Desktop {
+    SavedValues panels;
+    std::string readError;
+    std::string writeError;
+    int reads = 0;
+    int writes = 0;
+};
+
+class FakePanels final : public DesktopPanels {
+public:
+    explicit FakePanels(Desktop& controlled) : desktop(controlled) {}
+
+    [[nodiscard]] std::string name() const override { return "the panels"; }
+    [[nodiscard]] Reading read() override {
+        ++desktop.reads;
+        return desktop.readError.empty() ? Reading{.panels = desktop.panels, .error = {}}
+                                         : Reading{.panels = {}, .error = desktop.readError};
+    }
+    [[nodiscard]] std::string write(const SavedValues& panels) override {
+        ++desktop.writes;
+        if (desktop.writeError.empty()) {
+            for (const auto& [id, mode] : panels) {
+                desktop.panels[id] = mode;
+            }
+        }
+        return desktop.writeError;
+    }
+    [[nodiscard]] bool isAway(const std::optional<std::string>& mode) const override {
+        return mode == "always";
+    }
+    [[nodiscard]] std::string awayFrom(const std::optional<std::string>& /*mode*/) const override {
+        return "always";
+    }
+    [[nodiscard]] std::optional<std::string> shown() const override { return std::nullopt; }
+    [[nodiscard]] bool isMode(const std::string& text) const override {
+        return text == "never" || text == "dodge" || text == "always";
+    }
+
+private:
+    Desktop& desktop;
+};
+
+class PanelsDockTest : public WorldTest {
+protected:
+    [[nodiscard]] PanelsDock newDock() {
+        return {std::make_unique<FakePanels>(desktop), SavedValuesFile(path), log};
+    }
+    [[nodiscard]] bool isPutAside() const { return std::filesystem::exists(path); }
+
+    const std::filesystem::path path = World::config() / "Quillary/system-dock.json";
+    Desktop desktop{.panels = {{"1", std::nullopt}, {"2", "dodge"}}, .readError = {}, .writeError = {}};
+    LinesLog log;
+    PanelsDock dock = newDock();
+    HiderRun run{dock};
+    const SavedValues allAway{{"1", "always"}, {"2", "always"}};
+};
+
+TEST_F(PanelsDockTest, hidesAndBringsBackToTheLetter) {
+    EXPECT_EQ(run.hide(), away);
+    EXPECT_EQ(run.remembered(), (DockPrefs{false, std::nullopt}));
+    EXPECT_EQ(desktop.panels, allAway);
+    EXPECT_TRUE(isPutAside());
+    EXPECT_EQ(dock.read(), away);
+
+    EXPECT_EQ(run.show(), (DockPrefs{false, std::nullopt}));
+    EXPECT_EQ(run.remembered(), nothing);
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
+    EXPECT_FALSE(isPutAside());
+    EXPECT_EQ(log.lines, Lines());
+}
+
+TEST_F(PanelsDockTest, untouchedPanelsReadAsAbsentValues) {
+    desktop.panels = {{"1", std::nullopt}, {"2", std::nullopt}};
+    EXPECT_EQ(run.hide(), away);
+    EXPECT_EQ(run.remembered(), (DockPrefs{std::nullopt, std::nullopt}));
+    EXPECT_EQ(run.show(), (DockPrefs{std::nullopt, std::nullopt}));
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", std::nullopt}}));
+}
+
+TEST_F(PanelsDockTest, panelsThatTheirUserKeepsAwayStayAway) {
+    desktop.panels = allAway;
+    EXPECT_EQ(run.hide(), away);
+    EXPECT_EQ(run.remembered(), (DockPrefs{true, std::nullopt}));
+    EXPECT_EQ(dock.read(), away);
+    EXPECT_EQ(run.show(), (DockPrefs{true, std::nullopt}));
+    EXPECT_EQ(desktop.panels, allAway);
+    EXPECT_EQ(dock.read(), (DockPrefs{true, std::nullopt}));
+}
+
+TEST_F(PanelsDockTest, aStartAfterACrashKeepsWhatWasPutAside) {
+    run.hide();
+    auto next = newDock();
+    HiderRun later(next, run.remembered());
+    EXPECT_EQ(later.hide(), nothing);
+    EXPECT_EQ(later.remembered(), (DockPrefs{false, std::nullopt}));
+    EXPECT_EQ(later.show(), (DockPrefs{false, std::nullopt}));
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
+}
+
+TEST_F(PanelsDockTest, aStartAfterACrashWithForgottenSettingsBringsBackNonetheless) {
+    run.hide();
+    auto next = newDock();
+    HiderRun later(next);
+    EXPECT_EQ(later.show(), (DockPrefs{std::nullopt, std::nullopt}));
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
+}
+
+TEST_F(PanelsDockTest, aCrashBeforeThePanelsWereHiddenLeavesNothingBehind) {
+    ASSERT_EQ(SavedValuesFile(path).store({{"1", "never"}, {"2", "dodge"}}), std::nullopt);
+    HiderRun later(dock, DockPrefs{false, std::nullopt});
+    EXPECT_EQ(later.show(), nothing);
+    EXPECT_FALSE(isPutAside());
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
+}
+
+TEST_F(PanelsDockTest, aPanelThatIsAwayOfItselfDoesNotMakeTheOthersHidden) {
+    desktop.panels = {{"1", "never"}, {"2", "always"}};
+    ASSERT_EQ(SavedValuesFile(path).store(desktop.panels), std::nullopt);
+    EXPECT_EQ(dock.read(), (DockPrefs{false, std::nullopt}));
+}
+
+TEST_F(PanelsDockTest, panelsChangedByHandAreLeftAloneAndTheOldValuesForgotten) {
+    run.hide();
+    desktop.panels = {{"1", "dodge"}, {"2", "never"}};
+    EXPECT_EQ(run.show(), nothing);
+    EXPECT_EQ(run.remembered(), nothing);
+    EXPECT_FALSE(isPutAside());
+
+    // Later the user tucks them away himself: that is nothing of ours.
+    desktop.panels = allAway;
+    EXPECT_EQ(dock.read(), (DockPrefs{true, std::nullopt}));
+    EXPECT_EQ(run.show(), nothing);
+    EXPECT_EQ(desktop.panels, allAway);
+}
+
+TEST_F(PanelsDockTest, onePanelChangedByHandIsLeftAloneAndTheOtherComesBack) {
+    run.hide();
+    desktop.panels["1"] = "dodge";
+    EXPECT_NE(run.show(), nothing);
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", "dodge"}, {"2", "dodge"}}));
+}
+
+TEST_F(PanelsDockTest, aPanelAddedMeanwhileIsLeftAlone) {
+    run.hide();
+    desktop.panels["3"] = "never";
+    EXPECT_EQ(dock.read(), away);
+    EXPECT_NE(run.show(), nothing);
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}, {"3", "never"}}));
+}
+
+TEST_F(PanelsDockTest, aPanelRemovedMeanwhileIsNotMadeAgain) {
+    run.hide();
+    desktop.panels.erase("2");
+    EXPECT_NE(run.show(), nothing);
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}}));
+    EXPECT_FALSE(isPutAside());
+}
+
+TEST_F(PanelsDockTest, hidingAgainKeepsTheUsersValuesAndTakesNewPanelsIn) {
+    run.hide();
+    desktop.panels["3"] = "never";
+    dock.write(away);
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", "always"}, {"2", "always"}, {"3", "always"}}));
+    run.show();
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}, {"3", "never"}}));
+}
+
+TEST_F(PanelsDockTest, damagedValuesBringThePanelsBackInTheDesktopsDefault) {
+    run.hide();
+    writeFile(path, "{\"version\":1,");
+    EXPECT_EQ(dock.read(), away);
+    EXPECT_EQ(run.show(), (DockPrefs{false, std::nullopt}));
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", std::nullopt}}));
+    EXPECT_FALSE(isPutAside());
+}
+
+TEST_F(PanelsDockTest, damagedValuesLeavePanelsAwayWhoseUserWantsThat) {
+    desktop.panels = allAway;
+    run.hide();
+    writeFile(path, "");
+    EXPECT_EQ(run.show(), (DockPrefs{true, std::nullopt}));
+    EXPECT_EQ(desktop.panels, allAway);
+}
+
+TEST_F(PanelsDockTest, hostileValuesGiveTheDesktopsDefault) {
+    run.hide();
+    writeFile(path, R"({"version":1,"values":{"1":"\"; evil(); ","2":"dodge","9":"never"}})");
+    EXPECT_NE(run.show(), nothing);
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
+}
+
+TEST_F(PanelsDockTest, nothingIsHiddenWhenItCouldNotBeBroughtBack) {
+    std::filesystem::create_directories(path / "in the way");
+    run.hide();
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
+    ASSERT_EQ(log.lines.size(), 1U);
+    EXPECT_TRUE(log.lines[0].starts_with("Quillary: could not hide the panels: ")) << log.lines[0];
+}
+
+TEST_F(PanelsDockTest, aFailureToBringBackKeepsTheValuesForTheNextTime) {
+    run.hide();
+    desktop.writeError = "refused";
+    run.show();
+    EXPECT_EQ(log.lines, (Lines{"Quillary: could not bring back the panels: refused"}));
+    EXPECT_EQ(desktop.panels, allAway);
+
+    desktop.writeError.clear();
+    auto next = newDock();
+    HiderRun later(next);
+    EXPECT_EQ(later.hide(), nothing);
+    EXPECT_NE(later.show(), nothing);
+    EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
+}
+
+TEST_F(PanelsDockTest, panelsThatCannotBeReadAreOneLineAndNothingMore) {
+    run.hide();
+    desktop.readError = "no answer";
+    desktop.reads = 0;
+    desktop.writes = 0;
+    run.show();
+    EXPECT_EQ(desktop.reads, 1);
+    EXPECT_EQ(desktop.writes, 0);
+    EXPECT_EQ(log.lines, (Lines{"Quillary: could not read the panels: no answer"}));
+    EXPECT_TRUE(isPutAside());
+}
+
+TEST_F(PanelsDockTest, aDesktopWithoutPanelsCountsAsHidden) {
+    desktop.panels.clear();
+    EXPECT_EQ(run.hide(), nothing);
+    EXPECT_EQ(run.remembered(), nothing);
+    dock.write(away);
+    EXPECT_EQ(desktop.writes, 0);
+    EXPECT_FALSE(isPutAside());
+    EXPECT_EQ(log.lines, Lines());
+}
+
+} // namespace
+
+} // namespace quillary::test
