@@ -1,6 +1,8 @@
 #include "app/view/SceneMotion.h"
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_map>
 
 namespace quillary {
 
@@ -44,9 +46,14 @@ QRectF centred(QPointF center, double width, double height) {
     return {center - QPointF(size.width() / 2, size.height() / 2), size};
 }
 
-const DockScene::Icon* find(const DockScene& scene, const std::string& path) {
-    const auto found = std::ranges::find(scene.icons, path, &DockScene::Icon::path);
-    return found == scene.icons.end() ? nullptr : &*found;
+using Icons = std::unordered_map<std::string_view, const DockScene::Icon*>;
+
+Icons byPath(const DockScene& scene) {
+    Icons icons;
+    for (const DockScene::Icon& icon : scene.icons) {
+        icons.emplace(icon.path, &icon);
+    }
+    return icons;
 }
 
 double present(const Spring& presence, double now) {
@@ -97,15 +104,17 @@ void SceneMotion::retarget(const DockScene& seen, const DockScene& wanted, doubl
 }
 
 void SceneMotion::retargetIcons(const DockScene& seen, const DockScene& wanted, double now) {
-    std::erase_if(icons, [&wanted](const auto& icon) { return find(wanted, icon.first) == nullptr; });
+    const Icons seenIcons = byPath(seen);
+    std::erase_if(icons, [kept = byPath(wanted)](const auto& icon) { return !kept.contains(icon.first); });
     for (const DockScene::Icon& icon : wanted.icons) {
         Part& part = icons[icon.path];
-        const DockScene::Icon* before = find(seen, icon.path);
-        if (before == nullptr) {
+        const auto found = seenIcons.find(icon.path);
+        if (found == seenIcons.end()) {
             part = {};
             part.presence.displace(-1, now);
             continue;
         }
+        const DockScene::Icon* before = found->second;
         part.along.displace(along(seen, before->rect.center()) - along(wanted, icon.rect.center()), now);
         part.size.displace(before->rect.width() - icon.rect.width(), now);
     }
@@ -114,7 +123,8 @@ void SceneMotion::retargetIcons(const DockScene& seen, const DockScene& wanted, 
 void SceneMotion::apply(DockScene& scene, double now) const {
     for (DockScene::Icon& icon : scene.icons) {
         const auto found = icons.find(icon.path);
-        if (found == icons.end()) {
+        // What has arrived is exactly in its place: a rest of a spring would blur it.
+        if (found == icons.end() || found->second.settled(now)) {
             continue;
         }
         const Part& part = found->second;
@@ -139,8 +149,14 @@ void SceneMotion::apply(DockScene& scene, double now) const {
         }
     }
     for (DockScene::Separator& line : scene.separators) {
+        if (separator.settled(now)) {
+            break;
+        }
         line.rect.translate(shift(scene.edge, separator.along.value(now), 0));
         line.opacity *= present(separator.presence, now);
+    }
+    if (background.settled(now)) {
+        return;
     }
     const double longer = background.along.value(now);
     const double deeper = background.size.value(now);
