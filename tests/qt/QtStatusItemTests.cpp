@@ -16,7 +16,6 @@ namespace quillary {
 
 using namespace Qt::StringLiterals;
 using test::NotifierWatcherStandIn;
-using test::PrivateBus;
 using test::VirtualDisplay;
 using QtStatusItemTest = test::StatusItemFixture;
 

@@ -1,6 +1,7 @@
 #include "tests/x11/VirtualDisplay.h"
 
 #include "tests/x11/ChildProcess.h"
+#include "tests/x11/KeyboardMap.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -269,31 +270,16 @@ void VirtualDisplay::click(QPoint position, int button) {
     releaseButton(button);
 }
 
-std::uint8_t VirtualDisplay::keycode(xcb_keysym_t key) const {
-    const auto* setup = xcb_get_setup(connection);
-    const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
-    const Reply<xcb_get_keyboard_mapping_reply_t> reply(xcb_get_keyboard_mapping_reply(
-        connection, xcb_get_keyboard_mapping(connection, setup->min_keycode, count), nullptr));
-    if (!reply) {
-        return 0;
-    }
-    const auto* keysyms = xcb_get_keyboard_mapping_keysyms(reply.get());
-    for (int i = 0; i < count; ++i) {
-        if (keysyms[i * reply->keysyms_per_keycode] == key) {
-            return static_cast<std::uint8_t>(setup->min_keycode + i);
-        }
-    }
-    return 0;
-}
-
 void VirtualDisplay::typeKey(xcb_keysym_t key, xcb_keysym_t held) {
-    if (held != XCB_NO_SYMBOL) {
-        fakeInput(XCB_KEY_PRESS, keycode(held), {});
+    const auto code = KeyboardMap::keycode(connection, key);
+    const auto heldCode = KeyboardMap::keycode(connection, held);
+    if (heldCode != 0) {
+        fakeInput(XCB_KEY_PRESS, heldCode, {});
     }
-    fakeInput(XCB_KEY_PRESS, keycode(key), {});
-    fakeInput(XCB_KEY_RELEASE, keycode(key), {});
-    if (held != XCB_NO_SYMBOL) {
-        fakeInput(XCB_KEY_RELEASE, keycode(held), {});
+    fakeInput(XCB_KEY_PRESS, code, {});
+    fakeInput(XCB_KEY_RELEASE, code, {});
+    if (heldCode != 0) {
+        fakeInput(XCB_KEY_RELEASE, heldCode, {});
     }
 }
 

@@ -104,7 +104,6 @@ public:
 
 private:
     bool managesNewWindows();
-    [[nodiscard]] std::uint8_t keycode(xcb_keysym_t key) const;
     void fakeInput(std::uint8_t type, std::uint8_t detail, QPoint position);
     void sync() const;
 

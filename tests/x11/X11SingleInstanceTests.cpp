@@ -6,6 +6,8 @@
 #include <QElapsedTimer>
 #include <QWidget>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <csignal>
 
@@ -77,10 +79,8 @@ TEST_F(X11SingleInstanceTest, theFirstHearsOfTheSecond) {
 }
 
 TEST_F(X11SingleInstanceTest, startsAtTheSameMomentLeaveOne) {
-    std::vector<pid_t> starts;
-    for (int i = 0; i < 12; ++i) {
-        starts.push_back(startSecond());
-    }
+    std::array<pid_t, 12> starts{};
+    std::generate(starts.begin(), starts.end(), [] { return startSecond(); });
     int running = 0;
     int told = 0;
     for (const auto process : starts) {
