@@ -233,9 +233,10 @@ void DockPainter::drawLabel(const DockScene::Label& label) {
     painter.setPen(appearance.primaryText);
     painter.setFont(DockFonts::label());
     const QRectF inner = snapped(label.textRect);
-    // Rounding of the capsule may take a fraction of a point from the text, which must not cost it its end.
-    const QString text =
-        QFontMetricsF(painter.font()).elidedText(label.text, Qt::ElideRight, inner.width() + 1);
+    QString text = label.text;
+    if (label.cut) {
+        text = QFontMetricsF(painter.font()).elidedText(text, Qt::ElideRight, inner.width());
+    }
     painter.drawText(inner.adjusted(-2, 0, 2, 0), Qt::AlignCenter, text);
     painter.setOpacity(opacity);
 }

@@ -108,6 +108,8 @@ struct DockScene {
         QRectF rect;
         /// Where the text stands.
         QRectF textRect;
+        /// Whether that is too small for it: then its end is left out.
+        bool cut = false;
         double opacity = 1;
         bool operator==(const Label&) const = default;
     };

@@ -220,7 +220,11 @@ DockScene::Label label(const DockGeometry& geometry, double along, double iconSi
         const QPointF center = geometry.point(along, farSide + sideLabelGap + boxed / 2);
         rect = centred(center, boxed, labelHeight);
     }
-    return {text, rect, rect.adjusted(labelPadX, 0, -labelPadX, 0), state.magnified};
+    return {.text = text,
+            .rect = rect,
+            .textRect = rect.adjusted(labelPadX, 0, -labelPadX, 0),
+            .cut = rect.width() < width,
+            .opacity = state.magnified};
 }
 
 QPointF hideOffset(const DockGeometry& geometry, double hidden) {

@@ -138,7 +138,7 @@ DockSceneState DockView::state(double now) {
                     now](const std::string& path) { return path == pressedPath ? pressed.value(now) : 0.0; },
         .time = now,
         .labelText = [this](const std::string& path) { return labelText(path); },
-        .textWidth = [this](const QString& text) { return labelMetrics.horizontalAdvance(text); },
+        .textWidth = [this](const QString& text) { return labelWidth(text); },
         .pillTextSize =
             [](const QString& text, double size) {
                 const QFontMetricsF metrics(DockFonts::pill(size));
@@ -227,6 +227,14 @@ QString DockView::labelText(const std::string& path) {
         text += QStringLiteral(" · ") + QString::fromStdString(RamBadges::text(usage->second));
     }
     return names.emplace(path, text).first->second;
+}
+
+double DockView::labelWidth(const QString& text) {
+    if (text != measuredText) {
+        measuredText = text;
+        measuredWidth = labelMetrics.horizontalAdvance(text);
+    }
+    return measuredWidth;
 }
 
 Appearance DockView::appearance() const {
@@ -362,6 +370,8 @@ QPointF DockView::scenePoint(QPointF position) const {
 void DockView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
         labelMetrics = QFontMetricsF(DockFonts::label());
+        measuredText.clear();
+        measuredWidth = 0;
         refresh(Existence::askAgain);
         update();
     }

@@ -89,6 +89,7 @@ private:
     [[nodiscard]] bool moving(double now) const;
     [[nodiscard]] DockSceneState state(double now);
     [[nodiscard]] QString labelText(const std::string& path);
+    [[nodiscard]] double labelWidth(const QString& text);
     [[nodiscard]] Appearance appearance() const;
     [[nodiscard]] std::optional<std::string> pathAt(QPointF position) const;
 
@@ -102,6 +103,9 @@ private:
     DockScene shown;
     std::map<std::string, bool, std::less<>> existing;
     std::map<std::string, QString, std::less<>> names;
+    /// Laying out a text costs more than the rest of a scene: the label's last one is remembered.
+    QString measuredText;
+    double measuredWidth = 0;
 
     /// How far magnification has come in since the pointer entered, or gone since it left.
     EasedValue magnified;

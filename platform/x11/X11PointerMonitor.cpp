@@ -2,14 +2,18 @@
 
 #include "platform/x11/X11Screens.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+
 #include <xcb/xinput.h>
+
+#include <algorithm>
 
 namespace quillary {
 
 X11PointerMonitor::X11PointerMonitor(std::unique_ptr<X11Connection> server, const X11Screens& screenList)
     : connection(std::move(server)), screens(screenList) {
     frame.setSingleShot(true);
-    frame.setInterval(frameInterval);
     frame.setTimerType(Qt::PreciseTimer);
     connect(&frame, &QTimer::timeout, this, &X11PointerMonitor::endFrame);
     lastLook.setSingleShot(true);
@@ -19,6 +23,18 @@ X11PointerMonitor::X11PointerMonitor(std::unique_ptr<X11Connection> server, cons
     connect(connection.get(), &X11Connection::settled, this, &X11PointerMonitor::handleSettled);
     selectRawEvents();
     lastTold = query();
+}
+
+int X11PointerMonitor::frameInterval() {
+    constexpr int shortest = 4;
+    constexpr int longest = 16;
+    constexpr double millisecondsPerSecond = 1000;
+    double fastest = 0;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        fastest = std::max(fastest, screen->refreshRate());
+    }
+    return fastest > 0 ? std::clamp(static_cast<int>(millisecondsPerSecond / fastest), shortest, longest)
+                       : longest;
 }
 
 void X11PointerMonitor::selectRawEvents() {
@@ -54,7 +70,7 @@ void X11PointerMonitor::handleSettled() {
     moving = false;
     // Until the frame ends, movements wait in the socket instead of waking the program one by one.
     connection->setListening(X11Connection::Listening::off);
-    frame.start();
+    frame.start(frameInterval());
     lastLook.start();
     refresh();
 }

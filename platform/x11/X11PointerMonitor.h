@@ -27,8 +27,9 @@ public:
     /// How often the pointer was asked for so far; for measurements.
     [[nodiscard]] int queryCount() const { return queries; }
 
-    /// The time between two looks at a moving pointer, in milliseconds.
-    static constexpr int frameInterval = 8;
+    /// The time between two looks at a moving pointer, in milliseconds: a frame of the fastest screen, within
+    /// bounds for screens that tell nonsense.
+    [[nodiscard]] static int frameInterval();
     /// The time after the last movement at which it looks once more, in milliseconds: raw events are sent
     /// even while another client holds the pointer frozen, and nothing is sent when it is let go at its new
     /// place.

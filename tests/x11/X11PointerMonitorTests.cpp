@@ -77,7 +77,7 @@ TEST_F(X11PointerMonitorTest, tellsAtMostOnceAFrameAndTheLastPlaceAlways) {
     }
     display.movePointer(QPoint(1000, 444));
     EXPECT_TRUE(eventually([&] { return !told.empty() && told.back() == QPointF(1000, 444); }));
-    const auto frames = clock.elapsed() / X11PointerMonitor::frameInterval + 2;
+    const auto frames = clock.elapsed() / X11PointerMonitor::frameInterval() + 2;
     EXPECT_LE(pointer->queryCount() - before, frames);
     EXPECT_GE(pointer->queryCount() - before, 2);
 }
