@@ -77,6 +77,19 @@ std::vector<xcb_window_t> DesktopFixture::popups() const {
     return found;
 }
 
+bool DesktopFixture::popupsTakeKeys(std::size_t count) const {
+    return eventually([&] {
+        const Reply<xcb_grab_keyboard_reply_t> reply(
+            xcb_grab_keyboard_reply(display.xcb(),
+                                    xcb_grab_keyboard(display.xcb(), 0, display.root(), XCB_CURRENT_TIME,
+                                                      XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                                    nullptr));
+        xcb_ungrab_keyboard(display.xcb(), XCB_CURRENT_TIME);
+        xcb_flush(display.xcb());
+        return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED && popups().size() == count;
+    });
+}
+
 std::vector<QRect> DesktopFixture::places() const {
     std::vector<QRect> result;
     for (const auto window : docks()) {

@@ -40,6 +40,9 @@ protected:
     [[nodiscard]] std::vector<xcb_window_t> docks() const;
     /// The program's windows that no window manager places and that are seen: its menus, the topmost last.
     [[nodiscard]] std::vector<xcb_window_t> popups() const;
+    /// Waits until that many popups are seen and the topmost has the keyboard: keys typed before that would
+    /// go elsewhere.
+    [[nodiscard]] bool popupsTakeKeys(std::size_t count) const;
     /// The places of the docks.
     [[nodiscard]] std::vector<QRect> places() const;
     /// Waits until the docks stand exactly there; reports where they stand when they don't.

@@ -10,7 +10,6 @@ const QRect leftScreen(0, 0, 1280, 900);
 const QRect rightScreen(1280, 0, 1120, 800);
 const QPoint leftStrip(640, 899);
 const QPoint rightStrip(1840, 799);
-const QPoint farAway(640, 300);
 const std::string plain = R"("iconSize":50,"magnification":"off")";
 
 class FullScreenTest : public DesktopFixture {

@@ -81,7 +81,7 @@ protected:
         // The dock must know where the pointer is before the button.
         VirtualDisplay::runFor(50);
         display.click(place, 3);
-        return menusAre(1);
+        return popupsTakeKeys(1);
     }
     void type(std::initializer_list<xcb_keysym_t> keys) {
         for (const auto key : keys) {

@@ -79,11 +79,13 @@ protected:
         VirtualDisplay::runFor(400);
         for (int i = 0; i < times; ++i) {
             display.click(freeSpace, 3);
-            if (!eventually([&] { return popups().size() == 1; })) {
+            if (!popupsTakeKeys(1)) {
+                ADD_FAILURE() << "menu " << i << " did not open: " << popups().size();
                 return false;
             }
             display.typeKey(escapeKey);
             if (!eventually([&] { return popups().empty(); })) {
+                ADD_FAILURE() << "menu " << i << " did not close: " << popups().size();
                 return false;
             }
         }
