@@ -136,7 +136,10 @@ TEST_F(MenuTest, positionLeftByThePointerMovesTheDockAndIsSaved) {
     display.click(wanted);
     EXPECT_TRUE(menusAre(0));
     EXPECT_TRUE(saved("edge", QLatin1String("left")));
-    EXPECT_TRUE(eventually([&] { return !places().empty() && places().front().x() == 0; }));
+    EXPECT_TRUE(eventually([&] {
+        const auto now = places();
+        return !now.empty() && now.front().x() == 0;
+    }));
     EXPECT_EQ(home.dockSettings(rightKey).value(QLatin1String("edge")).toString(QLatin1String("bottom")),
               QLatin1String("bottom"));
 }
@@ -149,7 +152,10 @@ TEST_F(MenuTest, arrowsAndReturnChooseAPosition) {
     type({downKey, downKey, returnKey});
     EXPECT_TRUE(menusAre(0));
     EXPECT_TRUE(saved("edge", QLatin1String("right")));
-    EXPECT_TRUE(eventually([&] { return !places().empty() && places().front().right() == 1279; }));
+    EXPECT_TRUE(eventually([&] {
+        const auto now = places();
+        return !now.empty() && now.front().right() == 1279;
+    }));
 }
 
 TEST_F(MenuTest, escapeClosesTheSubmenuAndThenTheMenuAndNothingIsChosen) {
@@ -246,9 +252,10 @@ TEST_F(MenuTest, onlyOneMenuIsOpenAtATime) {
     display.movePointer(rightFreeSpace);
     VirtualDisplay::runFor(50);
     display.click(rightFreeSpace, 3);
-    EXPECT_TRUE(eventually([&] { return menus().size() == 1 && menus().front() != first; }))
-        << testing::PrintToString(menus());
-    EXPECT_TRUE(QRect(1280, 0, 1120, 800).contains(menus().front()));
+    EXPECT_TRUE(eventually([&] {
+        const auto now = menus();
+        return now.size() == 1 && now.front() != first && QRect(1280, 0, 1120, 800).contains(now.front());
+    })) << testing::PrintToString(menus());
     type({escapeKey});
     EXPECT_TRUE(menusAre(0));
 }
