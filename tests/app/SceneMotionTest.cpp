@@ -58,7 +58,7 @@ TEST_F(SceneMotionTest, followsTheSpringOf03And085) {
     Spring expected(0.3, 0.85, -27);
     expected.moveTo(27, 0);
     wait(0.12);
-    const auto [least, most] = std::minmax(expected.value(0.12 - frame), expected.value(0.12));
+    const auto [least, most] = std::minmax({expected.value(0.12 - frame), expected.value(0.12)});
     EXPECT_GE(place(mail), least - 0.01);
     EXPECT_LE(place(mail), most + 0.01);
 }
