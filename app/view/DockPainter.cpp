@@ -2,6 +2,7 @@
 
 #include "app/view/ContinuousCorners.h"
 #include "app/view/DockFonts.h"
+#include "app/view/PixelCopy.h"
 #include "app/view/Plates.h"
 
 #include <QFontMetricsF>
@@ -157,12 +158,9 @@ void DockPainter::drawSprite(const IconSprites::Sprite& sprite, QPointF center, 
     painter.scale(1 / ratio, 1 / ratio);
     if (std::abs(sprite.side - side * ratio) < 0.5) {
         // On whole device pixels a sprite of the right size is copied as it is, and stays crisp.
-        painter.drawImage(target.topLeft().toPoint(), sprite.image);
+        PixelCopy::copy(painter, target.topLeft().toPoint(), sprite.image, sprite.image.rect());
     } else {
-        // The rim of a sprite is clear and needs no smoothing; with it the toolkit would paint in many small
-        // pieces, on threads that cost more than they paint.
-        painter.setRenderHint(QPainter::Antialiasing, false);
-        painter.drawImage(target, sprite.image);
+        PixelCopy::scale(painter, target, sprite.image);
     }
     painter.restore();
 }

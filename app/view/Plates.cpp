@@ -1,6 +1,7 @@
 #include "app/view/Plates.h"
 
 #include "app/view/ContinuousCorners.h"
+#include "app/view/PixelCopy.h"
 #include "app/view/ShelfShape.h"
 #include "app/view/SoftShadow.h"
 
@@ -156,7 +157,7 @@ void Plates::draw(QPainter& painter, const QRectF& plate, const Look& look) {
         const QPoint at = corner + (lying ? QPoint(to, 0) : QPoint(0, to));
         const QRect source =
             lying ? QRect(from, 0, count, image.height()) : QRect(0, from, image.width(), count);
-        painter.drawImage(QRect(at, source.size()), image, source);
+        PixelCopy::copy(painter, at, image, source);
     };
     if (tiled) {
         const int side = end + margin;
