@@ -8,6 +8,7 @@
 #include <QDBusPendingCall>
 #include <QDBusVariant>
 
+#include <csignal>
 #include <memory>
 
 namespace quillary::test {
@@ -149,6 +150,19 @@ TEST_F(ShellTest, aKilledProgramDoesNotBarTheNextOne) {
     EXPECT_EQ(program.waitForEnd(), Program::End{std::nullopt});
     startKnown();
     EXPECT_EQ(docks().size(), 2U);
+}
+
+TEST_F(ShellTest, theEndOfTheSessionEndsItInOrderAndItIsNotStartedTwiceByTheNext) {
+    const auto record = home.path() / "session";
+    const auto manager = display.start({QUILLARY_SESSION_MANAGER, record.string()});
+    ASSERT_TRUE(eventually([&] { return Home::read(record).find('\n') != std::string::npos; }));
+    const auto address = Home::read(record).substr(0, Home::read(record).find('\n'));
+    startKnown({"SESSION_MANAGER=" + address});
+    ASSERT_TRUE(eventually([&] { return Home::read(record).find("joined 1") != std::string::npos; }));
+    kill(manager, SIGUSR1);
+    EXPECT_EQ(program.waitForEnd(), Program::End{0});
+    // SmRestartNever
+    EXPECT_NE(Home::read(record).find("restart hint 3"), std::string::npos) << Home::read(record);
 }
 
 TEST_F(StatusMenuTest, hasAllLinesInTheirOrder) {
