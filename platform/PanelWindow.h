@@ -39,6 +39,12 @@ public:
     /// setVisibleShape kept up to date.
     [[nodiscard]] virtual bool composited() const = 0;
 
+    /// Whether the desktop shows what lies behind a translucent window blurred where it is asked to.
+    [[nodiscard]] virtual bool blursBehind() const = 0;
+    /// The part behind which it is asked to, in the panel's coordinates; empty for none. Does nothing where
+    /// `blursBehind` is false.
+    virtual void setBlurRegion(const QRegion& region) = 0;
+
     /// Shows the window in front without taking the focus.
     virtual void orderFront() = 0;
     /// Opens a menu whose corner is at a point of the panel (points, origin top-left), moved so that all of
@@ -54,7 +60,7 @@ public:
     [[nodiscard]] virtual QImage grab() = 0;
 
 Q_SIGNALS:
-    /// The desktop began or ceased to blend translucent windows.
+    /// The desktop began or ceased to blend translucent windows, or to blur behind them.
     void compositedChanged();
     /// The pointer entered or left the input region without a movement that PointerMonitor would tell.
     void pointerCrossed();

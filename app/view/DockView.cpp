@@ -4,6 +4,7 @@
 #include "app/DockModel.h"
 #include "app/MemoryMonitor.h"
 #include "app/RunningApps.h"
+#include "app/view/BlurRegion.h"
 #include "app/view/DockFonts.h"
 #include "app/view/DockPainter.h"
 #include "app/view/IconCache.h"
@@ -79,6 +80,7 @@ void DockView::attach(PanelWindow& panelWindow) {
     window = &panelWindow;
     connect(window, &PanelWindow::compositedChanged, this, [this] {
         updateShape();
+        updateBlur();
         update();
     });
 }
@@ -183,6 +185,7 @@ void DockView::setScene(DockScene next) {
     shown = std::move(next);
     if (!damage.isEmpty()) {
         updateShape();
+        updateBlur();
         const QPointF origin = model->geometry(model->cells()).frameOrigin();
         // One rectangle: the toolkit clips several pixel row by pixel row, on threads that cost more than
         // they paint.
@@ -204,6 +207,13 @@ void DockView::updateShape() {
     paint(painter);
     painter.end();
     window->setVisibleShape(QRegion(QBitmap::fromImage(picture.createAlphaMask(Qt::ThresholdDither))));
+}
+
+void DockView::updateBlur() {
+    if (window != nullptr && window->blursBehind()) {
+        const QPointF origin = model->geometry(model->cells()).frameOrigin();
+        window->setBlurRegion(blurRegion(shown).translated(origin.toPoint()));
+    }
 }
 
 void DockView::paint(QPainter& painter) {
@@ -239,7 +249,10 @@ double DockView::labelWidth(const QString& text) {
 
 Appearance DockView::appearance() const {
     const bool blends = window == nullptr || window->composited();
-    return Appearance::of(palette(), blends ? Blending::translucent : Blending::opaque);
+    const bool blurs = blends && window != nullptr && window->blursBehind();
+    return Appearance::of(palette(), blurs    ? Blending::blurred
+                                     : blends ? Blending::translucent
+                                              : Blending::opaque);
 }
 
 void DockView::paintEvent(QPaintEvent* event) {

@@ -84,6 +84,7 @@ private:
     void refresh(Existence existence, Movement movement = Movement::none);
     void setScene(DockScene next);
     void updateShape();
+    void updateBlur();
     void paint(QPainter& painter);
     void frame();
     [[nodiscard]] bool moving(double now) const;

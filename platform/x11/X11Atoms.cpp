@@ -51,6 +51,7 @@ constexpr std::array entries = {
     Entry{&X11Atoms::wmProtocols, "WM_PROTOCOLS"},
     Entry{&X11Atoms::wmDeleteWindow, "WM_DELETE_WINDOW"},
     Entry{&X11Atoms::gtkApplicationId, "_GTK_APPLICATION_ID"},
+    Entry{&X11Atoms::kdeBlurBehindRegion, "_KDE_NET_WM_BLUR_BEHIND_REGION"},
     Entry{&X11Atoms::kdeDesktopFile, "_KDE_NET_WM_DESKTOP_FILE"},
     Entry{&X11Atoms::edid, "EDID"},
 };

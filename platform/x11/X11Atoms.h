@@ -44,6 +44,7 @@ struct X11Atoms {
     xcb_atom_t wmProtocols = XCB_ATOM_NONE;
     xcb_atom_t wmDeleteWindow = XCB_ATOM_NONE;
     xcb_atom_t gtkApplicationId = XCB_ATOM_NONE;
+    xcb_atom_t kdeBlurBehindRegion = XCB_ATOM_NONE;
     xcb_atom_t kdeDesktopFile = XCB_ATOM_NONE;
     xcb_atom_t edid = XCB_ATOM_NONE;
 

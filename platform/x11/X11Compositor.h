@@ -7,7 +7,8 @@
 namespace quillary {
 
 /// Whether a compositing manager blends translucent windows: it owns the selection _NET_WM_CM_Sn of the
-/// screen (EWMH).
+/// screen (EWMH). And whether it blurs behind windows that carry the property
+/// _KDE_NET_WM_BLUR_BEHIND_REGION: then the root window carries one of that name too (KWin's convention).
 class X11Compositor final : public QObject {
     Q_OBJECT
 
@@ -15,13 +16,19 @@ public:
     explicit X11Compositor(X11Connection& server);
 
     [[nodiscard]] bool isRunning() const { return owner.isPresent(); }
+    [[nodiscard]] bool blursBehind() const { return isRunning() && blurs; }
 
 Q_SIGNALS:
-    /// The compositor came or went.
+    /// The compositor came or went, or began or ceased to blur.
     void changed();
 
 private:
+    void handleEvent(const xcb_generic_event_t* event);
+    [[nodiscard]] bool offersBlur() const;
+
+    X11Connection& connection;
     X11SelectionOwner owner;
+    bool blurs = false;
 };
 
 } // namespace quillary

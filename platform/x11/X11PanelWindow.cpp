@@ -17,6 +17,7 @@
 
 #include <array>
 #include <utility>
+#include <vector>
 
 namespace quillary {
 
@@ -53,6 +54,7 @@ X11PanelWindow::X11PanelWindow(QWidget& widget, X11Connection& server, const X11
     connect(&frameCheck, &QTimer::timeout, this, &X11PanelWindow::checkFrame);
     connect(&connection, &X11Connection::eventReceived, this, &X11PanelWindow::handleEvent);
     connect(&compositor, &X11Compositor::changed, this, [this] {
+        applyBlur();
         applyShapes();
         Q_EMIT compositedChanged();
     });
@@ -92,9 +94,11 @@ void X11PanelWindow::dress() {
     setProperties();
     if (created) {
         sentInput.reset();
+        sentBlur = {};
         sentBounds.reset();
         followCrossings();
     }
+    applyBlur();
     applyShapes();
 }
 
@@ -235,6 +239,44 @@ void X11PanelWindow::applyShape(xcb_shape_kind_t kind, const QRegion* region) {
         const auto rectangles = shapeRectangles(*region, sentScale);
         xcb_shape_rectangles(xcb, XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED, native, 0, 0,
                              static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+    }
+    xcb_flush(xcb);
+}
+
+bool X11PanelWindow::blursBehind() const {
+    return compositor.blursBehind();
+}
+
+void X11PanelWindow::setBlurRegion(const QRegion& region) {
+    blurRegion = region;
+    applyBlur();
+}
+
+void X11PanelWindow::applyBlur() {
+    if (!contents || native == XCB_WINDOW_NONE) {
+        return;
+    }
+    const double scale = contents->devicePixelRatio();
+    const QRegion wanted = blursBehind() ? blurRegion : QRegion();
+    if (wanted == sentBlur && scale == sentBlurScale) {
+        return;
+    }
+    sentBlur = wanted;
+    sentBlurScale = scale;
+    auto* xcb = qtConnection();
+    const xcb_atom_t property = connection.atoms().kdeBlurBehindRegion;
+    if (wanted.isEmpty()) {
+        // An empty list would mean the whole window.
+        xcb_delete_property(xcb, native, property);
+    } else {
+        std::vector<std::uint32_t> numbers;
+        for (const auto& rectangle : shapeRectangles(wanted, scale)) {
+            numbers.insert(numbers.end(),
+                           {static_cast<std::uint32_t>(rectangle.x), static_cast<std::uint32_t>(rectangle.y),
+                            rectangle.width, rectangle.height});
+        }
+        xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, native, property, XCB_ATOM_CARDINAL, 32,
+                            static_cast<std::uint32_t>(numbers.size()), numbers.data());
     }
     xcb_flush(xcb);
 }

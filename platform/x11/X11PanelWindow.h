@@ -41,6 +41,8 @@ public:
     void setIgnoresMouseEvents(bool ignores) override;
     void setVisibleShape(const QRegion& region) override;
     [[nodiscard]] bool composited() const override;
+    [[nodiscard]] bool blursBehind() const override;
+    void setBlurRegion(const QRegion& region) override;
     void orderFront() override;
     void popUpMenu(Menu menu, QPoint location, std::function<void()> whenClosed) override;
     void close() override;
@@ -60,6 +62,7 @@ private:
     void handleEvent(const xcb_generic_event_t* event);
     void applyFrame();
     void applyShapes();
+    void applyBlur();
     void applyShape(xcb_shape_kind_t kind, const QRegion* region);
     void checkFrame();
     void screensChanged();
@@ -73,9 +76,12 @@ private:
     QRect target;
     std::optional<QRegion> inputRegion;
     std::optional<QRegion> visibleShape;
+    QRegion blurRegion;
     // What the server was told last, so that nothing is told twice: a new shape makes it send crossings.
     std::optional<QRegion> sentInput;
     std::optional<QRegion> sentBounds;
+    QRegion sentBlur;
+    double sentBlurScale = 0.0;
     double sentScale = 0.0;
     QTimer frameCheck;
     int frameRetries = 0;

@@ -41,6 +41,7 @@ protected:
     }
     void dropFiles(const Target& target, const std::vector<std::string>& paths) {
         std::vector<ItemProvider> items;
+        items.reserve(paths.size());
         for (const auto& path : paths) {
             items.push_back({.fileUrl = "file://" + path});
         }
@@ -134,6 +135,7 @@ TEST_F(DockDropsTest, aDockThatGoesWhileFilesAreReadIsNotCalledBack) {
 
 TEST_F(DockDropsTest, tenThousandFilesArePinned) {
     std::vector<std::string> paths;
+    paths.reserve(10000);
     for (int i = 0; i < 10000; ++i) {
         paths.push_back("/files/" + std::to_string(i));
     }

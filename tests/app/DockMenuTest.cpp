@@ -19,7 +19,7 @@ using Lines = std::vector<std::string>;
 
 const std::string mail = "/Applications/Mail.app";
 const std::string notes = "/Applications/Notes.app";
-constexpr std::uint64_t mebibyte = 1024 * 1024;
+constexpr std::uint64_t mebibyte = std::uint64_t{1} << 20;
 
 /// One dock with Mail and Notes at the bottom of LEFT, no magnification: Notes' centre is at 667.
 class DockMenuTest : public Desktop {

@@ -279,6 +279,34 @@ TEST_F(DockViewTest, aHiddenDockHopsUnseenAndCostsNoFrames) {
     EXPECT_FALSE(view->animating());
 }
 
+TEST_F(DockViewTest, materialsAreBlurredBehindWhereTheDesktopDoesSo) {
+    EXPECT_TRUE(shownIn.blurRegion.isEmpty());
+    shownIn.blurs = true;
+    shownIn.setComposited(true);
+    // The whole background but its corners, and nothing of the room for labels.
+    const QRect background = view->scene().background.rect.toAlignedRect();
+    const QRect blurred = shownIn.blurRegion.boundingRect();
+    EXPECT_TRUE(background.adjusted(-1, -1, 1, 1).contains(blurred));
+    EXPECT_TRUE(blurred.contains(background.adjusted(1, 1, -1, -1)));
+    EXPECT_TRUE(shownIn.blurRegion.contains(background.center()));
+    EXPECT_FALSE(shownIn.blurRegion.contains(background.topLeft()));
+    model().setHidden(true);
+    wait(3);
+    EXPECT_TRUE(shownIn.blurRegion.isEmpty());
+    model().setHidden(false);
+    wait(3);
+    EXPECT_EQ(shownIn.blurRegion.boundingRect(), blurred);
+}
+
+TEST_F(DockViewTest, bubblesAreBlurredBehindOneByOne) {
+    configure([](DockConfig& config) { config.style = DockStyle::bubbles; });
+    shownIn.blurs = true;
+    shownIn.setComposited(true);
+    const auto& disc = *view->scene().icons.at(0).disc;
+    EXPECT_TRUE(shownIn.blurRegion.contains(disc.center.toPoint()));
+    EXPECT_FALSE(shownIn.blurRegion.contains(view->scene().background.rect.toAlignedRect().bottomLeft()));
+}
+
 TEST_F(DockViewTest, darkDesktopsHaveDarkDocks) {
     QPalette dark;
     dark.setColor(QPalette::Window, QColor(20, 20, 20));

@@ -115,7 +115,9 @@ TEST_F(LoadFileURLs, nothingIsDeliveredAsAnEmptyList) {
 
 TEST_F(LoadFileURLs, tenThousandAreReadByAFewThreads) {
     std::vector<ItemProvider> items;
+    items.reserve(10000);
     Paths expected;
+    expected.reserve(10000);
     for (int i = 0; i < 10000; ++i) {
         items.push_back(file("file:///files/" + std::to_string(i)));
         expected.push_back("/files/" + std::to_string(i));
@@ -130,6 +132,7 @@ TEST_F(LoadFileURLs, tenThousandAreReadByAFewThreads) {
 TEST(LoadFileURLsOnThreads, completesOnceOnTheMainThread) {
     QtScheduler scheduler;
     std::vector<ItemProvider> items;
+    items.reserve(1000);
     for (int i = 0; i < 1000; ++i) {
         items.push_back(file("file:///files/" + std::to_string(i)));
     }

@@ -12,7 +12,6 @@ namespace quillary::test {
 namespace {
 
 using testing::Contains;
-using testing::Not;
 using Lines = std::vector<std::string>;
 
 class StatusMenuTest : public Desktop {

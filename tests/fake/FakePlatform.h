@@ -101,6 +101,8 @@ public:
     void setIgnoresMouseEvents(bool ignores) override { ignoresMouseEvents = ignores; }
     void setVisibleShape(const QRegion& region) override { visibleShape = region; }
     [[nodiscard]] bool composited() const override { return blends; }
+    [[nodiscard]] bool blursBehind() const override { return blurs; }
+    void setBlurRegion(const QRegion& region) override { blurRegion = region; }
     void orderFront() override;
     void popUpMenu(Menu menu, QPoint location, std::function<void()> closed) override;
     void close() override { visible = false; }
@@ -121,6 +123,8 @@ public:
     int ordersFront = 0;
     QRegion inputRegion;
     QRegion visibleShape;
+    QRegion blurRegion;
+    bool blurs = false;
     bool ignoresMouseEvents = false;
     bool blends = true;
     bool visible = false;

@@ -24,6 +24,36 @@ TEST_F(X11PanelShapeTest, theInputRegionIsExact) {
     EXPECT_TRUE(eventually([&] { return shape(XCB_SHAPE_SK_INPUT).isEmpty(); }));
 }
 
+TEST_F(X11PanelShapeTest, asksForBlurWhileTheCompositorOffersIt) {
+    ASSERT_TRUE(display.startCompositor());
+    startPanel();
+    present(QRect(340, 780, 600, 120));
+    const auto asked = [this] { return display.numbers(id(), "_KDE_NET_WM_BLUR_BEHIND_REGION"); };
+    panel->setBlurRegion(QRegion(10, 60, 580, 50));
+    EXPECT_FALSE(panel->blursBehind());
+    EXPECT_TRUE(asked().empty());
+
+    int changes = 0;
+    QObject::connect(panel.get(), &PanelWindow::compositedChanged, panel.get(), [&changes] { ++changes; });
+    const auto property = display.atom("_KDE_NET_WM_BLUR_BEHIND_REGION");
+    const std::uint8_t nothing = 0;
+    xcb_change_property(display.xcb(), XCB_PROP_MODE_REPLACE, display.root(), property, property, 8, 1,
+                        &nothing);
+    xcb_flush(display.xcb());
+    EXPECT_TRUE(eventually([&] { return panel->blursBehind(); }));
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(eventually([&] { return asked() == std::vector<std::uint32_t>{10, 60, 580, 50}; }));
+    panel->setBlurRegion(QRegion());
+    EXPECT_TRUE(eventually([&] { return asked().empty(); }));
+    panel->setBlurRegion(QRegion(0, 0, 20, 20));
+    EXPECT_TRUE(eventually([&] { return asked().size() == 4; }));
+
+    xcb_delete_property(display.xcb(), display.root(), property);
+    xcb_flush(display.xcb());
+    EXPECT_TRUE(eventually([&] { return !panel->blursBehind() && asked().empty(); }));
+    EXPECT_EQ(changes, 2);
+}
+
 TEST_F(X11PanelShapeTest, theSameRegionAgainCostsNothing) {
     startPanel();
     present(QRect(340, 780, 600, 120));
