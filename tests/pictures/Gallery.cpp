@@ -92,9 +92,10 @@ void drawWallpaper(QPainter& painter, const QRectF& area) {
         painter.fillRect(QRectF(x, area.top(), width + 1, area.height()), band);
         x += width;
     }
-    constexpr double stripe = 24;
-    for (double y = area.bottom() - 2; y > area.top(); y -= stripe) {
-        painter.fillRect(QRectF(area.left(), y - 4, area.width(), 4), QColor(255, 255, 255, 60));
+    constexpr int stripe = 24;
+    for (int below = 2; below < area.height(); below += stripe) {
+        painter.fillRect(QRectF(area.left(), area.bottom() - below - 4, area.width(), 4),
+                         QColor(255, 255, 255, 60));
     }
 }
 
@@ -213,7 +214,9 @@ std::vector<Exhibit> exhibits() {
         const std::string name(rawValue(style));
         const Exhibit plain{.name = name, .style = style};
         const auto add = [&all, &name](Exhibit exhibit, const std::string& variant) {
-            exhibit.name = name + "-" + variant;
+            exhibit.name = name;
+            exhibit.name += '-';
+            exhibit.name += variant;
             all.push_back(std::move(exhibit));
         };
         for (const DockEdge edge : allCases<DockEdge>()) {
