@@ -14,6 +14,9 @@ namespace {
 
 using Names = std::vector<std::string>;
 
+// ICCCM 4.1.3.1
+constexpr std::uint32_t withdrawnState = 0;
+
 bool holds(const Names& names, const std::string& name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
@@ -103,6 +106,11 @@ TEST_F(X11PanelWindowTest, keepsItsPlaceAndStandingWhenHiddenAndShown) {
     startPanel();
     present(QRect(1540, 680, 600, 120));
     widget->hide();
+    // The window manager withdraws it later, and with it all that its properties said.
+    ASSERT_TRUE(eventually([&] {
+        const auto state = display.numbers(id(), "WM_STATE");
+        return state.empty() || state.front() == withdrawnState;
+    }));
     ASSERT_TRUE(eventually([&] { return !display.isViewable(id()); }));
     panel->orderFront();
     ASSERT_TRUE(eventually([&] { return display.isViewable(id()); }));
