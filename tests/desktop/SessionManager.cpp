@@ -114,6 +114,7 @@ void endSession() {
 
 void serve(int listeners, IceListenObj* listening) {
     std::vector<pollfd> waiting;
+    waiting.reserve(static_cast<std::size_t>(listeners) + connections.size());
     for (int i = 0; i < listeners; ++i) {
         waiting.push_back({IceGetListenConnectionNumber(listening[i]), POLLIN, 0});
     }
