@@ -16,7 +16,7 @@ class SystemLog;
 class LinuxSystemDockPreferences final : public SystemDockPreferences {
 public:
     /// Keeps what belongs to the user while the dock is hidden in Quillary's folder of user configuration
-    /// (XDG Base Directory Specification), and tells the system's log.
+    /// (XDG Base Directory standard), and tells the system's log.
     LinuxSystemDockPreferences();
     LinuxSystemDockPreferences(std::filesystem::path stateFolder, SystemLog& systemLog);
     ~LinuxSystemDockPreferences() override;

@@ -3,6 +3,7 @@
 #include "platform/linux/StartupMessage.h"
 #include "platform/linux/StartupNotification.h"
 #include "platform/x11/StartupId.h"
+#include "platform/x11/X11Message.h"
 #include "platform/x11/X11Property.h"
 
 #include <algorithm>
@@ -19,25 +20,6 @@ namespace {
 constexpr int mostAttempts = 5;
 
 constexpr std::uint32_t protocolVersion = 1;
-
-xcb_client_message_event_t makeMessage(xcb_window_t window, xcb_atom_t type, xcb_timestamp_t time,
-                                       xcb_window_t asker) {
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window;
-    message.type = type;
-    message.data.data32[0] = time;
-    message.data.data32[1] = asker;
-    return message;
-}
-
-void send(X11Connection& connection, const xcb_client_message_event_t& message) {
-    // Without a mask it goes to the client that made the window.
-    xcb_send_event(connection.xcb(), 0, message.window, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char*>(&message));
-    connection.flush();
-}
 
 } // namespace
 
@@ -122,7 +104,7 @@ X11SingleInstance::Answer X11SingleInstance::tell(xcb_window_t owner) const {
             answer = answer.value_or(Answer::gone);
         }
     });
-    send(*line, makeMessage(owner, reopen, StartupId::time(StartupId::own()), asker));
+    X11Message::toClient(*line, owner, reopen, StartupId::time(StartupId::own()), asker);
     if (!line->reply(xcb_get_geometry_reply, xcb_get_geometry(line->xcb(), owner))) {
         return Answer::gone;
     }
@@ -161,7 +143,7 @@ void X11SingleInstance::handleEvent(const xcb_generic_event_t* event) {
 
 void X11SingleInstance::confirm(xcb_window_t asker) {
     if (asker != XCB_WINDOW_NONE && asker != window) {
-        send(connection, makeMessage(asker, reopen, XCB_CURRENT_TIME, window));
+        X11Message::toClient(connection, asker, reopen, XCB_CURRENT_TIME, window);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/Scheduler.h"
 #include "platform/x11/X11ClientList.h"
+#include "platform/x11/X11Message.h"
 #include "platform/x11/X11Property.h"
 
 #include <algorithm>
@@ -139,7 +140,8 @@ void X11WindowSource::setFocused(xcb_window_t window) {
 void X11WindowSource::activate(std::uint64_t id) {
     const auto window = static_cast<xcb_window_t>(id);
     showDesktopOf(window);
-    send(window, connection.atoms().netActiveWindow, sourceUser, XCB_CURRENT_TIME);
+    X11Message::toWindowManager(connection, window, connection.atoms().netActiveWindow, sourceUser,
+                                XCB_CURRENT_TIME);
 }
 
 void X11WindowSource::showDesktopOf(xcb_window_t window) {
@@ -151,7 +153,8 @@ void X11WindowSource::showDesktopOf(xcb_window_t window) {
     // Some window managers refuse to activate a window of another desktop.
     if (!wanted.empty() && !shown.empty() && wanted.front() != shown.front() &&
         wanted.front() != allDesktops) {
-        send(connection.root(), atoms.netCurrentDesktop, wanted.front(), XCB_CURRENT_TIME);
+        X11Message::toWindowManager(connection, connection.root(), atoms.netCurrentDesktop, wanted.front(),
+                                    XCB_CURRENT_TIME);
     }
 }
 
@@ -159,33 +162,10 @@ void X11WindowSource::close(std::uint64_t id) {
     const auto window = static_cast<xcb_window_t>(id);
     const auto& atoms = connection.atoms();
     if (clients.managed() && wmSupports(atoms.netCloseWindow)) {
-        send(window, atoms.netCloseWindow, XCB_CURRENT_TIME, sourceUser);
+        X11Message::toWindowManager(connection, window, atoms.netCloseWindow, XCB_CURRENT_TIME, sourceUser);
     } else if (acceptsDelete(window)) {
-        xcb_client_message_event_t message{};
-        message.response_type = XCB_CLIENT_MESSAGE;
-        message.format = 32;
-        message.window = window;
-        message.type = atoms.wmProtocols;
-        message.data.data32[0] = atoms.wmDeleteWindow;
-        message.data.data32[1] = XCB_CURRENT_TIME;
-        xcb_send_event(connection.xcb(), 0, window, XCB_EVENT_MASK_NO_EVENT,
-                       reinterpret_cast<const char*>(&message));
-        connection.flush();
+        X11Message::toClient(connection, window, atoms.wmProtocols, atoms.wmDeleteWindow, XCB_CURRENT_TIME);
     }
-}
-
-void X11WindowSource::send(xcb_window_t window, xcb_atom_t type, std::uint32_t first, std::uint32_t second) {
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window;
-    message.type = type;
-    message.data.data32[0] = first;
-    message.data.data32[1] = second;
-    xcb_send_event(connection.xcb(), 0, connection.root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   reinterpret_cast<const char*>(&message));
-    connection.flush();
 }
 
 bool X11WindowSource::wmSupports(xcb_atom_t feature) const {

@@ -40,7 +40,6 @@ private:
     void updateActive();
     void setFocused(xcb_window_t window);
     void showDesktopOf(xcb_window_t window);
-    void send(xcb_window_t window, xcb_atom_t type, std::uint32_t first, std::uint32_t second);
     [[nodiscard]] bool wmSupports(xcb_atom_t feature) const;
     [[nodiscard]] bool acceptsDelete(xcb_window_t window) const;
 

@@ -30,7 +30,7 @@ public:
     /// Waits until what was written has reached the desktop's storage.
     virtual void synchronise() = 0;
 
-    /// The dock of the desktop that XDG_CURRENT_DESKTOP (Desktop Entry Specification) names; none when it
+    /// The dock of the desktop that XDG_CURRENT_DESKTOP (Desktop Entry standard) names; none when it
     /// has none that can be hidden. Values are put aside in `folder`, one file for each desktop; `log` must
     /// live as long as the dock.
     [[nodiscard]] static std::unique_ptr<DesktopDock> of(std::string_view currentDesktop,

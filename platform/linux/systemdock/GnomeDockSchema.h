@@ -14,7 +14,7 @@ inline constexpr const char* autohide = "autohide";
 inline constexpr const char* showDelay = "show-delay";
 
 /// Looks where GSettings does, then in the folders of the extensions themselves, the user's before the
-/// system's (XDG Base Directory Specification). Null when the schema isn't there or hasn't the two keys.
+/// system's (XDG Base Directory standard). Null when the schema isn't there or hasn't the two keys.
 [[nodiscard]] Schema find();
 
 /// Whether the schema has the key and its values are of that type.
