@@ -2,6 +2,7 @@
 
 #include "app/view/DockSceneBuilder.h"
 #include "tests/app/Fixture.h"
+#include "tests/app/SceneState.h"
 
 namespace quillary::test {
 namespace {
@@ -14,7 +15,10 @@ using Ink = DockScene::Ink;
 /// Scenes of LEFT's dock with two items of 48 points. Unmagnified the panel is 146 × 125 at the bottom.
 class DockSceneTest : public Desktop {
 protected:
-    void SetUp() override { startWith({mail, notes}); }
+    void SetUp() override {
+        startWith({mail, notes});
+        state.magnified = 1;
+    }
     void shape(DockEdge edge, Magnification magnification) const {
         configure([=](DockConfig& config) {
             config.edge = edge;
@@ -23,17 +27,7 @@ protected:
     }
     [[nodiscard]] DockScene scene() const { return buildDockScene(model(), state); }
 
-    DockSceneState state{
-        .mouseAxis = std::nullopt,
-        .magnified = 1,
-        .hidden = 0,
-        .labelText = [](const std::string& path) { return QString::fromStdString(path); },
-        .textWidth = [](const QString& text) { return 7.0 * static_cast<double>(text.size()); },
-        .pillTextSize =
-            [](const QString& text, double size) {
-                return QSizeF(0.6 * size * static_cast<double>(text.size()), 1.2 * size);
-            },
-        .exists = [](const std::string&) { return true; }};
+    DockSceneState state = plainSceneState();
 };
 
 TEST_F(DockSceneTest, iconsStand19PointsFromEveryEdge) {

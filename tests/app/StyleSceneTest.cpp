@@ -1,6 +1,7 @@
 #include "app/view/DockScene.h"
 #include "app/view/DockSceneBuilder.h"
 #include "tests/app/Fixture.h"
+#include "tests/app/SceneState.h"
 
 #include <cmath>
 #include <numbers>
@@ -34,14 +35,7 @@ protected:
     /// Mail is the hog: 3 GiB of 8.
     void makeHog() const { manager->memory->publish({.total = 8 * gibibyte}, {{mail, 3 * gibibyte}}); }
 
-    DockSceneState state{
-        .labelText = [](const std::string& path) { return QString::fromStdString(path); },
-        .textWidth = [](const QString& text) { return 7.0 * static_cast<double>(text.size()); },
-        .pillTextSize =
-            [](const QString& text, double size) {
-                return QSizeF(0.6 * size * static_cast<double>(text.size()), 1.2 * size);
-            },
-        .exists = [](const std::string&) { return true; }};
+    DockSceneState state = plainSceneState();
 };
 
 TEST_F(StyleSceneTest, glassIsThinWithContinuousCorners) {
