@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/BundleInfo.h"
 #include "platform/Menu.h"
 
 #include <filesystem>
@@ -12,6 +13,8 @@ class QWidget;
 
 namespace quillary {
 
+class LoginItem;
+class MemorySource;
 class PanelWindow;
 class PointerMonitor;
 class Scheduler;
@@ -34,6 +37,9 @@ public:
     [[nodiscard]] virtual Scheduler& scheduler() = 0;
     [[nodiscard]] virtual SystemLog& log() = 0;
     [[nodiscard]] virtual SingleInstance& instance() = 0;
+    [[nodiscard]] virtual MemorySource& memory() = 0;
+    [[nodiscard]] virtual LoginItem& loginItem() = 0;
+    [[nodiscard]] virtual BundleInfo bundleInfo() const = 0;
     /// Dresses a top-level widget that was never shown as a dock's window.
     [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWidget& contents) = 0;
     /// Puts a symbol into the status bar. `description` is its accessible name; `menuNeedsUpdate` is asked

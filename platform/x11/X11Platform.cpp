@@ -1,5 +1,7 @@
 #include "platform/x11/X11Platform.h"
 
+#include "platform/LoginItem.h"
+#include "platform/MemorySource.h"
 #include "platform/linux/LinuxSystemDockPreferences.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/SyslogLog.h"
@@ -22,6 +24,24 @@
 #include <cstdlib>
 
 namespace quillary {
+
+namespace {
+
+class UnknownMemory final : public MemorySource {
+public:
+    [[nodiscard]] Sampler sampler() override {
+        return [] { return MemorySample(); };
+    }
+};
+
+class NoLoginItem final : public LoginItem {
+public:
+    [[nodiscard]] Status status() const override { return Status::disabled; }
+    [[nodiscard]] std::optional<std::string> registerItem() override { return "not supported here"; }
+    [[nodiscard]] std::optional<std::string> unregisterItem() override { return std::nullopt; }
+};
+
+} // namespace
 
 // In the order in which one builds on another.
 struct X11Platform::Parts {
@@ -50,6 +70,8 @@ struct X11Platform::Parts {
     LinuxWorkspace workspace;
     X11SingleInstance instance;
     X11SelectionOwner tray;
+    UnknownMemory memory;
+    NoLoginItem loginItem;
 };
 
 X11Platform::X11Platform(std::unique_ptr<Parts> made) : parts(std::move(made)) {}
@@ -98,6 +120,18 @@ SystemLog& X11Platform::log() {
 
 SingleInstance& X11Platform::instance() {
     return parts->instance;
+}
+
+MemorySource& X11Platform::memory() {
+    return parts->memory;
+}
+
+LoginItem& X11Platform::loginItem() {
+    return parts->loginItem;
+}
+
+BundleInfo X11Platform::bundleInfo() const {
+    return {};
 }
 
 std::unique_ptr<StatusItem> X11Platform::makeStatusItem(const QIcon& symbol, const std::string& description,

@@ -20,6 +20,9 @@ public:
     [[nodiscard]] Scheduler& scheduler() override;
     [[nodiscard]] SystemLog& log() override;
     [[nodiscard]] SingleInstance& instance() override;
+    [[nodiscard]] MemorySource& memory() override;
+    [[nodiscard]] LoginItem& loginItem() override;
+    [[nodiscard]] BundleInfo bundleInfo() const override;
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(const QIcon& symbol,
                                                              const std::string& description,
                                                              std::function<Menu()> menuNeedsUpdate) override;

@@ -150,6 +150,27 @@ void FakePanelWindow::setComposited(bool composited) {
     Q_EMIT compositedChanged();
 }
 
+MemorySource::Sampler FakeMemorySource::sampler() {
+    ++samplersMade;
+    return [found = sample] { return found; };
+}
+
+std::optional<std::string> FakeLoginItem::change(Status wanted) {
+    ++requests;
+    if (!refusal) {
+        current = wanted;
+    }
+    return refusal;
+}
+
+std::optional<std::string> FakeLoginItem::registerItem() {
+    return change(Status::enabled);
+}
+
+std::optional<std::string> FakeLoginItem::unregisterItem() {
+    return change(Status::disabled);
+}
+
 std::unique_ptr<PanelWindow> FakePlatform::makePanelWindow(QWidget& contents) {
     contents.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
     contents.winId();

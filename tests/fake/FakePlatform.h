@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/LoginItem.h"
+#include "platform/MemorySource.h"
 #include "platform/PanelWindow.h"
 #include "platform/Platform.h"
 #include "platform/PointerMonitor.h"
@@ -159,6 +161,30 @@ public:
     bool taken = false;
 };
 
+class FakeMemorySource final : public MemorySource {
+public:
+    [[nodiscard]] Sampler sampler() override;
+
+    /// What the samplers made from now on find.
+    MemorySample sample;
+    int samplersMade = 0;
+};
+
+class FakeLoginItem final : public LoginItem {
+public:
+    [[nodiscard]] Status status() const override { return current; }
+    [[nodiscard]] std::optional<std::string> registerItem() override;
+    [[nodiscard]] std::optional<std::string> unregisterItem() override;
+
+    Status current = Status::disabled;
+    /// The system refuses every request with this error.
+    std::optional<std::string> refusal;
+    int requests = 0;
+
+private:
+    std::optional<std::string> change(Status wanted);
+};
+
 /// Fires the entry that these titles lead to; false when there is none or it cannot be chosen.
 bool choose(const Menu& menu, const std::vector<std::string>& titles);
 
@@ -179,6 +205,9 @@ public:
     [[nodiscard]] ManualScheduler& scheduler() override { return time; }
     [[nodiscard]] FakeLog& log() override { return lines; }
     [[nodiscard]] FakeInstance& instance() override { return only; }
+    [[nodiscard]] FakeMemorySource& memory() override { return memorySource; }
+    [[nodiscard]] FakeLoginItem& loginItem() override { return login; }
+    [[nodiscard]] BundleInfo bundleInfo() const override { return bundle; }
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(const QIcon& symbol,
                                                              const std::string& description,
                                                              std::function<Menu()> menuNeedsUpdate) override;
@@ -190,6 +219,7 @@ public:
     int windowsMade = 0;
     /// The program's status item while it exists.
     FakeStatusItem* statusItem = nullptr;
+    BundleInfo bundle;
 
 private:
     QTemporaryDir folder;
@@ -200,6 +230,8 @@ private:
     FakePointer pointerMonitor;
     FakeLog lines;
     FakeInstance only;
+    FakeMemorySource memorySource;
+    FakeLoginItem login;
 };
 
 /// A screen of that name and frame whose visible frame is the whole of it; its key is "KEY-" and the name.
