@@ -17,7 +17,6 @@
 #include <QBitmap>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -32,18 +31,11 @@ namespace quillary {
 namespace {
 
 constexpr double crossingDuration = 0.18;
-constexpr double pressDuration = 0.1;
 constexpr double hiddenResponse = 0.32;
 constexpr double hiddenDamping = 0.82;
 constexpr double defaultRefreshRate = 60;
-/// A press becomes a drag, and no click any more, beyond this many points.
-constexpr double clickReach = 4;
 /// Names are cut here for labels; whole novels would be laid out at every movement.
 constexpr qsizetype longestName = 200;
-
-bool beyondClick(QPointF moved) {
-    return std::hypot(moved.x(), moved.y()) > clickReach;
-}
 
 } // namespace
 
@@ -55,9 +47,8 @@ DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> i
       sprites(icons),
       labelMetrics(DockFonts::label()),
       magnified(crossingDuration, 0),
-      pressed(pressDuration, 0),
       hidden(hiddenResponse, hiddenDamping, model->hidden() ? 1 : 0),
-      drops(model, platform) {
+      drag(model, platform) {
     setAcceptDrops(true);
     const auto redraw = [this] { refresh(Existence::askAgain); };
     const auto rearrange = [this] { refresh(Existence::askAgain, Movement::fromWhatIsSeen); };
@@ -93,8 +84,8 @@ void DockView::settle() {
 
 void DockView::followMouse() {
     // A program that dies while it drags says no goodbye; its drag is over when the pointer leaves.
-    if (!model->mouse() && dropTarget) {
-        dropTarget.reset();
+    if (!model->mouse()) {
+        drag.clearTarget();
     }
     magnified.moveTo(model->mouse() ? 1 : 0, platform.scheduler().now());
     refresh(Existence::asKnown);
@@ -105,22 +96,8 @@ void DockView::followHidden() {
     refresh(Existence::askAgain);
 }
 
-void DockView::press(const std::string& path) {
-    if (path != pressedPath) {
-        pressedPath = path;
-        pressed.jumpTo(0);
-    }
-    pressed.moveTo(1, platform.scheduler().now());
-    refresh(Existence::asKnown);
-}
-
-void DockView::unpress() {
-    pressed.moveTo(0, platform.scheduler().now());
-    refresh(Existence::asKnown);
-}
-
 bool DockView::moving(double now) const {
-    return !magnified.settled(now) || !hidden.settled(now) || !pressed.settled(now) || !motion.settled(now) ||
+    return !magnified.settled(now) || !hidden.settled(now) || !press.settled(now) || !motion.settled(now) ||
            (!model->bouncing().empty() && shown.opacity > 0);
 }
 
@@ -130,29 +107,27 @@ DockSceneState DockView::state(double now) {
     } else if (magnified.value(now) <= 0) {
         lastAxis.reset();
     }
-    return {
-        .mouseAxis = lastAxis,
-        .magnified = magnified.value(now),
-        .hidden = hidden.settled(now) ? hidden.target() : hidden.value(now),
-        .dropTargeted = dropTarget && !dropTarget->path,
-        .targetedPath = dropTarget ? dropTarget->path : std::nullopt,
-        .pressed = [this,
-                    now](const std::string& path) { return path == pressedPath ? pressed.value(now) : 0.0; },
-        .time = now,
-        .labelText = [this](const std::string& path) { return labelText(path); },
-        .textWidth = [this](const QString& text) { return labelWidth(text); },
-        .pillTextSize =
-            [](const QString& text, double size) {
-                const QFontMetricsF metrics(DockFonts::pill(size));
-                return QSizeF(metrics.horizontalAdvance(text), metrics.height());
-            },
-        .exists =
-            [this](const std::string& path) {
-                const auto known = existing.find(path);
-                return known != existing.end()
-                           ? known->second
-                           : existing.emplace(path, platform.workspace().exists(path)).first->second;
-            }};
+    return {.mouseAxis = lastAxis,
+            .magnified = magnified.value(now),
+            .hidden = hidden.settled(now) ? hidden.target() : hidden.value(now),
+            .dropTargeted = drag.target() && !drag.target()->path,
+            .targetedPath = drag.target() ? drag.target()->path : std::nullopt,
+            .pressed = [this, now](const std::string& path) { return press.amount(path, now); },
+            .time = now,
+            .labelText = [this](const std::string& path) { return labelText(path); },
+            .textWidth = [this](const QString& text) { return labelWidth(text); },
+            .pillTextSize =
+                [](const QString& text, double size) {
+                    const QFontMetricsF metrics(DockFonts::pill(size));
+                    return QSizeF(metrics.horizontalAdvance(text), metrics.height());
+                },
+            .exists =
+                [this](const std::string& path) {
+                    const auto known = existing.find(path);
+                    return known != existing.end()
+                               ? known->second
+                               : existing.emplace(path, platform.workspace().exists(path)).first->second;
+                }};
 }
 
 void DockView::refresh(Existence existence, Movement movement) {
@@ -262,25 +237,35 @@ void DockView::paintEvent(QPaintEvent* event) {
 }
 
 void DockView::mousePressEvent(QMouseEvent* event) {
+    const double now = platform.scheduler().now();
     if (event->button() == Qt::LeftButton) {
-        pressedAt = event->position();
-        if (const auto path = pathAt(*pressedAt)) {
-            press(*path);
-        }
+        press.down(event->position(), pathAt(event->position()), now);
+        refresh(Existence::asKnown);
     } else if (event->button() == Qt::RightButton) {
-        pressedAt.reset();
-        unpress();
+        press.cancel(now);
+        refresh(Existence::asKnown);
         Q_EMIT menuRequested(event->position());
     }
 }
 
 void DockView::mouseMoveEvent(QMouseEvent* event) {
-    if (pressedAt && beyondClick(event->position() - *pressedAt)) {
-        const auto path = pathAt(*std::exchange(pressedAt, std::nullopt));
-        unpress();
+    if (const auto start = press.move(event->position(), platform.scheduler().now())) {
+        const auto path = pathAt(*start);
+        refresh(Existence::asKnown);
         if (path) {
             beginDrag(*path);
         }
+    }
+}
+
+void DockView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    const auto click = press.up(event->position(), platform.scheduler().now());
+    refresh(Existence::asKnown);
+    if (const auto path = click ? pathAt(*click) : std::nullopt) {
+        model->open(*path);
     }
 }
 
@@ -303,7 +288,7 @@ QImage DockView::dragPicture(const std::string& path) {
 }
 
 void DockView::dragEnterEvent(QDragEnterEvent* event) {
-    dragged = event->mimeData() != nullptr ? itemProviders(*event->mimeData()) : std::vector<ItemProvider>();
+    drag.enter(event->mimeData());
     hover(*event);
 }
 
@@ -312,53 +297,21 @@ void DockView::dragMoveEvent(QDragMoveEvent* event) {
 }
 
 void DockView::hover(QDropEvent& event) {
-    setDropTarget(DockDrops::target(shown, scenePoint(event.position()), dragged));
-    if (dropTarget) {
-        event.setDropAction(Qt::CopyAction);
-        event.accept();
-    } else if (event.type() == QEvent::DragEnter) {
-        // A refusal here would be the last that is heard of the drag.
-        event.accept();
-    } else {
-        event.ignore();
-    }
-}
-
-void DockView::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
-    dragged.clear();
-    setDropTarget(std::nullopt);
-}
-
-void DockView::dropEvent(QDropEvent* event) {
-    const auto target = DockDrops::target(shown, scenePoint(event->position()), dragged);
-    const auto items = std::exchange(dragged, {});
-    setDropTarget(std::nullopt);
-    if (target) {
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-        drops.drop(*target, items);
-    }
-}
-
-void DockView::setDropTarget(std::optional<DockDrops::Target> target) {
-    if (target != dropTarget) {
-        dropTarget = std::move(target);
+    const auto before = drag.target();
+    drag.hover(event, shown, scenePoint(event.position()));
+    if (drag.target() != before) {
         refresh(Existence::asKnown);
     }
 }
 
-void DockView::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || !pressedAt) {
-        return;
-    }
-    const QPointF start = *std::exchange(pressedAt, std::nullopt);
-    unpress();
-    if (beyondClick(event->position() - start)) {
-        return;
-    }
-    if (const auto path = pathAt(start)) {
-        model->open(*path);
-    }
+void DockView::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
+    drag.leave();
+    refresh(Existence::asKnown);
+}
+
+void DockView::dropEvent(QDropEvent* event) {
+    drag.drop(*event, shown, scenePoint(event->position()));
+    refresh(Existence::asKnown);
 }
 
 // By what is on the screen and where the button went down: the pointer may be elsewhere by now. Along the

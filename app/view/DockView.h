@@ -2,10 +2,11 @@
 
 #include "app/view/Animation.h"
 #include "app/view/Appearance.h"
-#include "app/view/DockDrops.h"
 #include "app/view/DockScene.h"
 #include "app/view/DockSceneBuilder.h"
+#include "app/view/DragHover.h"
 #include "app/view/IconSprites.h"
+#include "app/view/ItemPress.h"
 #include "app/view/Plates.h"
 #include "app/view/SceneMotion.h"
 
@@ -18,7 +19,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace quillary {
 
@@ -74,11 +74,8 @@ private:
 
     void followMouse();
     void followHidden();
-    void press(const std::string& path);
-    void unpress();
     void beginDrag(const std::string& path);
     void hover(QDropEvent& event);
-    void setDropTarget(std::optional<DockDrops::Target> target);
     [[nodiscard]] QPointF scenePoint(QPointF position) const;
     [[nodiscard]] QImage dragPicture(const std::string& path);
     void refresh(Existence existence, Movement movement = Movement::none);
@@ -111,19 +108,12 @@ private:
     /// How far magnification has come in since the pointer entered, or gone since it left.
     EasedValue magnified;
     std::optional<double> lastAxis;
-    /// The item that is pressed or springs back, and how far.
-    std::string pressedPath;
-    EasedValue pressed;
     Spring hidden;
     SceneMotion motion;
     std::unique_ptr<ScheduledTask> frameWork;
-    std::optional<QPointF> pressedAt;
+    ItemPress press;
+    DragHover drag;
     std::unique_ptr<ScheduledTask> dragWork;
-
-    DockDrops drops;
-    /// What a drag over the dock carries, and what it is over.
-    std::vector<ItemProvider> dragged;
-    std::optional<DockDrops::Target> dropTarget;
 };
 
 } // namespace quillary

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/view/Animation.h"
+
+#include <QPointF>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillary {
+
+/// The mouse button on a dock's items: what is pressed and how far, and where a press becomes a drag instead
+/// of a click. Points are the view's; times are seconds.
+class ItemPress {
+public:
+    /// The button goes down, on the item of that path or beside all of them.
+    void down(QPointF position, const std::optional<std::string>& path, double now);
+    /// The pointer moves. Where the button went down, when this makes the press a drag.
+    [[nodiscard]] std::optional<QPointF> move(QPointF position, double now);
+    /// The button comes up. Where it went down, when this makes the press a click.
+    [[nodiscard]] std::optional<QPointF> up(QPointF position, double now);
+    /// The press comes to nothing.
+    void cancel(double now);
+
+    /// How far the item looks pressed: 0 not at all, 1 wholly.
+    [[nodiscard]] double amount(std::string_view path, double now) const;
+    [[nodiscard]] bool settled(double now) const { return pressed.settled(now); }
+
+private:
+    [[nodiscard]] bool beyondClick(QPointF position) const;
+
+    std::optional<QPointF> start;
+    /// The item that is pressed or springs back.
+    std::string pressedPath;
+    EasedValue pressed{0.1, 0};
+};
+
+} // namespace quillary
