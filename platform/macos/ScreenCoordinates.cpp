@@ -1,0 +1,13 @@
+#include "platform/macos/ScreenCoordinates.h"
+
+namespace quillary {
+
+QPointF ScreenCoordinates::point(double x, double y) const {
+    return {x, height - y};
+}
+
+QRectF ScreenCoordinates::rect(double x, double y, double width, double rectHeight) const {
+    return {point(x, y + rectHeight), QSizeF(width, rectHeight)};
+}
+
+} // namespace quillary
