@@ -7,6 +7,7 @@
 #include "app/view/IconCache.h"
 #include "core/DockItems.h"
 #include "core/SystemDockHider.h"
+#include "platform/MemorySource.h"
 #include "platform/Platform.h"
 #include "platform/PointerMonitor.h"
 #include "platform/Scheduler.h"
@@ -29,7 +30,7 @@ constexpr double rebuildAfterRestart = 1.2;
 
 DockManager::DockManager(Platform& system)
     : running(std::make_shared<RunningApps>(system.workspace())),
-      memory(std::make_shared<MemoryMonitor>()),
+      memory(std::make_shared<MemoryMonitor>(system.scheduler(), system.memory())),
       settingsURL(system.applicationSupportDirectory() / "Quillary" / "settings.json"),
       platform(system),
       icons(std::make_shared<IconCache>(system.workspace())),

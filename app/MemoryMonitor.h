@@ -7,20 +7,30 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 
 namespace quillary {
 
+class MemorySource;
+class ScheduledTask;
+class Scheduler;
+struct MemorySample;
+
 /// The latest memory figures of the machine and of each application, and what they mean for a dock's icons.
 ///
-/// Nothing is sampled yet: `stats` stays zero and `byApp` empty, so that no badge and no figure is ever
-/// shown.
+/// While it is on, a sample is taken at once and then every 4 s, on a worker. Samples may overlap; one that
+/// arrives after a newer one, or while the monitor is off, is dropped. While it is off nothing wakes up.
 class MemoryMonitor : public QObject {
     Q_OBJECT
 
 public:
     /// Bytes by path of the application.
     using ByApp = std::map<std::string, std::uint64_t, std::less<>>;
+
+    /// Off at first. Both must outlive the monitor; a sample under way does not keep it from going.
+    MemoryMonitor(Scheduler& scheduler, MemorySource& source);
+    ~MemoryMonitor() override;
 
     [[nodiscard]] const MemoryStats& stats() const { return machine; }
     [[nodiscard]] const ByApp& byApp() const { return applications; }
@@ -29,7 +39,7 @@ public:
     /// Takes the result of a sample: what differs from the last one is published; all of it is dropped while
     /// the monitor is off.
     void publish(const MemoryStats& stats, ByApp byApp);
-    /// Switches sampling on or off; off forgets the figures of the applications.
+    /// Switches sampling on or off; off forgets the figures of the applications, but not the machine's.
     void setActive(bool active);
     /// The badge of the application at exactly this path; none when it has no figure.
     [[nodiscard]] RamBadge badge(std::string_view path) const;
@@ -39,9 +49,18 @@ Q_SIGNALS:
     void byAppChanged();
 
 private:
+    void startSample();
+    void arrive(std::uint64_t number, const MemorySample& sample);
+
+    Scheduler& scheduler;
+    MemorySource& source;
     MemoryStats machine;
     ByApp applications;
     bool on = false;
+    std::unique_ptr<ScheduledTask> timer;
+    // Samples are numbered in the order in which they were started.
+    std::uint64_t lastStarted = 0;
+    std::uint64_t lastArrived = 0;
 };
 
 } // namespace quillary
