@@ -15,6 +15,7 @@ constexpr QSize initialSize(560, 640);
 
 struct State {
     QPointer<DockManager> manager;
+    Platform* platform = nullptr;
     QPointer<QWidget> window;
 };
 
@@ -24,7 +25,8 @@ State& state() {
 }
 
 QWidget* makeWindow(Form form) {
-    auto* made = new SettingsView(form);
+    QWidget* made = state().platform == nullptr ? new QWidget
+                                                : new SettingsView(*state().manager, *state().platform, form);
     made->setWindowTitle(QStringLiteral("Quillary Settings"));
     made->resize(initialSize);
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {
@@ -37,8 +39,9 @@ QWidget* makeWindow(Form form) {
 
 } // namespace
 
-void setManager(DockManager* manager) {
+void setManager(DockManager* manager, Platform* platform) {
     state().manager = manager;
+    state().platform = platform;
 }
 
 void show(Form form) {

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QColor>
+
+class QPalette;
+
+namespace quillary {
+
+/// The colours of the settings form, all made from the desktop's window, text and accent colours, so that
+/// they follow any palette, light or dark. Parts of one colour lie on what is named before them: text and
+/// separators on a group, a group on the page.
+struct FormColours {
+    QColor page;
+    QColor group;
+    QColor groupBorder;
+    QColor separator;
+    QColor text;
+    QColor secondaryText;
+    QColor accent;
+    /// The groove of a switch that is off, of a slider and under segments.
+    QColor track;
+    QColor trackBorder;
+    /// What slides in a groove: the knob of a switch or a slider.
+    QColor knob;
+    QColor knobBorder;
+    QColor knobShadow;
+    /// The chosen segment.
+    QColor raised;
+    QColor button;
+    /// Laid over a part while it is pressed.
+    QColor pressed;
+
+    bool operator==(const FormColours&) const = default;
+
+    [[nodiscard]] static FormColours of(const QPalette& palette);
+};
+
+} // namespace quillary

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWidget>
+
+#include <vector>
+
+class QLabel;
+class QVBoxLayout;
+
+namespace quillary {
+
+/// One section of the form: a header over a rounded box with rows. Hidden rows leave no gap.
+class FormGroup : public QWidget {
+    Q_OBJECT
+
+public:
+    /// An empty title means no header. To assistive technology the group has the title as its name.
+    explicit FormGroup(const QString& title, QWidget* parent = nullptr);
+
+    void setTitle(const QString& title);
+    [[nodiscard]] const QString& title() const { return fullTitle; }
+
+    enum class Separation {
+        /// A line parts the row from the one above.
+        line,
+        /// The row belongs to the one above.
+        none,
+    };
+    /// Takes the row over and puts it below the others.
+    void addRow(QWidget* row, Separation separation = Separation::line);
+    /// The controls that take the focus, in the order in which they are seen.
+    [[nodiscard]] std::vector<QWidget*> controls() const;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    struct Row {
+        QWidget* widget;
+        Separation separation;
+    };
+    void fitTitle();
+
+    QString fullTitle;
+    QLabel* header;
+    QWidget* box;
+    QVBoxLayout* rowLayout;
+    std::vector<Row> rows;
+};
+
+} // namespace quillary

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+
+class QAbstractButton;
+
+namespace quillary {
+
+/// One row of a group: what it is about at the left, the control at the right. A click on the words of a
+/// button's row works the button.
+class FormRow : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Takes the control over.
+    FormRow(const QString& label, QWidget* control, QWidget* parent = nullptr);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QWidget* words;
+    QAbstractButton* button;
+    bool pressed = false;
+};
+
+/// The room between a group's border and what its rows hold, points.
+inline constexpr int rowPadding = 12;
+/// The same above and below, around text.
+inline constexpr int rowMargin = 9;
+
+} // namespace quillary

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/settings/FormGroup.h"
+
+#include <QPointer>
+
+namespace quillary {
+
+class DockManager;
+class Platform;
+class Switch;
+
+/// The switches of the whole program and its version.
+class GeneralSection : public FormGroup {
+    Q_OBJECT
+
+public:
+    /// The platform must outlive the section; of a manager that is gone nothing is asked.
+    GeneralSection(DockManager& manager, Platform& platform, QWidget* parent = nullptr);
+
+private:
+    void setLaunchAtLogin(bool on);
+    [[nodiscard]] bool launchesAtLogin() const;
+
+    QPointer<DockManager> manager;
+    Platform& platform;
+    Switch* hideSystemDock;
+    Switch* launchAtLogin;
+};
+
+} // namespace quillary

@@ -1,0 +1,90 @@
+#include "app/settings/StyleTile.h"
+
+#include "app/settings/FormColours.h"
+#include "app/settings/FormLabel.h"
+#include "app/settings/FormPaint.h"
+#include "app/settings/MiniatureDock.h"
+
+#include <QEvent>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace quillary {
+
+namespace {
+
+constexpr double corner = 8;
+constexpr int nameGap = 6;
+constexpr double outlineWidth = 2.5;
+const QColor indigo(88, 86, 214, 179);
+const QColor teal(48, 176, 199, 153);
+
+} // namespace
+
+StyleTile::StyleTile(DockStyle style, Platform& platform, std::shared_ptr<MemoryMonitor> memory,
+                     QWidget* parent)
+    : StateButton(Kind::choice, QString::fromStdString(title(style)), parent),
+      shown(style),
+      miniature(std::make_unique<MiniatureDock>(style, platform, std::move(memory))) {
+    setFont(formFont(TextRole::caption));
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+StyleTile::~StyleTile() = default;
+
+QSize StyleTile::sizeHint() const {
+    constexpr int ring = 2 * FormPaint::ringReach;
+    const int below = nameGap + fontMetrics().height();
+    return previewSize.toSize() + QSize(ring, ring / 2 + below);
+}
+
+bool StyleTile::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationFontChange) {
+        setFont(formFont(TextRole::caption));
+        updateGeometry();
+    }
+    return StateButton::event(event);
+}
+
+void StyleTile::drawPreview(QPainter& painter, const QRectF& preview) {
+    QPainterPath outline;
+    outline.addRoundedRect(preview, corner, corner);
+    QLinearGradient desktop(preview.topLeft(), preview.bottomLeft());
+    desktop.setColorAt(0, indigo);
+    desktop.setColorAt(1, teal);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(desktop);
+    painter.drawPath(outline);
+    const double ratio = painter.device()->devicePixelRatioF();
+    if (dock.isNull() || dock.devicePixelRatio() != ratio || dockPalette != palette().cacheKey()) {
+        dock = miniature->picture(previewSize, ratio, palette());
+        dockPalette = palette().cacheKey();
+    }
+    painter.drawImage(FormPaint::onPixels(painter, preview).topLeft(), dock);
+}
+
+void StyleTile::paintEvent(QPaintEvent* /*event*/) {
+    const FormColours colours = FormColours::of(palette());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    constexpr int ring = FormPaint::ringReach;
+    const QRectF preview({(width() - previewSize.width()) / 2, ring}, previewSize);
+    drawPreview(painter, preview);
+    if (isDown()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colours.pressed);
+        painter.drawRoundedRect(preview, corner, corner);
+    }
+    if (isOn()) {
+        painter.setPen(QPen(colours.accent, outlineWidth));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(preview, corner, corner);
+    }
+    FormPaint::drawFocusRing(painter, *this, preview, corner);
+    painter.setPen(isOn() ? colours.text : colours.secondaryText);
+    const QRectF below(0, preview.bottom() + nameGap, width(), fontMetrics().height());
+    painter.drawText(below, Qt::AlignCenter, fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+}
+
+} // namespace quillary

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "app/settings/StateButton.h"
+
+#include <QVariantAnimation>
+
+namespace quillary {
+
+/// A switch with a knob that slides from one end to the other.
+class Switch : public StateButton {
+    Q_OBJECT
+
+public:
+    explicit Switch(const QString& name, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+Q_SIGNALS:
+    /// The user asks for this state.
+    void switched(bool on);
+
+protected:
+    void stateChanged() override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    /// How far the knob is on its way, 0 off … 1 on.
+    double place = 0;
+    QVariantAnimation slide;
+};
+
+} // namespace quillary
