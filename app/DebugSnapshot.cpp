@@ -6,16 +6,19 @@
 #include "app/DockPanel.h"
 #include "app/MemoryMonitor.h"
 #include "app/RunningApps.h"
+#include "app/settings/SettingsWindow.h"
 #include "core/AtomicFile.h"
 #include "platform/Platform.h"
 #include "platform/Scheduler.h"
 #include "platform/Workspace.h"
 
+#include <QApplication>
 #include <QBuffer>
-#include <QCoreApplication>
-#include <QGuiApplication>
+#include <QPixmap>
+#include <QWidget>
 #include <QWindow>
 
+#include <algorithm>
 #include <string_view>
 
 namespace quillary {
@@ -24,9 +27,18 @@ namespace {
 
 // By then the docks stand in their places and the first memory figures have arrived.
 constexpr double settlingTime = 8.0;
+// And by then the settings window has been drawn.
+constexpr double settingsTime = 1.0;
 
 void write(const std::filesystem::path& file, std::string_view bytes) {
     static_cast<void>(AtomicFile::write(file, bytes));
+}
+
+// In the order of their creation; the toolkit lists the newest first.
+QWindowList windowsInOrder() {
+    QWindowList windows = QGuiApplication::allWindows();
+    std::ranges::reverse(windows);
+    return windows;
 }
 
 std::string pngOf(const QImage& picture) {
@@ -40,6 +52,8 @@ std::string pngOf(const QImage& picture) {
 
 std::unique_ptr<DebugSnapshot> DebugSnapshot::runIfRequested(DockManager& manager, Platform& platform) {
     const QByteArray folder = qgetenv(variable);
+    // The window that a snapshot also shows works with the same two; this is called at every start.
+    SettingsWindow::setManager(&manager, &platform);
     if (folder.isEmpty()) {
         return nullptr;
     }
@@ -53,28 +67,51 @@ DebugSnapshot::DebugSnapshot(std::filesystem::path target, DockManager& docks, P
       manager(docks),
       platform(system),
       terminate(std::move(end)),
-      work(platform.scheduler().after(settlingTime, [this] { take(); })) {}
+      work(platform.scheduler().after(settlingTime, [this] { takeDocks(); })) {}
 
 DebugSnapshot::~DebugSnapshot() = default;
 
-void DebugSnapshot::take() {
+void DebugSnapshot::takeDocks() {
     writeDockPictures();
+    SettingsWindow::show(SettingsWindow::Form::normal);
+    work = platform.scheduler().after(settingsTime, [this] { finish(); });
+}
+
+void DebugSnapshot::finish() {
+    writeSettingsPicture();
     write(folder / "snapshot-report.txt", report(manager, platform.workspace()));
     terminate();
 }
 
 void DebugSnapshot::writeDockPictures() const {
-    // Pictures carry the window's place among all windows of the program, in the order of their creation.
-    const auto windows = QGuiApplication::allWindows();
+    // Pictures carry the window's place among all windows of the program.
+    const auto windows = windowsInOrder();
     for (const auto& [key, panel] : manager.panels()) {
         const auto index = windows.indexOf(panel->nativeWindow());
         if (index < 0 || !panel->isVisible() || panel->model().hidden()) {
             continue;
         }
-        const std::string png = pngOf(panel->grab());
-        if (!png.empty()) {
-            write(folder / ("screenshot-dock-" + std::to_string(index) + ".png"), png);
-        }
+        writePicture("screenshot-dock-" + std::to_string(index) + ".png", panel->grab());
+    }
+}
+
+void DebugSnapshot::writeSettingsPicture() const {
+    const auto widgets = QApplication::topLevelWidgets();
+    const auto windows = windowsInOrder();
+    const auto titled = std::ranges::find(windows, QStringLiteral("Quillary Settings"), &QWindow::title);
+    if (titled == windows.end()) {
+        return;
+    }
+    const auto widget = std::ranges::find(widgets, *titled, &QWidget::windowHandle);
+    if (widget != widgets.end()) {
+        writePicture("screenshot-settings.png", (*widget)->grab().toImage());
+    }
+}
+
+void DebugSnapshot::writePicture(const std::string& name, const QImage& picture) const {
+    const std::string png = pngOf(picture);
+    if (!png.empty()) {
+        write(folder / name, png);
     }
 }
 

@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+class QImage;
+
 namespace quillary {
 
 class DockManager;
@@ -12,16 +14,17 @@ class Platform;
 class ScheduledTask;
 class Workspace;
 
-/// Pictures of every dock and a text report for checking the program without a person at the screen, asked
-/// for by an environment variable. Nothing it cannot draw or write is told: it is left out, and the program
-/// ends all the same.
+/// Pictures of every dock and of the settings window and a text report for checking the program without a
+/// person at the screen, asked for by an environment variable. Nothing it cannot draw or write is told: it is
+/// left out, and the program ends all the same.
 class DebugSnapshot {
 public:
     /// Names the folder for the files; it must exist.
     static constexpr const char* variable = "QY_SNAPSHOT_DIR";
 
-    /// When the variable is set and not empty: takes the snapshot once the docks have settled (8 s), then
-    /// ends the program. Otherwise null. Manager and platform must outlive what is returned.
+    /// When the variable is set and not empty: pictures the docks once they have settled (8 s), shows the
+    /// settings window, pictures that and writes the report 1 s later, then ends the program. Otherwise null.
+    /// Manager and platform must outlive what is returned, and the settings window, which is told of them.
     [[nodiscard]] static std::unique_ptr<DebugSnapshot> runIfRequested(DockManager& manager,
                                                                        Platform& platform);
 
@@ -33,8 +36,11 @@ public:
     [[nodiscard]] static std::string report(const DockManager& manager, const Workspace& workspace);
 
 private:
-    void take();
+    void takeDocks();
+    void finish();
     void writeDockPictures() const;
+    void writeSettingsPicture() const;
+    void writePicture(const std::string& name, const QImage& picture) const;
 
     std::filesystem::path folder;
     DockManager& manager;

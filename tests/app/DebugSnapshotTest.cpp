@@ -1,12 +1,15 @@
 #include "app/DebugSnapshot.h"
 
+#include "app/settings/SettingsWindow.h"
 #include "tests/app/Fixture.h"
 
 #include <QGuiApplication>
 #include <QImage>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QWindow>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -19,13 +22,31 @@ protected:
         qputenv(DebugSnapshot::variable, QByteArray::fromStdString(target));
         snapshot = std::make_unique<DebugSnapshot>(target, *manager, platform, [this] { ++ended; });
     }
-    void TearDown() override { qunsetenv(DebugSnapshot::variable); }
+    void startKnowingTheSettings() {
+        start();
+        SettingsWindow::setManager(manager.get(), &platform);
+    }
+    static bool greets() {
+        const auto labels = SettingsWindow::window()->findChildren<QLabel*>();
+        return std::ranges::any_of(labels, [](const QLabel* label) {
+            return label->text() == QStringLiteral("Welcome — every screen now has its own Dock.");
+        });
+    }
+    void TearDown() override {
+        qunsetenv(DebugSnapshot::variable);
+        SettingsWindow::discard();
+        SettingsWindow::setManager(nullptr);
+    }
     [[nodiscard]] std::filesystem::path file(const std::string& name) const {
         return std::filesystem::path(folder.path().toStdString()) / name;
     }
     [[nodiscard]] std::filesystem::path picture(const std::string& key) const {
-        const auto index = QGuiApplication::allWindows().indexOf(panel(key).nativeWindow());
-        return file("screenshot-dock-" + std::to_string(index) + ".png");
+        return file("screenshot-dock-" + std::to_string(number(panel(key).nativeWindow())) + ".png");
+    }
+    /// How many windows were made before this one.
+    [[nodiscard]] static qsizetype number(QWindow* window) {
+        const auto newestFirst = QGuiApplication::allWindows();
+        return newestFirst.size() - 1 - newestFirst.indexOf(window);
     }
 
     QTemporaryDir folder;
@@ -43,15 +64,66 @@ TEST_F(DebugSnapshotTest, withoutTheVariableNothingIsRequested) {
     EXPECT_NE(DebugSnapshot::runIfRequested(*manager, platform), nullptr);
 }
 
-TEST_F(DebugSnapshotTest, waits8SecondsThenTakesItAndEnds) {
-    start();
+TEST_F(DebugSnapshotTest, waits8SecondsForTheDocksAnd1MoreForTheSettingsThenEnds) {
+    startKnowingTheSettings();
     request(folder.path().toStdString());
     platform.scheduler().advance(7.99);
-    EXPECT_EQ(ended, 0);
-    EXPECT_FALSE(std::filesystem::exists(file("snapshot-report.txt")));
+    EXPECT_FALSE(std::filesystem::exists(picture(leftKey)));
+    EXPECT_EQ(SettingsWindow::window(), nullptr);
     platform.scheduler().advance(0.01);
-    EXPECT_EQ(ended, 1);
+    EXPECT_TRUE(std::filesystem::exists(picture(leftKey)));
+    ASSERT_NE(SettingsWindow::window(), nullptr);
+    EXPECT_TRUE(SettingsWindow::window()->isVisible());
+    platform.scheduler().advance(0.99);
+    EXPECT_FALSE(std::filesystem::exists(file("screenshot-settings.png")));
+    EXPECT_FALSE(std::filesystem::exists(file("snapshot-report.txt")));
+    EXPECT_EQ(ended, 0);
+    platform.scheduler().advance(0.01);
+    EXPECT_TRUE(std::filesystem::exists(file("screenshot-settings.png")));
     EXPECT_TRUE(std::filesystem::exists(file("snapshot-report.txt")));
+    EXPECT_EQ(ended, 1);
+    platform.scheduler().advance(60);
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(DebugSnapshotTest, thePictureOfTheSettingsIsWhatTheWindowShows) {
+    startKnowingTheSettings();
+    request(folder.path().toStdString());
+    platform.scheduler().advance(9);
+    const QImage settings(QString::fromStdString(file("screenshot-settings.png").string()));
+    EXPECT_EQ(settings.size(), QSize(560, 640));
+    EXPECT_EQ(settings.convertToFormat(QImage::Format_RGB32),
+              SettingsWindow::window()->grab().toImage().convertToFormat(QImage::Format_RGB32));
+}
+
+TEST_F(DebugSnapshotTest, itShowsTheSettingsWithoutTheBannerButDoesNotTakeItAway) {
+    startKnowingTheSettings();
+    request(folder.path().toStdString());
+    platform.scheduler().advance(9);
+    EXPECT_FALSE(greets());
+    SettingsWindow::discard();
+    SettingsWindow::show(SettingsWindow::Form::welcome);
+    request(folder.path().toStdString());
+    platform.scheduler().advance(9);
+    EXPECT_TRUE(greets());
+}
+
+TEST_F(DebugSnapshotTest, withoutSettingsToShowTheRestIsTaken) {
+    start();
+    request(folder.path().toStdString());
+    platform.scheduler().advance(9);
+    EXPECT_FALSE(std::filesystem::exists(file("screenshot-settings.png")));
+    EXPECT_TRUE(std::filesystem::exists(file("snapshot-report.txt")));
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(DebugSnapshotTest, aFolderThatTakesNoFilesYieldsNoneButEndsTheProgram) {
+    startKnowingTheSettings();
+    std::ofstream(file("taken")) << "a file";
+    request(file("taken").string());
+    platform.scheduler().advance(9);
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(std::filesystem::file_size(file("taken")), 6U);
 }
 
 TEST_F(DebugSnapshotTest, drawsEveryDockThatIsShown) {
@@ -65,10 +137,35 @@ TEST_F(DebugSnapshotTest, drawsEveryDockThatIsShown) {
     EXPECT_EQ(dock.size(), panel(leftKey).frame().size());
 }
 
+TEST_F(DebugSnapshotTest, thePicturesAreNumberedInTheOrderOfTheWindowsCreation) {
+    platform.screens().connected = {screenNamed("LEFT", leftFrame)};
+    const QWindow oldest;
+    const auto before = QGuiApplication::allWindows().size();
+    start();
+    const auto withLeft = QGuiApplication::allWindows().size();
+    const QWindow between;
+    platform.screens().set({screenNamed("LEFT", leftFrame), screenNamed("RIGHT", rightFrame)});
+    request(folder.path().toStdString());
+    const QWindow newest;
+    platform.scheduler().advance(9);
+    std::vector<qsizetype> numbers;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path().toStdString())) {
+        const std::string name = entry.path().filename().string();
+        if (name.starts_with("screenshot-dock-")) {
+            numbers.push_back(std::stol(name.substr(16)));
+        }
+    }
+    std::ranges::sort(numbers);
+    ASSERT_EQ(numbers.size(), 2U);
+    EXPECT_EQ(withLeft, before + 1);
+    EXPECT_EQ(numbers[0], before);
+    EXPECT_EQ(numbers[1], before + 2);
+}
+
 TEST_F(DebugSnapshotTest, aMissingFolderYieldsNoFilesButEndsTheProgram) {
     start();
     request(file("missing").string());
-    platform.scheduler().advance(8);
+    platform.scheduler().advance(9);
     EXPECT_EQ(ended, 1);
     EXPECT_FALSE(std::filesystem::exists(file("missing")));
 }
@@ -88,7 +185,7 @@ TEST_F(DebugSnapshotTest, theReportNamesEveryDockWithAllRunningApplications) {
                                                                      "  Mail · — · none\n"
                                                                      "  Notes · — · none");
     request(folder.path().toStdString());
-    platform.scheduler().advance(8);
+    platform.scheduler().advance(9);
     std::ostringstream stored;
     stored << std::ifstream(file("snapshot-report.txt")).rdbuf();
     EXPECT_EQ(stored.str(), DebugSnapshot::report(*manager, platform.workspace()));
