@@ -1,7 +1,8 @@
 #include "platform/x11/X11Platform.h"
 
-#include "platform/LoginItem.h"
 #include "platform/MemorySource.h"
+#include "platform/linux/LinuxBundleInfo.h"
+#include "platform/linux/LinuxLoginItem.h"
 #include "platform/linux/LinuxSystemDockPreferences.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/SyslogLog.h"
@@ -34,12 +35,13 @@ public:
     }
 };
 
-class NoLoginItem final : public LoginItem {
-public:
-    [[nodiscard]] Status status() const override { return Status::disabled; }
-    [[nodiscard]] std::optional<std::string> registerItem() override { return "not supported here"; }
-    [[nodiscard]] std::optional<std::string> unregisterItem() override { return std::nullopt; }
-};
+// Where the program lay when it started: a package that is renewed meanwhile leaves another file there, or
+// none.
+LinuxLoginItem::Program ownProgram() {
+    return {.id = QGuiApplication::desktopFileName().toStdString(),
+            .name = QCoreApplication::applicationName().toStdString(),
+            .path = QCoreApplication::applicationFilePath().toStdString()};
+}
 
 } // namespace
 
@@ -71,7 +73,7 @@ struct X11Platform::Parts {
     X11SingleInstance instance;
     X11SelectionOwner tray;
     UnknownMemory memory;
-    NoLoginItem loginItem;
+    LinuxLoginItem loginItem{ownProgram()};
 };
 
 X11Platform::X11Platform(std::unique_ptr<Parts> made) : parts(std::move(made)) {}
@@ -131,7 +133,7 @@ LoginItem& X11Platform::loginItem() {
 }
 
 BundleInfo X11Platform::bundleInfo() const {
-    return {};
+    return readBundleInfo(bundleInfoFile(QCoreApplication::applicationFilePath().toStdString()));
 }
 
 std::unique_ptr<StatusItem> X11Platform::makeStatusItem(const QIcon& symbol, const std::string& description,
