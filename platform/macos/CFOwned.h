@@ -1,0 +1,18 @@
+#pragma once
+
+#include <memory>
+#include <type_traits>
+
+#import <CoreFoundation/CoreFoundation.h>
+
+namespace quillary {
+
+struct CFReleaser {
+    void operator()(CFTypeRef reference) const { CFRelease(reference); }
+};
+
+/// Owns what CoreFoundation's "Create" and "Copy" functions return, and releases it at the end.
+template<typename Reference>
+using CFOwned = std::unique_ptr<std::remove_pointer_t<Reference>, CFReleaser>;
+
+} // namespace quillary

@@ -1,0 +1,36 @@
+#import "platform/macos/MacMemorySource.h"
+
+#include "core/MemoryReader.h"
+#import "platform/macos/MacText.h"
+
+#import <Foundation/Foundation.h>
+#include <pthread.h>
+
+namespace quillary {
+
+namespace {
+
+// Absent for a program that is no bundle, as in a build folder.
+std::optional<std::string> ownBundle() {
+    std::string path = MacText::plain([[NSBundle mainBundle] bundlePath]);
+    return path.ends_with(".app") ? std::optional(std::move(path)) : std::nullopt;
+}
+
+} // namespace
+
+MacMemorySource::MacMemorySource() : source(ownBundle()) {}
+
+MemorySource::Sampler MacMemorySource::sampler() {
+    return [copy = source] {
+        if (pthread_main_np() == 0) {
+            // Nobody waits for figures: they yield to what people do wait for.
+            pthread_set_qos_class_self_np(QOS_CLASS_UTILITY, 0);
+        }
+        MemorySample sample;
+        sample.stats = MemoryReader::read();
+        sample.applications = copy.sample();
+        return sample;
+    };
+}
+
+} // namespace quillary

@@ -1,0 +1,79 @@
+#import "platform/macos/MacMenu.h"
+
+#include "platform/macos/LogLine.h"
+#import "platform/macos/MacText.h"
+
+#include <utility>
+
+/// An entry that knows what it stands for.
+@interface QuillaryMenuItem : NSMenuItem
+@end
+
+@implementation QuillaryMenuItem {
+    quillary::Menu line;
+    quillary::MacMenu::Chosen chosen;
+}
+
+- (void)standFor:(const quillary::ClosureMenuItem&)item chosen:(const quillary::MacMenu::Chosen&)handler {
+    line = {item};
+    chosen = handler;
+    [self setTarget:self];
+    [self setAction:@selector(fire:)];
+}
+
+- (void)fire:(id)sender {
+    static_cast<void>(sender);
+    // What it does may take this entry's menu away.
+    const quillary::Menu kept = line;
+    const quillary::MacMenu::Chosen handler = chosen;
+    if (!kept.empty() && handler) {
+        handler(kept.front());
+    }
+}
+
+@end
+
+namespace quillary::MacMenu {
+
+namespace {
+
+NSString* titleOf(const ClosureMenuItem& item) {
+    // One line, whatever the title holds.
+    return MacText::native(logLine(item.title));
+}
+
+NSMenuItem* nativeItem(const ClosureMenuItem& item, const Chosen& chosen) {
+    if (item.kind == ClosureMenuItem::Kind::separator) {
+        return [NSMenuItem separatorItem];
+    }
+    const std::string key = item.keyEquivalent == 0 ? std::string() : std::string(1, item.keyEquivalent);
+    QuillaryMenuItem* made = [[QuillaryMenuItem alloc] initWithTitle:titleOf(item)
+                                                              action:nil
+                                                       keyEquivalent:MacText::native(key)];
+    [made setEnabled:item.enabled ? YES : NO];
+    [made setState:item.checked ? NSControlStateValueOn : NSControlStateValueOff];
+    if (item.kind == ClosureMenuItem::Kind::submenu) {
+        [made setSubmenu:make(item.items, chosen)];
+    } else {
+        [made standFor:item chosen:chosen];
+    }
+    return made;
+}
+
+} // namespace
+
+NSMenu* make(const Menu& items, const Chosen& chosen) {
+    NSMenu* menu = [[NSMenu alloc] initWithTitle:@""];
+    [menu setAutoenablesItems:NO];
+    fill(menu, items, chosen);
+    return menu;
+}
+
+void fill(NSMenu* menu, const Menu& items, const Chosen& chosen) {
+    [menu removeAllItems];
+    for (const auto& item : items) {
+        [menu addItem:nativeItem(item, chosen)];
+    }
+}
+
+} // namespace quillary::MacMenu

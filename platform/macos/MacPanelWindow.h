@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/PanelWindow.h"
+
+#include <QPointer>
+
+#include <memory>
+
+class QWindow;
+
+namespace quillary {
+
+/// A dock's window as an AppKit panel that never activates the program: floating, on all spaces except those
+/// of full-screen windows, left alone by Exposé, without shadow, not to be moved.
+///
+/// The system lets clicks through for a whole window only, so `setIgnoresMouseEvents` decides and the input
+/// region does not.
+class MacPanelWindow final : public PanelWindow {
+    Q_OBJECT
+
+public:
+    /// Dresses the widget, which must be a top-level one that was never shown.
+    explicit MacPanelWindow(QWidget& widget);
+    ~MacPanelWindow() override;
+
+    void setFrame(const QRect& frame) override;
+    [[nodiscard]] QRect frame() const override { return target; }
+    /// Does nothing.
+    void setInputRegion(const QRegion& region) override;
+    void setIgnoresMouseEvents(bool ignores) override;
+    /// Does nothing: the desktop always blends.
+    void setVisibleShape(const QRegion& region) override;
+    [[nodiscard]] bool composited() const override { return true; }
+    [[nodiscard]] bool blursBehind() const override { return true; }
+    void setBlurRegion(const QRegion& region) override;
+    void orderFront() override;
+    void popUpMenu(Menu menu, QPoint location, std::function<void()> whenClosed) override;
+    void close() override;
+    [[nodiscard]] bool isVisible() const override;
+    [[nodiscard]] QImage grab() override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void dress();
+    void applyBlur();
+
+    struct Native;
+    std::unique_ptr<Native> native;
+    QPointer<QWidget> contents;
+    QRect target;
+    QRegion blurRegion;
+    bool ignoresMouse = true;
+    bool closed = false;
+};
+
+} // namespace quillary

@@ -1,0 +1,171 @@
+#import "platform/macos/MacPanelWindow.h"
+
+#import "platform/macos/MacBlur.h"
+#include "platform/macos/MacPopUpMenu.h"
+
+#include <QEvent>
+#include <QWidget>
+
+#include <utility>
+
+#import <AppKit/AppKit.h>
+
+namespace quillary {
+
+namespace {
+
+constexpr NSWindowCollectionBehavior onAllSpaces = NSWindowCollectionBehaviorCanJoinAllSpaces |
+                                                   NSWindowCollectionBehaviorStationary |
+                                                   NSWindowCollectionBehaviorIgnoresCycle;
+
+NSWindow* windowOf(const QWidget& widget) {
+    // Asked for only once the widget has a window: winId() would make one.
+    if (widget.internalWinId() == 0) {
+        return nil;
+    }
+    return [(__bridge NSView*)reinterpret_cast<void*>(widget.internalWinId()) window];
+}
+
+} // namespace
+
+struct MacPanelWindow::Native {
+    MacBlur blur;
+};
+
+MacPanelWindow::MacPanelWindow(QWidget& widget) : native(std::make_unique<Native>()), contents(&widget) {
+    // Of these the toolkit makes a panel; it may become key, as panels that take keys do.
+    widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    widget.setAttribute(Qt::WA_TranslucentBackground);
+    widget.setAttribute(Qt::WA_ShowWithoutActivating);
+    widget.setAttribute(Qt::WA_MacAlwaysShowToolWindow);
+    widget.installEventFilter(this);
+    widget.winId();
+    dress();
+}
+
+MacPanelWindow::~MacPanelWindow() {
+    MacPopUpMenu::drop(*this);
+    if (contents) {
+        contents->removeEventFilter(this);
+    }
+}
+
+void MacPanelWindow::dress() {
+    NSWindow* window = contents && !closed ? windowOf(*contents) : nil;
+    if (window == nil) {
+        return;
+    }
+    [window setStyleMask:NSWindowStyleMaskNonactivatingPanel];
+    if ([window isKindOfClass:[NSPanel class]]) {
+        [static_cast<NSPanel*>(window) setFloatingPanel:YES];
+    }
+    [window setLevel:NSFloatingWindowLevel];
+    [window setCollectionBehavior:onAllSpaces];
+    [window setBackgroundColor:[NSColor clearColor]];
+    [window setOpaque:NO];
+    [window setHasShadow:NO];
+    [window setHidesOnDeactivate:NO];
+    [window setMovable:NO];
+    [window setAcceptsMouseMovedEvents:YES];
+    [window setIgnoresMouseEvents:ignoresMouse ? YES : NO];
+    applyBlur();
+}
+
+bool MacPanelWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == contents) {
+        switch (event->type()) {
+        // The toolkit makes a window anew, or dresses it its own way, at these moments.
+        case QEvent::WinIdChange:
+        case QEvent::Show:
+            dress();
+            break;
+        // Event monitors are not promised what AppKit hands to a window's tracking areas and drags.
+        case QEvent::Enter:
+        case QEvent::Leave:
+        case QEvent::MouseMove:
+        case QEvent::HoverMove:
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+            Q_EMIT pointerCrossed();
+            break;
+        default:
+            break;
+        }
+    }
+    return PanelWindow::eventFilter(watched, event);
+}
+
+void MacPanelWindow::setFrame(const QRect& frame) {
+    if (frame == target || closed) {
+        return;
+    }
+    target = frame;
+    if (contents) {
+        contents->setGeometry(frame);
+        applyBlur();
+    }
+}
+
+void MacPanelWindow::setInputRegion(const QRegion& /*region*/) {}
+
+void MacPanelWindow::setIgnoresMouseEvents(bool ignores) {
+    if (ignores == ignoresMouse) {
+        return;
+    }
+    ignoresMouse = ignores;
+    if (contents && !closed) {
+        [windowOf(*contents) setIgnoresMouseEvents:ignores ? YES : NO];
+    }
+}
+
+void MacPanelWindow::setVisibleShape(const QRegion& /*region*/) {}
+
+void MacPanelWindow::setBlurRegion(const QRegion& region) {
+    blurRegion = region;
+    applyBlur();
+}
+
+void MacPanelWindow::applyBlur() {
+    NSWindow* window = contents && !closed ? windowOf(*contents) : nil;
+    if (window != nil) {
+        native->blur.show(blurRegion, target.size(), window);
+    }
+}
+
+void MacPanelWindow::orderFront() {
+    if (!contents || closed) {
+        return;
+    }
+    if (!contents->isVisible()) {
+        contents->show();
+        dress();
+    }
+    [windowOf(*contents) orderFrontRegardless];
+}
+
+void MacPanelWindow::popUpMenu(Menu menu, QPoint location, std::function<void()> whenClosed) {
+    if (contents && !closed) {
+        MacPopUpMenu::popUp(std::move(menu), *contents, location, *this, std::move(whenClosed));
+    }
+}
+
+void MacPanelWindow::close() {
+    if (closed) {
+        return;
+    }
+    closed = true;
+    MacPopUpMenu::drop(*this);
+    if (contents) {
+        contents->hide();
+    }
+}
+
+bool MacPanelWindow::isVisible() const {
+    return contents && !closed && contents->isVisible();
+}
+
+QImage MacPanelWindow::grab() {
+    return contents && !closed ? contents->grab().toImage() : QImage();
+}
+
+} // namespace quillary

@@ -1,0 +1,121 @@
+#import "platform/macos/MacPopUpMenu.h"
+
+#import "platform/macos/MacMenu.h"
+
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+
+#include <chrono>
+#include <utility>
+
+#import <AppKit/AppKit.h>
+
+namespace quillary {
+
+namespace {
+
+// Until the loop of a menu that was told to close has ended.
+constexpr std::chrono::milliseconds openPause{20};
+
+// The one that is open or about to open.
+QPointer<MacPopUpMenu>& current() {
+    static QPointer<MacPopUpMenu> menu;
+    return menu;
+}
+
+// How many of the system's loops are running.
+int& loops() {
+    static int count = 0;
+    return count;
+}
+
+} // namespace
+
+struct MacPopUpMenu::Native {
+    NSMenu* menu = nil;
+    QPointer<QWidget> window;
+};
+
+MacPopUpMenu::MacPopUpMenu(Menu menu, QWidget& window, QPoint place, QObject& owner,
+                           std::function<void()> whenClosed)
+    : QObject(&owner),
+      items(std::move(menu)),
+      location(place),
+      closed(std::move(whenClosed)),
+      native(std::make_unique<Native>()) {
+    const QPointer<MacPopUpMenu> self(this);
+    native->window = &window;
+    native->menu = MacMenu::make(items, [self](const ClosureMenuItem& item) {
+        if (self) {
+            self->chosen = item;
+        }
+    });
+}
+
+MacPopUpMenu::~MacPopUpMenu() {
+    [native->menu cancelTrackingWithoutAnimation];
+}
+
+void MacPopUpMenu::popUp(Menu menu, QWidget& window, QPoint location, QObject& owner,
+                         std::function<void()> closed) {
+    const QPointer guard(&owner);
+    if (current()) {
+        current()->finish();
+    }
+    if (!guard) {
+        return;
+    }
+    // The owner frees it.
+    auto* made = new MacPopUpMenu(std::move(menu), window, location, owner, std::move(closed));
+    current() = made;
+    // Not from within the event that asks for it: whoever handles that may be gone when the menu closes.
+    QTimer::singleShot(0, made, &MacPopUpMenu::open);
+}
+
+void MacPopUpMenu::drop(const QObject& owner) {
+    if (current() && current()->parent() == &owner) {
+        delete current().data();
+    }
+}
+
+void MacPopUpMenu::open() {
+    if (loops() > 0) {
+        QTimer::singleShot(openPause, this, &MacPopUpMenu::open);
+        return;
+    }
+    if (!native->window) {
+        finish();
+        return;
+    }
+    const QPointer guard(this);
+    NSMenu* menu = native->menu;
+    NSView* view = (__bridge NSView*)reinterpret_cast<void*>(native->window->winId());
+    ++loops();
+    [menu popUpMenuPositioningItem:nil atLocation:NSMakePoint(location.x(), location.y()) inView:view];
+    --loops();
+    if (guard) {
+        // The system tells of the choice before or just after this: what follows waits for the event loop.
+        QTimer::singleShot(0, this, &MacPopUpMenu::finish);
+    }
+}
+
+void MacPopUpMenu::finish() {
+    if (current() != this) {
+        return;
+    }
+    current().clear();
+    [native->menu cancelTrackingWithoutAnimation];
+    deleteLater();
+    // What runs now may destroy the owner, and this with it.
+    const auto entry = std::move(chosen);
+    const auto whenClosed = std::move(closed);
+    if (entry) {
+        entry->fire();
+    }
+    if (whenClosed) {
+        whenClosed();
+    }
+}
+
+} // namespace quillary

@@ -1,0 +1,109 @@
+#import "platform/macos/MacSingleInstance.h"
+
+#import "platform/macos/MacText.h"
+#import "platform/macos/NotificationToken.h"
+#include "platform/macos/RunningInstance.h"
+
+#include <QPointer>
+
+#include <functional>
+#include <utility>
+
+#import <AppKit/AppKit.h>
+
+/// Takes the event by which the system tells that the program was opened again.
+@interface QuillaryReopenHandler : NSObject
+@end
+
+@implementation QuillaryReopenHandler {
+    std::function<void()> handler;
+}
+
+- (void)call:(std::function<void()>)reopened {
+    handler = std::move(reopened);
+}
+
+- (void)handleReopen:(NSAppleEventDescriptor*)event withReplyEvent:(NSAppleEventDescriptor*)reply {
+    static_cast<void>(event);
+    static_cast<void>(reply);
+    if (handler) {
+        handler();
+    }
+}
+
+@end
+
+namespace quillary {
+
+namespace {
+
+NSString* const openedAgain = @"org.quillary.Quillary.openedAgain";
+
+RunningInstance instanceOf(NSRunningApplication* application) {
+    NSDate* launched = [application launchDate];
+    return {.pid = [application processIdentifier],
+            .launched =
+                launched == nil ? std::nullopt : std::optional([launched timeIntervalSinceReferenceDate])};
+}
+
+} // namespace
+
+struct MacSingleInstance::Native {
+    QuillaryReopenHandler* handler = nil;
+    NotificationToken launched;
+    NotificationToken opened;
+};
+
+MacSingleInstance::MacSingleInstance() : native(std::make_unique<Native>()) {}
+
+MacSingleInstance::~MacSingleInstance() {
+    if (native->handler != nil) {
+        [[NSAppleEventManager sharedAppleEventManager] removeEventHandlerForEventClass:kCoreEventClass
+                                                                            andEventID:kAEReopenApplication];
+    }
+}
+
+bool MacSingleInstance::claim() {
+    NSString* identifier = [[NSBundle mainBundle] bundleIdentifier];
+    if (identifier != nil) {
+        std::vector<RunningInstance> others;
+        for (NSRunningApplication* other in
+             [NSRunningApplication runningApplicationsWithBundleIdentifier:identifier]) {
+            others.push_back(instanceOf(other));
+        }
+        if (makesWay(instanceOf([NSRunningApplication currentApplication]), others)) {
+            [[NSDistributedNotificationCenter defaultCenter] postNotificationName:openedAgain
+                                                                           object:nil
+                                                                         userInfo:nil
+                                                               deliverImmediately:YES];
+            return false;
+        }
+    }
+    native->opened = NotificationToken([NSDistributedNotificationCenter defaultCenter], openedAgain,
+                                       [this](NSNotification*) { Q_EMIT reopened(); });
+    // AppKit installs handlers of its own while it finishes launching; ours must come after them.
+    if ([[NSRunningApplication currentApplication] isFinishedLaunching]) {
+        followReopening();
+    } else {
+        native->launched = NotificationToken([NSNotificationCenter defaultCenter],
+                                             NSApplicationDidFinishLaunchingNotification,
+                                             [this](NSNotification*) { followReopening(); });
+    }
+    return true;
+}
+
+void MacSingleInstance::followReopening() {
+    const QPointer<MacSingleInstance> self(this);
+    native->handler = [[QuillaryReopenHandler alloc] init];
+    [native->handler call:[self] {
+        if (self) {
+            Q_EMIT self->reopened();
+        }
+    }];
+    [[NSAppleEventManager sharedAppleEventManager] setEventHandler:native->handler
+                                                       andSelector:@selector(handleReopen:withReplyEvent:)
+                                                     forEventClass:kCoreEventClass
+                                                        andEventID:kAEReopenApplication];
+}
+
+} // namespace quillary

@@ -1,0 +1,142 @@
+#import "platform/macos/MacWorkspace.h"
+
+#import "platform/macos/MacIcon.h"
+#include "platform/macos/MacLog.h"
+#import "platform/macos/MacRunningApplications.h"
+#import "platform/macos/MacText.h"
+#import "platform/macos/NotificationToken.h"
+#include "platform/macos/WorkspaceChange.h"
+
+#include <vector>
+
+#import <AppKit/AppKit.h>
+
+namespace quillary {
+
+namespace {
+
+using Completion = void (^)(NSRunningApplication*, NSError*);
+
+// Called on a queue of the system's.
+Completion logFailure(std::string what) {
+    return ^(NSRunningApplication*, NSError* error) {
+      if (error != nil) {
+          MacLog::writeLine("Quillary: " + what + " failed " + MacText::description(error));
+      }
+    };
+}
+
+NSString* nameOf(WorkspaceChange change) {
+    switch (change) {
+    case WorkspaceChange::launched:
+        return NSWorkspaceDidLaunchApplicationNotification;
+    case WorkspaceChange::terminated:
+        return NSWorkspaceDidTerminateApplicationNotification;
+    case WorkspaceChange::activated:
+        return NSWorkspaceDidActivateApplicationNotification;
+    case WorkspaceChange::none:
+        break;
+    }
+    return @"";
+}
+
+} // namespace
+
+struct MacWorkspace::Native {
+    MacRunningApplications applications;
+    std::vector<NotificationToken> observers;
+};
+
+MacWorkspace::MacWorkspace() : native(std::make_unique<Native>()) {
+    NSNotificationCenter* center = [[NSWorkspace sharedWorkspace] notificationCenter];
+    for (const auto change :
+         {WorkspaceChange::launched, WorkspaceChange::terminated, WorkspaceChange::activated}) {
+        native->observers.emplace_back(center, nameOf(change), [this](NSNotification* notification) {
+            follow(MacText::plain([notification name]));
+        });
+    }
+}
+
+MacWorkspace::~MacWorkspace() = default;
+
+void MacWorkspace::follow(const std::string& notification) {
+    switch (workspaceChange(notification)) {
+    case WorkspaceChange::launched:
+        Q_EMIT applicationLaunched();
+        break;
+    case WorkspaceChange::terminated:
+        Q_EMIT applicationTerminated();
+        break;
+    case WorkspaceChange::activated:
+        Q_EMIT applicationActivated();
+        break;
+    case WorkspaceChange::none:
+        break;
+    }
+}
+
+std::vector<RunningApplication> MacWorkspace::runningApplications() const {
+    return native->applications.list();
+}
+
+std::optional<RunningApplication> MacWorkspace::frontmostApplication() const {
+    NSRunningApplication* front = [[NSWorkspace sharedWorkspace] frontmostApplication];
+    return front == nil ? std::nullopt : std::optional(native->applications.describe(front));
+}
+
+std::optional<QRectF> MacWorkspace::fullScreenFrame() const {
+    return std::nullopt;
+}
+
+std::optional<std::string> MacWorkspace::ownBundleIdentifier() const {
+    return MacText::plainIfText([[NSBundle mainBundle] bundleIdentifier]);
+}
+
+bool MacWorkspace::isApplication(const std::string& path) const {
+    return path.ends_with(".app");
+}
+
+bool MacWorkspace::exists(const std::string& path) const {
+    return [[NSFileManager defaultManager] fileExistsAtPath:MacText::native(path)];
+}
+
+std::string MacWorkspace::displayName(const std::string& path) const {
+    return MacText::plain([[NSFileManager defaultManager] displayNameAtPath:MacText::native(path)]);
+}
+
+QIcon MacWorkspace::icon(const std::string& path) const {
+    return MacIcon::icon([[NSWorkspace sharedWorkspace] iconForFile:MacText::native(path)]);
+}
+
+void MacWorkspace::openApplication(const std::string& path) {
+    [[NSWorkspace sharedWorkspace] openApplicationAtURL:MacText::fileUrl(path)
+                                          configuration:[NSWorkspaceOpenConfiguration configuration]
+                                      completionHandler:logFailure("opening " + path)];
+}
+
+void MacWorkspace::open(const std::string& path) {
+    if (![[NSWorkspace sharedWorkspace] openURL:MacText::fileUrl(path)]) {
+        MacLog::writeLine("Quillary: opening " + path + " failed");
+    }
+}
+
+void MacWorkspace::openWith(const std::vector<std::string>& paths, const std::string& application) {
+    NSMutableArray<NSURL*>* urls = [NSMutableArray arrayWithCapacity:paths.size()];
+    for (const auto& path : paths) {
+        [urls addObject:MacText::fileUrl(path)];
+    }
+    [[NSWorkspace sharedWorkspace] openURLs:urls
+                       withApplicationAtURL:MacText::fileUrl(application)
+                              configuration:[NSWorkspaceOpenConfiguration configuration]
+                          completionHandler:logFailure("opening files with " + application)];
+}
+
+void MacWorkspace::reveal(const std::string& path) {
+    [[NSWorkspace sharedWorkspace] activateFileViewerSelectingURLs:@[ MacText::fileUrl(path) ]];
+}
+
+void MacWorkspace::terminate(const RunningApplication& application) {
+    [native->applications.find(application.handle) terminate];
+}
+
+} // namespace quillary

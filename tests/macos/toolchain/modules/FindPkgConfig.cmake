@@ -1,0 +1,10 @@
+set(PkgConfig_FOUND TRUE)
+# Only headers stand for the library; its names are left to load time.
+macro(pkg_check_modules prefix)
+  set(${prefix}_FOUND TRUE)
+  if(NOT TARGET PkgConfig::${prefix})
+    add_library(PkgConfig::${prefix} INTERFACE IMPORTED GLOBAL)
+    target_include_directories(PkgConfig::${prefix} SYSTEM INTERFACE ${QUILLARY_MACOS_CACHE}/include)
+    target_link_options(PkgConfig::${prefix} INTERFACE -Wl,-undefined,dynamic_lookup)
+  endif()
+endmacro()

@@ -1,0 +1,5 @@
+set(nlohmann_json_FOUND TRUE)
+if(NOT TARGET nlohmann_json::nlohmann_json)
+  add_library(nlohmann_json::nlohmann_json INTERFACE IMPORTED GLOBAL)
+  target_include_directories(nlohmann_json::nlohmann_json SYSTEM INTERFACE ${QUILLARY_MACOS_CACHE}/include)
+endif()

@@ -1,0 +1,5 @@
+set(uriparser_FOUND TRUE)
+if(NOT TARGET uriparser::uriparser)
+  add_library(uriparser::uriparser INTERFACE IMPORTED GLOBAL)
+  target_include_directories(uriparser::uriparser SYSTEM INTERFACE ${QUILLARY_MACOS_CACHE}/include)
+endif()
