@@ -1,11 +1,11 @@
 #include "platform/x11/X11Platform.h"
 
-#include "platform/MemorySource.h"
 #include "platform/linux/LinuxBundleInfo.h"
 #include "platform/linux/LinuxLoginItem.h"
 #include "platform/linux/LinuxSystemDockPreferences.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/SyslogLog.h"
+#include "platform/linux/memory/LinuxMemorySource.h"
 #include "platform/qt/QtScheduler.h"
 #include "platform/qt/QtStatusItem.h"
 #include "platform/x11/X11ClientList.h"
@@ -27,13 +27,6 @@
 namespace quillary {
 
 namespace {
-
-class UnknownMemory final : public MemorySource {
-public:
-    [[nodiscard]] Sampler sampler() override {
-        return [] { return MemorySample(); };
-    }
-};
 
 // Where the program lay when it started: a package that is renewed meanwhile leaves another file there, or
 // none.
@@ -72,7 +65,7 @@ struct X11Platform::Parts {
     LinuxWorkspace workspace;
     X11SingleInstance instance;
     X11SelectionOwner tray;
-    UnknownMemory memory;
+    LinuxMemorySource memory{windows, workspace};
     LinuxLoginItem loginItem{ownProgram()};
 };
 

@@ -1,0 +1,162 @@
+#include "platform/linux/memory/ApplicationOwners.h"
+
+#include "platform/linux/UnitName.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace quillary {
+
+namespace {
+
+constexpr int longestChain = 64;
+constexpr int deepestFolder = 16;
+// Beside the real groups, whose paths begin with a slash: every one of them.
+const std::string anyGroup = "*";
+
+// The innermost part of the group that systemd's names take for an application. Slices for one application
+// are named like services.
+UnitApplication unitOf(std::string_view group) {
+    constexpr std::string_view slice = ".slice";
+    while (!group.empty()) {
+        const auto slash = group.rfind('/');
+        const auto part = group.substr(slash == std::string_view::npos ? 0 : slash + 1);
+        auto unit =
+            part.ends_with(slice)
+                ? unitApplication(std::string(part.substr(0, part.size() - slice.size())) + ".service")
+                : unitApplication(part);
+        if (!unit.id.empty() || slash == std::string_view::npos) {
+            return unit;
+        }
+        group = group.substr(0, slash);
+    }
+    return {};
+}
+
+} // namespace
+
+ApplicationOwners::ApplicationOwners(std::vector<Process> processes, std::int32_t ownPid, EntryPaths& paths,
+                                     ParentOf parentOfOthers)
+    : m_processes(std::move(processes)),
+      m_ownPid(ownPid),
+      m_paths(paths),
+      m_parentOfOthers(std::move(parentOfOthers)) {
+    for (std::size_t place = 0; place < m_processes.size(); ++place) {
+        m_places.emplace(m_processes[place].pid, place);
+    }
+    if (const auto* own = find(ownPid)) {
+        m_ownGroup = own->traits->group;
+    }
+    for (const auto& process : m_processes) {
+        learn(process);
+    }
+}
+
+void ApplicationOwners::learn(const Process& process) {
+    if (process.pid == m_ownPid) {
+        return;
+    }
+    const auto& traits = *process.traits;
+    if (!process.shown.empty()) {
+        m_shown[traits.group].insert(process.shown);
+    }
+    // Sandboxes have the same folders inside, whatever runs there.
+    const auto owner = traits.folder.empty() || !traits.sandbox.empty() ? std::string() : ofProcess(process);
+    if (owner.empty()) {
+        return;
+    }
+    for (const auto& group : {traits.group, anyGroup}) {
+        const auto [place, isNew] = m_folders.try_emplace({group, traits.folder}, owner);
+        if (place->second != owner) {
+            place->second.clear();
+        }
+    }
+}
+
+const ApplicationOwners::Process* ApplicationOwners::find(std::int32_t pid) const {
+    const auto place = m_places.find(pid);
+    return place == m_places.end() ? nullptr : &m_processes[place->second];
+}
+
+std::optional<std::int32_t> ApplicationOwners::parentOf(std::int32_t pid) {
+    if (const auto* process = find(pid)) {
+        return process->parent;
+    }
+    const auto [place, isNew] = m_otherParents.try_emplace(pid);
+    if (isNew) {
+        place->second = m_parentOfOthers(pid);
+    }
+    return place->second;
+}
+
+std::string ApplicationOwners::ownerOf(std::int32_t pid) {
+    const auto* process = find(pid);
+    if (process == nullptr || pid == m_ownPid) {
+        return {};
+    }
+    auto owner = nearest(*process, Reach::sameGroup);
+    if (owner.empty()) {
+        owner = byFolder(*process, process->traits->group);
+    }
+    if (owner.empty()) {
+        owner = byGroup(*process);
+    }
+    if (owner.empty()) {
+        owner = nearest(*process, Reach::anyGroup);
+    }
+    return owner.empty() ? byFolder(*process, anyGroup) : owner;
+}
+
+std::string ApplicationOwners::ofProcess(const Process& process) {
+    if (!process.shown.empty()) {
+        return process.shown;
+    }
+    auto owner = m_paths.byPath(process.traits->launchedEntry);
+    return owner.empty() ? m_paths.bySandbox(process.traits->sandbox) : owner;
+}
+
+std::string ApplicationOwners::nearest(const Process& process, Reach reach) {
+    auto pid = process.pid;
+    for (int step = 0; step < longestChain && pid > 1 && pid != m_ownPid; ++step) {
+        // Of processes of others, such as the helpers of sandboxes, only the parent counts.
+        if (const auto* ancestor = find(pid)) {
+            if (reach == Reach::sameGroup && ancestor->traits->group != process.traits->group) {
+                break;
+            }
+            if (auto owner = ofProcess(*ancestor); !owner.empty()) {
+                return owner;
+            }
+        }
+        pid = parentOf(pid).value_or(0);
+    }
+    return {};
+}
+
+std::string ApplicationOwners::byFolder(const Process& process, const std::string& group) const {
+    if (!process.traits->sandbox.empty()) {
+        return {};
+    }
+    std::string folder = process.traits->folder;
+    for (int level = 0; level < deepestFolder && !folder.empty(); ++level) {
+        if (const auto place = m_folders.find({group, folder}); place != m_folders.end()) {
+            return place->second;
+        }
+        folder.resize(folder.rfind('/'));
+    }
+    return {};
+}
+
+std::string ApplicationOwners::byGroup(const Process& process) {
+    const auto& group = process.traits->group;
+    const auto unit = group == m_ownGroup ? UnitApplication() : unitOf(group);
+    if (unit.id.empty()) {
+        return {};
+    }
+    auto named = unit.sandboxed ? m_paths.bySandbox(unit.id) : m_paths.byId(unit.id);
+    const auto shown = m_shown.find(group);
+    const bool isOther =
+        shown != m_shown.end() && shown->second.size() == 1 && !shown->second.contains(named);
+    return isOther ? *shown->second.begin() : named;
+}
+
+} // namespace quillary

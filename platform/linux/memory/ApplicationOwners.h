@@ -1,0 +1,79 @@
+#pragma once
+
+#include "platform/linux/memory/EntryPaths.h"
+#include "platform/linux/memory/ProcessTraits.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace quillary {
+
+/// Decides which application each process belongs to; at most one.
+///
+/// What decides, in this order:
+/// 1. the process itself or its nearest ancestor in the same control group that shows windows of an
+///    application, was launched by GIO for an entry, or runs in a flatpak or snap. So renderers belong to
+///    their browser, and what runs in a terminal to the terminal, unless it has windows of its own;
+/// 2. the folder of its executable, when an application that was found so runs from there in the same control
+///    group: crash handlers give up their parent, but not their folder;
+/// 3. its control group, by the names of systemd's units (systemd.io, "Desktop Environment Integration"). Of
+///    an application that shows windows in the group under another entry, the windows' entry counts;
+/// 4. ancestors in other control groups, as in 1: terminals give each of their tabs a group;
+/// 5. the folder of its executable, when one application alone runs from there.
+///
+/// What this program started is not its own, nor that of the program that started this one: no step looks at
+/// this program's process, at what is above it, or at the name of its control group.
+class ApplicationOwners {
+public:
+    /// One of the user's processes.
+    struct Process {
+        std::int32_t pid = 0;
+        std::int32_t parent = 0;
+        const ProcessTraits* traits = nullptr;
+        /// Path of the application that it shows windows of; empty when it shows none.
+        std::string shown;
+    };
+    /// The parent of a process that is not the user's; nothing when it is not known.
+    using ParentOf = std::function<std::optional<std::int32_t>(std::int32_t)>;
+
+    /// `paths` must outlive this.
+    ApplicationOwners(std::vector<Process> processes, std::int32_t ownPid, EntryPaths& paths,
+                      ParentOf parentOfOthers);
+
+    /// The path of the application that the process belongs to; empty when it belongs to none.
+    [[nodiscard]] std::string ownerOf(std::int32_t pid);
+
+private:
+    enum class Reach { sameGroup, anyGroup };
+    // The application that runs from a folder; empty when several do.
+    using Folders = std::map<std::pair<std::string, std::string>, std::string>;
+
+    void learn(const Process& process);
+    [[nodiscard]] const Process* find(std::int32_t pid) const;
+    [[nodiscard]] std::optional<std::int32_t> parentOf(std::int32_t pid);
+    [[nodiscard]] std::string ofProcess(const Process& process);
+    [[nodiscard]] std::string nearest(const Process& process, Reach reach);
+    [[nodiscard]] std::string byFolder(const Process& process, const std::string& group) const;
+    [[nodiscard]] std::string byGroup(const Process& process);
+
+    std::vector<Process> m_processes;
+    std::unordered_map<std::int32_t, std::size_t> m_places;
+    std::int32_t m_ownPid;
+    std::string m_ownGroup;
+    EntryPaths& m_paths;
+    ParentOf m_parentOfOthers;
+    std::unordered_map<std::int32_t, std::optional<std::int32_t>> m_otherParents;
+    // By control group and folder.
+    Folders m_folders;
+    // By control group: the applications that show windows there.
+    std::unordered_map<std::string, std::set<std::string>> m_shown;
+};
+
+} // namespace quillary

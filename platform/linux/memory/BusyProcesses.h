@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <mutex>
+#include <set>
+#include <utility>
+
+namespace quillary {
+
+/// The processes that some thread is reading in a way that may wait for the process. Another thread then
+/// leaves them alone, so that a process that never answers holds up one thread and not one every sample.
+/// Any thread may use it.
+class BusyProcesses {
+public:
+    /// A process as its id and the time when it started.
+    using Identity = std::pair<std::int32_t, std::uint64_t>;
+
+    /// Calls `read` unless another thread is reading the process; tells whether it did.
+    template<typename Read>
+    bool tryReading(const Identity& process, Read read) {
+        {
+            const std::lock_guard guard(m_lock);
+            if (!m_processes.insert(process).second) {
+                return false;
+            }
+        }
+        read();
+        const std::lock_guard guard(m_lock);
+        m_processes.erase(process);
+        return true;
+    }
+
+private:
+    std::mutex m_lock;
+    std::set<Identity> m_processes;
+};
+
+} // namespace quillary

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/linux/memory/DesktopNow.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace quillary {
+
+/// Finds the path that docks know an application by, from the words that processes have for it. An
+/// application that shows windows goes before an installed one. Looks at the file system at most once for
+/// each word. Each gives an empty path when there is no such application.
+class EntryPaths {
+public:
+    /// `folders` hold the installed entries, the most important first.
+    EntryPaths(std::vector<std::filesystem::path> folders, const std::vector<DesktopNow::Entry>& shown);
+
+    /// By desktop file id, with or without ".desktop"; of shown applications in any letter case.
+    [[nodiscard]] std::string byId(std::string_view id);
+    /// By flatpak id or snap name.
+    [[nodiscard]] std::string bySandbox(std::string_view name);
+    /// By the path of an entry, which may be another one of the same id than docks have.
+    [[nodiscard]] std::string byPath(const std::string& path);
+
+private:
+    [[nodiscard]] std::string installed(const std::string& file);
+
+    std::vector<std::filesystem::path> m_folders;
+    const std::vector<DesktopNow::Entry>& m_shown;
+    std::unordered_map<std::string, std::string> m_installed;
+};
+
+} // namespace quillary

@@ -1,0 +1,102 @@
+#include "platform/linux/memory/LinuxMemorySource.h"
+
+#include "core/MemoryReaderLinux.h"
+#include "platform/Workspace.h"
+#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/WindowSource.h"
+
+#include <ctime>
+#include <mutex>
+#include <utility>
+
+#include <sched.h>
+#include <unistd.h>
+
+namespace quillary {
+
+namespace {
+
+// While it lives its thread gives way to what people wait for.
+class UtilityPriority {
+public:
+    UtilityPriority() : m_policy(::sched_getscheduler(0)) { set(SCHED_BATCH); }
+    UtilityPriority(const UtilityPriority&) = delete;
+    UtilityPriority& operator=(const UtilityPriority&) = delete;
+    ~UtilityPriority() { set(m_policy); }
+
+private:
+    // Of threads with a policy other than the usual one, somebody else has thought.
+    void set(int policy) const {
+        const sched_param parameters{};
+        if (m_policy == SCHED_OTHER) {
+            ::sched_setscheduler(0, policy, &parameters);
+        }
+    }
+
+    int m_policy;
+};
+
+double secondsOf(clockid_t clock) {
+    constexpr double nanosecond = 1e-9;
+    timespec time{};
+    ::clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * nanosecond;
+}
+
+} // namespace
+
+struct LinuxMemorySource::Shared {
+    std::filesystem::path root;
+    MemorySurroundings surroundings;
+    BusyProcesses busy;
+    std::mutex lock;
+    // Under the lock: what the latest sample left. Samples that overlap begin with the same.
+    std::shared_ptr<const ProcessTable> table = std::make_shared<const ProcessTable>();
+
+    [[nodiscard]] ProcessTable copy() {
+        std::shared_ptr<const ProcessTable> latest;
+        {
+            const std::lock_guard guard(lock);
+            latest = table;
+        }
+        return *latest;
+    }
+
+    void keep(ProcessTable left) {
+        auto next = std::make_shared<const ProcessTable>(std::move(left));
+        const std::lock_guard guard(lock);
+        if (next->samples > table->samples) {
+            std::swap(table, next);
+        }
+    }
+};
+
+LinuxMemorySource::LinuxMemorySource(const WindowSource& windows, const Workspace& workspace,
+                                     const std::filesystem::path& root)
+    : m_owners(windows, workspace), m_shared(std::make_shared<Shared>()) {
+    m_shared->root = root;
+    m_shared->surroundings = {.processes = ProcFilesystem(root / "proc"),
+                              .user = ::geteuid(),
+                              .ownPid = static_cast<std::int32_t>(::getpid()),
+                              .ownId = workspace.ownBundleIdentifier().value_or(""),
+                              .entryFolders = applicationFolders(),
+                              .clock = [] { return secondsOf(CLOCK_MONOTONIC); },
+                              .processorTime = [] { return secondsOf(CLOCK_THREAD_CPUTIME_ID); }};
+}
+
+LinuxMemorySource::~LinuxMemorySource() = default;
+
+MemorySource::Sampler LinuxMemorySource::sampler() {
+    return [shared = m_shared, desktop = m_owners.now()] {
+        const UtilityPriority priority;
+        MemorySample sample;
+        sample.stats = MemoryReaderLinux::stats(MemoryReaderLinux::texts(shared->root),
+                                                static_cast<std::uint64_t>(::getpagesize()));
+        auto table = shared->copy();
+        sample.applications = MemorySweep(shared->surroundings, shared->busy, table).run(desktop);
+        shared->keep(std::move(table));
+        return sample;
+    };
+}
+
+} // namespace quillary

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "core/AppUsage.h"
+#include "core/ProcessSample.h"
+#include "platform/linux/memory/BusyProcesses.h"
+#include "platform/linux/memory/DesktopNow.h"
+#include "platform/linux/memory/EntryPaths.h"
+#include "platform/linux/memory/ProcFilesystem.h"
+#include "platform/linux/memory/ProcessTable.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace quillary {
+
+/// Where and for whom processes are looked at.
+struct MemorySurroundings {
+    ProcFilesystem processes;
+    /// Whose processes count, by effective user id.
+    uid_t user = 0;
+    /// This program.
+    std::int32_t ownPid = 0;
+    /// Its desktop file id: an application of that id is never reported.
+    std::string ownId;
+    /// See `EntryPaths`.
+    std::vector<std::filesystem::path> entryFolders;
+    /// Seconds that have passed, and seconds of a processor that this thread used, each since any moment.
+    std::function<double()> clock;
+    std::function<double()> processorTime;
+};
+
+/// One look at all of the user's processes: whose they are and what they use.
+///
+/// Cheap figures are read each time, of processes whose pages in memory changed; the exact ones, which cost
+/// the kernel a walk over all pages, as far as the budget goes, the most doubtful first.
+class MemorySweep {
+public:
+    /// All must outlive the sweep. `table` is what the last sweep left; this one leaves it to the next.
+    MemorySweep(const MemorySurroundings& surroundings, BusyProcesses& busy, ProcessTable& table);
+
+    /// The applications that use memory, as `AppMemoryGrouping::sum` orders them.
+    [[nodiscard]] std::vector<AppUsage> run(const DesktopNow& desktop);
+
+private:
+    using Record = ProcessTable::Record;
+    /// A process that belongs to an application.
+    struct Owned {
+        std::int32_t pid = 0;
+        Record* record = nullptr;
+        std::string application;
+    };
+
+    void survey();
+    void readTraits();
+    void noteWindows(const DesktopNow& desktop);
+    [[nodiscard]] std::vector<Owned> attribute(EntryPaths& paths);
+    void readCheaply(std::vector<Owned>& owned);
+    void readExactly(std::vector<Owned>& owned);
+    [[nodiscard]] bool isStill(std::int32_t pid, const Record& record) const;
+
+    const MemorySurroundings& m_surroundings;
+    BusyProcesses& m_busy;
+    ProcessTable& m_table;
+    // The user's processes in the order of the system's list.
+    std::vector<std::int32_t> m_order;
+};
+
+} // namespace quillary

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/linux/ProcessFacts.h"
+#include "platform/linux/memory/ProcTexts.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace quillary {
+
+/// The process file system, or a folder that looks like it. Reads are bounded; whatever a process is asked
+/// for may be gone or forbidden, and is then absent.
+class ProcFilesystem {
+public:
+    explicit ProcFilesystem(std::filesystem::path root = "/proc");
+
+    [[nodiscard]] std::vector<std::int32_t> pids() const;
+    /// Effective user of the process. The folder's owner is that for each process, those included that keep
+    /// their files from being read.
+    [[nodiscard]] std::optional<uid_t> owner(std::int32_t pid) const;
+    [[nodiscard]] std::optional<ProcTexts::Stat> stat(std::int32_t pid) const;
+    /// Bytes; see `ProcTexts::unsharedSum`.
+    [[nodiscard]] std::optional<std::uint64_t> unsharedSum(std::int32_t pid) const;
+    /// Bytes; see `ProcTexts::footprint`. Waits while the process changes its address space.
+    [[nodiscard]] std::optional<std::uint64_t> footprint(std::int32_t pid) const;
+    /// Waits like `footprint`.
+    [[nodiscard]] ProcessFacts facts(std::int32_t pid) const;
+
+private:
+    std::filesystem::path m_root;
+    std::string m_prefix;
+    ProcessReader m_reader;
+};
+
+} // namespace quillary

@@ -1,0 +1,34 @@
+#include "platform/linux/memory/ReadingBudget.h"
+
+#include <algorithm>
+
+namespace quillary {
+
+namespace {
+
+constexpr double share = 0.002;
+// What a browser of twenty processes takes to be read once.
+constexpr double firstCredit = 0.040;
+constexpr double largestCredit = 0.040;
+// A tenth of what a sample every four seconds earns: with thousands of processes figures still come right in
+// the end.
+constexpr double leastShare = 0.0002;
+
+} // namespace
+
+void ReadingBudget::begin(double now) {
+    if (m_last < 0) {
+        m_credit = firstCredit;
+        m_earned = 0;
+    } else {
+        m_earned = std::max(now - m_last, 0.0);
+        m_credit = std::min(m_credit + share * m_earned, largestCredit);
+    }
+    m_last = now;
+}
+
+void ReadingBudget::takeNecessary(double seconds) {
+    m_credit -= std::min(seconds, std::max(share - leastShare, 0.0) * m_earned);
+}
+
+} // namespace quillary

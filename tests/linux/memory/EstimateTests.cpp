@@ -1,0 +1,130 @@
+#include "platform/linux/memory/BusyProcesses.h"
+#include "platform/linux/memory/FootprintEstimate.h"
+#include "platform/linux/memory/ReadingBudget.h"
+
+#include <gtest/gtest.h>
+
+namespace quillary::test {
+
+namespace {
+
+FootprintEstimate read(std::uint64_t unshared, std::uint64_t exact) {
+    FootprintEstimate estimate;
+    estimate.setUnshared(unshared);
+    estimate.setExact(exact, 100);
+    return estimate;
+}
+
+TEST(FootprintEstimate, isTheCheapFigureUntilTheExactOneIsKnown) {
+    FootprintEstimate estimate;
+    EXPECT_EQ(estimate.bytes(), 0U);
+    estimate.setUnshared(1000);
+    EXPECT_EQ(estimate.bytes(), 1000U);
+    estimate.setExact(700, 1);
+    EXPECT_EQ(estimate.bytes(), 700U);
+}
+
+TEST(FootprintEstimate, growthIsTheProcesssOwn) {
+    auto estimate = read(1000, 700);
+    estimate.setUnshared(1500);
+    EXPECT_EQ(estimate.bytes(), 1200U);
+}
+
+TEST(FootprintEstimate, shrinkingTakesFromAllThereIs) {
+    auto estimate = read(1000, 700);
+    estimate.setUnshared(500);
+    EXPECT_EQ(estimate.bytes(), 350U);
+    estimate.setUnshared(0);
+    EXPECT_EQ(estimate.bytes(), 0U);
+}
+
+TEST(FootprintEstimate, ofAProcessThatNobodyMayReadTheCheapFigureStands) {
+    FootprintEstimate estimate;
+    estimate.setUnshared(1000);
+    estimate.setExact(std::nullopt, 100);
+    estimate.setUnshared(800);
+    EXPECT_EQ(estimate.bytes(), 800U);
+    EXPECT_EQ(estimate.doubt(100), 200.0);
+}
+
+TEST(FootprintEstimate, doubtGrowsWithChangeAndTime) {
+    FootprintEstimate estimate;
+    estimate.setUnshared(1000);
+    EXPECT_EQ(estimate.doubt(5000), 1000.0);
+    estimate.setExact(700, 100);
+    EXPECT_EQ(estimate.doubt(100), 0.0);
+    EXPECT_EQ(estimate.doubt(220), 100.0);
+    estimate.setUnshared(600);
+    EXPECT_EQ(estimate.doubt(160), 430.0);
+    EXPECT_EQ(estimate.doubt(50), 400.0);
+}
+
+TEST(ReadingBudget, theFirstSampleMaySpendFortyMilliseconds) {
+    ReadingBudget budget;
+    EXPECT_FALSE(budget.isLeft());
+    budget.begin(1000);
+    budget.takeNecessary(5);
+    budget.take(0.039);
+    EXPECT_TRUE(budget.isLeft());
+    budget.take(0.002);
+    EXPECT_FALSE(budget.isLeft());
+}
+
+TEST(ReadingBudget, aDebtIsPaidBackAtTwoThousandthsOfTheTime) {
+    ReadingBudget budget;
+    budget.begin(0);
+    budget.take(0.055);
+    budget.begin(4);
+    EXPECT_FALSE(budget.isLeft());
+    budget.begin(8);
+    EXPECT_TRUE(budget.isLeft());
+}
+
+TEST(ReadingBudget, cheapReadingsComeFirst) {
+    ReadingBudget budget;
+    budget.begin(0);
+    budget.take(0.040);
+    budget.begin(4);
+    budget.takeNecessary(0.006);
+    EXPECT_TRUE(budget.isLeft());
+    budget.take(0.0021);
+    EXPECT_FALSE(budget.isLeft());
+}
+
+TEST(ReadingBudget, aTenthIsLeftHoweverMuchTheCheapReadingsTake) {
+    ReadingBudget budget;
+    budget.begin(0);
+    budget.take(0.040);
+    budget.begin(4);
+    budget.takeNecessary(10);
+    EXPECT_TRUE(budget.isLeft());
+    budget.take(0.00081);
+    EXPECT_FALSE(budget.isLeft());
+}
+
+TEST(ReadingBudget, aLongPauseSavesNoMoreThanTheFirstSampleHas) {
+    ReadingBudget budget;
+    budget.begin(0);
+    budget.begin(100000);
+    budget.take(0.041);
+    EXPECT_FALSE(budget.isLeft());
+    budget.begin(99999);
+    EXPECT_FALSE(budget.isLeft());
+}
+
+TEST(BusyProcesses, aProcessIsReadByOneAtATime) {
+    BusyProcesses busy;
+    bool other = false;
+    bool again = false;
+    EXPECT_TRUE(busy.tryReading({7, 1}, [&] {
+        other = busy.tryReading({7, 2}, [] {});
+        again = busy.tryReading({7, 1}, [] {});
+    }));
+    EXPECT_TRUE(other);
+    EXPECT_FALSE(again);
+    EXPECT_TRUE(busy.tryReading({7, 1}, [] {}));
+}
+
+} // namespace
+
+} // namespace quillary::test

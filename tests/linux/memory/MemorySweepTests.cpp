@@ -1,0 +1,301 @@
+#include "platform/linux/memory/MemorySweep.h"
+#include "tests/linux/World.h"
+#include "tests/linux/memory/ProcTree.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <thread>
+
+#include <unistd.h>
+
+namespace quillary::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::int32_t ownPid = 900;
+constexpr std::uint64_t mebibyte = 1024;
+
+class MemorySweepTest : public WorldTest {
+protected:
+    void SetUp() override {
+        WorldTest::SetUp();
+        browser = install("browser.desktop", "Name=x\nExec=x");
+        editor = install("editor.desktop", "Name=x\nExec=x");
+        surroundings = {.processes = ProcFilesystem(tree.proc()),
+                        .user = ::geteuid(),
+                        .ownPid = ownPid,
+                        .ownId = "quillary.desktop",
+                        .entryFolders = {World::systemData() / "applications"},
+                        .clock = [this] { return now; },
+                        .processorTime = [this] { return used += cost; }};
+    }
+
+    /// A sample, four seconds after the last one.
+    std::vector<AppUsage> sample() {
+        now += 4;
+        return MemorySweep(surroundings, busy, table).run(desktop);
+    }
+    std::uint64_t bytesOf(const std::string& path) {
+        const auto usages = sample();
+        const auto place = std::ranges::find(usages, path, &AppUsage::id);
+        return place == usages.end() ? 0 : place->bytes;
+    }
+    void show(std::int64_t pid, const std::string& path, const std::string& sandbox = {}) {
+        desktop.windows.push_back({pid, path});
+        desktop.entries.push_back({path, std::filesystem::path(path).filename(), sandbox});
+    }
+    /// A window's process: figures in MiB.
+    ProcEntry window(std::int32_t pid, std::uint64_t anonymous, std::uint64_t exact) const {
+        return {.pid = pid,
+                .executable = "/opt/x/x",
+                .anonymous = anonymous * mebibyte,
+                .exact = ProcEntry::Exact{.anonymous = exact * mebibyte}};
+    }
+
+    static constexpr std::uint64_t kib = 1024;
+    ProcTree tree;
+    std::string browser;
+    std::string editor;
+    MemorySurroundings surroundings;
+    BusyProcesses busy;
+    ProcessTable table;
+    DesktopNow desktop;
+    double now = 100;
+    double used = 0;
+    // Seconds between two looks at the processor's time.
+    double cost = 0;
+};
+
+TEST_F(MemorySweepTest, anApplicationIsTheSumOfItsProcesses) {
+    tree.put({.pid = 10,
+              .anonymous = 5000,
+              .exact = ProcEntry::Exact{.anonymous = 4000, .lazilyFreed = 500, .shared = 30, .swapped = 4}});
+    tree.put({.pid = 11, .parent = 10, .anonymous = 3000, .exact = ProcEntry::Exact{.anonymous = 2000}});
+    tree.put({.pid = 12, .anonymous = 9000});
+    show(10, browser);
+    auto usages = sample();
+    ASSERT_EQ(usages.size(), 1U);
+    std::ranges::sort(usages.front().pids);
+    EXPECT_EQ(usages.front(), (AppUsage{browser, "browser", {10, 11}, 5534 * kib}));
+}
+
+TEST_F(MemorySweepTest, processesOfOthersDoNotCount) {
+    tree.put(window(10, 50, 40));
+    show(10, browser);
+    surroundings.user = ::geteuid() + 1;
+    EXPECT_THAT(sample(), IsEmpty());
+}
+
+TEST_F(MemorySweepTest, thisProgramAndItsEntryAreNeverReported) {
+    const auto own = install("quillary.desktop", "Name=x\nExec=x");
+    tree.put(window(ownPid, 50, 40));
+    tree.put(window(10, 50, 40));
+    show(ownPid, browser);
+    show(10, own);
+    EXPECT_THAT(sample(), IsEmpty());
+}
+
+TEST_F(MemorySweepTest, changesShowAtOnceAndGetExactAgain) {
+    tree.put(window(10, 50, 40));
+    show(10, browser);
+    EXPECT_EQ(bytesOf(browser), 40 * mebibyte * kib);
+    auto grown = window(10, 80, 75);
+    grown.resident = 200;
+    tree.put(grown);
+    EXPECT_EQ(bytesOf(browser), 75 * mebibyte * kib);
+}
+
+TEST_F(MemorySweepTest, withoutBudgetTheCheapFigureFollowsChanges) {
+    tree.put(window(10, 50, 40));
+    show(10, browser);
+    EXPECT_EQ(bytesOf(browser), 40 * mebibyte * kib);
+    cost = 10;
+    auto grown = window(10, 80, 75);
+    grown.resident = 200;
+    tree.put(grown);
+    static_cast<void>(sample());
+    auto more = window(10, 90, 1);
+    more.resident = 300;
+    tree.put(more);
+    // 75 was read with the last of the budget; it grew by 10 since.
+    EXPECT_EQ(bytesOf(browser), 85 * mebibyte * kib);
+}
+
+TEST_F(MemorySweepTest, theBudgetIsSpreadOverSamplesTheMostDoubtfulFirst) {
+    // Each exact reading takes 25 ms: the first sample may do two, later ones one after each debt is paid.
+    for (const std::int32_t pid : {10, 11, 12, 13}) {
+        tree.put(window(pid, 100 + static_cast<std::uint64_t>(pid), 1));
+        show(pid, browser);
+    }
+    cost = 0.025;
+    EXPECT_EQ(bytesOf(browser), (110 + 111 + 1 + 1) * mebibyte * kib);
+    int samples = 0;
+    while (bytesOf(browser) != 4 * mebibyte * kib && samples < 50) {
+        ++samples;
+    }
+    EXPECT_GT(samples, 10);
+    EXPECT_LT(samples, 50);
+}
+
+TEST_F(MemorySweepTest, whatNobodyMayReadCountsByItsCheapFigure) {
+    auto forbidden = window(10, 50, 0);
+    forbidden.exact.reset();
+    tree.put(forbidden);
+    show(10, browser);
+    EXPECT_EQ(bytesOf(browser), 50 * mebibyte * kib);
+    EXPECT_EQ(bytesOf(browser), 50 * mebibyte * kib);
+}
+
+TEST_F(MemorySweepTest, aChangeThatLeavesTheNumberOfPagesIsNoticedInTime) {
+    tree.put(window(10, 50, 50));
+    show(10, browser);
+    EXPECT_EQ(bytesOf(browser), 50 * mebibyte * kib);
+    tree.put(window(10, 70, 70));
+    int samples = 0;
+    while (bytesOf(browser) != 70 * mebibyte * kib && samples < 20) {
+        ++samples;
+    }
+    EXPECT_LE(samples, 8);
+}
+
+TEST_F(MemorySweepTest, aProcessWithAUsedIdIsAnother) {
+    tree.put(window(10, 50, 40));
+    show(10, browser);
+    EXPECT_EQ(bytesOf(browser), 40 * mebibyte * kib);
+    desktop.windows.clear();
+    // It has no windows, but is still what it was.
+    EXPECT_EQ(bytesOf(browser), 40 * mebibyte * kib);
+    auto other = window(10, 60, 60);
+    other.start = 101;
+    tree.put(other);
+    EXPECT_THAT(sample(), IsEmpty());
+}
+
+TEST_F(MemorySweepTest, aProgramThatReplacesItselfIsLookedAtAgain) {
+    tree.put({.pid = 10,
+              .name = "sh",
+              .executable = "/bin/sh",
+              .anonymous = 3000,
+              .exact = ProcEntry::Exact{.anonymous = 3000}});
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_THAT(sample(), IsEmpty());
+    }
+    tree.put({.pid = 10,
+              .name = "editor",
+              .executable = "/usr/bin/editor",
+              .environment = launchVariables(editor, 10),
+              .anonymous = 3000,
+              .exact = ProcEntry::Exact{.anonymous = 3000}});
+    EXPECT_EQ(bytesOf(editor), 3000 * kib);
+}
+
+TEST_F(MemorySweepTest, aProcessMovedToAGroupOfItsOwnAfterItsStartIsLookedAtAgain) {
+    auto process = window(10, 3, 3);
+    tree.put(process);
+    EXPECT_THAT(sample(), IsEmpty());
+    process.group = "/user.slice/app.slice/app-quillary-editor-10.scope";
+    tree.put(process);
+    EXPECT_EQ(bytesOf(editor), 3 * mebibyte * kib);
+}
+
+TEST_F(MemorySweepTest, aFlatpaksWindowDoesNotClaimAStranger) {
+    tree.put(window(2, 50, 40));
+    auto sandboxed = window(77, 9, 9);
+    sandboxed.group = "/app.slice/app-flatpak-org.x.Browser-77.scope";
+    tree.put(sandboxed);
+    show(2, browser, "org.x.Browser");
+    EXPECT_THAT(sample(), ElementsAre(AppUsage{browser, "browser", {77}, 9 * mebibyte * kib}));
+}
+
+TEST_F(MemorySweepTest, ofTwoApplicationsInOneProcessTheFirstStands) {
+    tree.put(window(10, 50, 40));
+    show(10, editor);
+    show(10, browser);
+    EXPECT_THAT(sample(), ElementsAre(AppUsage{editor, "editor", {10}, 40 * mebibyte * kib}));
+}
+
+TEST_F(MemorySweepTest, windowsOfProcessesThatCannotBeSayNothing) {
+    tree.put(window(10, 50, 40));
+    show(-10, browser);
+    show(0, browser);
+    show((std::int64_t{1} << 32) + 10, browser);
+    show(11, browser);
+    EXPECT_THAT(sample(), IsEmpty());
+}
+
+TEST_F(MemorySweepTest, filesThatAreMissingOrOddDoNoHarm) {
+    for (const char* file : {"stat", "status", "smaps_rollup", "cgroup", "environ", "cmdline", "exe"}) {
+        tree.put(window(10, 50, 40));
+        show(10, browser);
+        std::filesystem::remove(tree.of(10) / file);
+        EXPECT_LE(bytesOf(browser), 50 * mebibyte * kib) << file;
+        std::filesystem::create_directory(tree.of(10) / file);
+        EXPECT_LE(bytesOf(browser), 50 * mebibyte * kib) << file;
+        std::filesystem::remove(tree.of(10) / file);
+        writeFile(tree.of(10) / file, std::string(100'000, ')'));
+        EXPECT_LE(bytesOf(browser), 50 * mebibyte * kib) << file;
+        table = {};
+    }
+}
+
+TEST_F(MemorySweepTest, aProcessThatAnotherThreadIsReadingIsLeftAlone) {
+    tree.put(window(10, 50, 40));
+    show(10, browser);
+    EXPECT_EQ(bytesOf(browser), 40 * mebibyte * kib);
+    busy.tryReading({10, 100}, [&] {
+        auto grown = window(10, 60, 41);
+        grown.resident = 200;
+        tree.put(grown);
+        EXPECT_EQ(bytesOf(browser), 50 * mebibyte * kib);
+    });
+    EXPECT_EQ(bytesOf(browser), 41 * mebibyte * kib);
+}
+
+TEST_F(MemorySweepTest, processesThatVanishWhileTheyAreReadDoNoHarm) {
+    std::atomic<bool> done = false;
+    std::thread changer([&] {
+        for (int round = 0; !done; ++round) {
+            for (std::int32_t pid = 10; pid < 40; ++pid) {
+                auto process = window(pid, 50, 40);
+                process.parent = 10;
+                process.start = static_cast<std::uint64_t>(round);
+                if ((round + pid) % 3 == 0) {
+                    std::error_code ignored;
+                    std::filesystem::remove_all(tree.of(pid), ignored);
+                } else {
+                    tree.put(process);
+                }
+            }
+        }
+    });
+    show(10, browser);
+    for (int i = 0; i < 200; ++i) {
+        for (const auto& usage : sample()) {
+            EXPECT_EQ(usage.id, browser);
+            EXPECT_LE(usage.bytes, usage.pids.size() * 50 * mebibyte * kib);
+        }
+    }
+    done = true;
+    changer.join();
+}
+
+TEST_F(MemorySweepTest, thousandsOfProcessesAreCounted) {
+    constexpr std::int32_t count = 5000;
+    for (std::int32_t pid = 1000; pid < 1000 + count; ++pid) {
+        auto process = window(pid, 2, 1);
+        process.parent = pid == 1000 ? 1 : 1000;
+        tree.put(process);
+    }
+    show(1000, browser);
+    EXPECT_EQ(bytesOf(browser), static_cast<std::uint64_t>(count) * mebibyte * kib);
+}
+
+} // namespace
+
+} // namespace quillary::test
