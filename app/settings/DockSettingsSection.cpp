@@ -73,10 +73,13 @@ void DockSettingsSection::refresh() {
     for (const auto& show : shows) {
         show(config);
     }
-    for (QWidget* row : optionRows) {
-        row->setVisible(config.enabled);
+    if (optionRows.front()->isHidden() == config.enabled) {
+        for (QWidget* row : optionRows) {
+            row->setVisible(config.enabled);
+        }
+        update();
+        Q_EMIT rowsChanged();
     }
-    update();
 }
 
 void DockSettingsSection::change(const std::function<void(DockConfig&)>& change) {

@@ -30,6 +30,10 @@ public:
 
     [[nodiscard]] const std::shared_ptr<DockModel>& dock() const { return model; }
 
+Q_SIGNALS:
+    /// Rows were hidden or shown.
+    void rowsChanged();
+
 private:
     [[nodiscard]] Switch* boundSwitch(const QString& name, bool DockConfig::*field);
     template<typename Value>

@@ -57,6 +57,11 @@ void FormGroup::addRow(QWidget* row, Separation separation) {
     rows.push_back({row, separation});
 }
 
+void FormGroup::layOut() {
+    rowLayout->activate();
+    layout()->activate();
+}
+
 std::vector<QWidget*> FormGroup::controls() const {
     std::vector<QWidget*> found;
     for (const Row& row : rows) {

@@ -28,6 +28,8 @@ public:
     };
     /// Takes the row over and puts it below the others.
     void addRow(QWidget* row, Separation separation = Separation::line);
+    /// Gives every row its place at once rather than when the toolkit next comes round to it.
+    void layOut();
     /// The controls that take the focus, in the order in which they are seen.
     [[nodiscard]] std::vector<QWidget*> controls() const;
 

@@ -138,34 +138,55 @@ void SettingsView::followModels() {
     }
     const int offset = anchor ? top(anchor) - scrolled : 0;
     updateSections();
+    layOut();
+    const auto all = groups();
+    const bool remains = anchor && std::ranges::find(all, anchor.data()) != all.end();
+    verticalScrollBar()->setValue(remains && scrolled > 0 ? top(anchor) - offset : scrolled);
+}
+
+// The toolkit tells windows only, and texts have fonts of their own made from the application's.
+bool SettingsView::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationFontChange) {
+        for (QWidget* child : findChildren<QWidget*>()) {
+            QCoreApplication::sendEvent(child, event);
+        }
+    }
+    return QScrollArea::event(event);
+}
+
+// At once, so that nobody sees the form between two places, or the room of rows that have gone.
+void SettingsView::layOut() {
     if (!isVisible()) {
         return;
     }
-    // Laid out at once, so that nobody sees the form between the two places.
+    for (FormGroup* group : groups()) {
+        group->layOut();
+    }
     layout->activate();
     column->layout()->activate();
     const int width = viewport()->width();
     const int needed =
         column->hasHeightForWidth() ? column->heightForWidth(width) : column->sizeHint().height();
     column->resize(width, std::max(needed, viewport()->height()));
-    const auto all = groups();
-    const bool remains = anchor && std::ranges::find(all, anchor.data()) != all.end();
-    verticalScrollBar()->setValue(remains && scrolled > 0 ? top(anchor) - offset : scrolled);
+    column->layout()->activate();
+    layout->activate();
 }
 
-DockSettingsSection* SettingsView::sectionOf(const std::shared_ptr<DockModel>& model) {
-    const auto known = std::ranges::find(sections, model, &DockSettingsSection::dock);
-    return known != sections.end() ? *known : new DockSettingsSection(model, *manager, platform);
+DockSettingsSection* SettingsView::newSection(const std::shared_ptr<DockModel>& model) {
+    auto* section = new DockSettingsSection(model, *manager, platform);
+    connect(section, &DockSettingsSection::rowsChanged, this, &SettingsView::layOut);
+    return section;
 }
 
 void SettingsView::updateSections() {
     std::vector<DockSettingsSection*> next;
     for (const auto& model : manager->models()) {
-        DockSettingsSection* section = sectionOf(model);
         // Two screens with one key share a dock's configuration, and so its section.
-        if (std::ranges::find(next, section) == next.end()) {
-            next.push_back(section);
+        if (std::ranges::find(next, model, &DockSettingsSection::dock) != next.end()) {
+            continue;
         }
+        const auto known = std::ranges::find(sections, model, &DockSettingsSection::dock);
+        next.push_back(known != sections.end() ? *known : newSection(model));
     }
     for (DockSettingsSection* section : std::exchange(sections, next)) {
         if (std::ranges::find(next, section) == next.end()) {

@@ -32,13 +32,17 @@ public:
     /// From top to bottom.
     [[nodiscard]] std::vector<FormGroup*> groups() const;
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     [[nodiscard]] FormGroup* welcomeGroup();
     [[nodiscard]] FormGroup* memoryGroup();
     void followModels();
     void updateSections();
     void updateOrder();
-    [[nodiscard]] DockSettingsSection* sectionOf(const std::shared_ptr<DockModel>& model);
+    void layOut();
+    [[nodiscard]] DockSettingsSection* newSection(const std::shared_ptr<DockModel>& model);
 
     QPointer<DockManager> manager;
     Platform& platform;

@@ -1,0 +1,137 @@
+#pragma once
+
+#include "app/settings/FormGroup.h"
+#include "app/settings/SettingsView.h"
+#include "app/settings/SettingsWindow.h"
+#include "tests/app/Fixture.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace quillary::test {
+
+inline void mouse(QWidget& widget, QEvent::Type type, QPointF place) {
+    const bool moves = type == QEvent::MouseMove;
+    const bool held = type != QEvent::MouseButtonRelease;
+    QMouseEvent event(type, place, widget.mapToGlobal(place), moves ? Qt::NoButton : Qt::LeftButton,
+                      held ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+}
+
+inline void clickOn(QWidget& widget, QPointF place) {
+    mouse(widget, QEvent::MouseButtonPress, place);
+    mouse(widget, QEvent::MouseButtonRelease, place);
+}
+
+inline void clickOn(QWidget& widget) {
+    clickOn(widget, QRectF(widget.rect()).center());
+}
+
+inline void type(QWidget& widget, int key) {
+    for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(kind, key, Qt::NoModifier);
+        QApplication::sendEvent(&widget, &event);
+    }
+}
+
+/// The settings window of a manager on a fake system with two screens.
+class SettingsDesktop : public Desktop {
+protected:
+    SettingsDesktop() {
+        platform.screens().connected = {screenNamed("LEFT", leftFrame), screenNamed("RIGHT", rightFrame)};
+    }
+    void TearDown() override {
+        SettingsWindow::discard();
+        SettingsWindow::setManager(nullptr);
+    }
+
+    void open(SettingsWindow::Form form = SettingsWindow::Form::normal) {
+        if (!manager) {
+            start();
+        }
+        SettingsWindow::setManager(manager.get(), &platform);
+        SettingsWindow::show(form);
+        QApplication::processEvents();
+    }
+    static SettingsView& view() { return *qobject_cast<SettingsView*>(SettingsWindow::window()); }
+
+    static std::vector<std::string> titles() {
+        std::vector<std::string> result;
+        for (const FormGroup* group : view().groups()) {
+            result.push_back(group->title().toStdString());
+        }
+        return result;
+    }
+    static FormGroup& group(const std::string& title) {
+        for (FormGroup* group : view().groups()) {
+            if (group->title().toStdString() == title) {
+                return *group;
+            }
+        }
+        throw std::runtime_error("no group " + title);
+    }
+    /// The control of that kind and name in a group.
+    template<typename Control>
+    static Control& control(const std::string& groupTitle, const std::string& name) {
+        for (auto* found : group(groupTitle).findChildren<Control*>()) {
+            if (found->accessibleName().toStdString() == name) {
+                return *found;
+            }
+        }
+        throw std::runtime_error("no control " + name + " in " + groupTitle);
+    }
+    /// All texts that are seen in a group, controls' names too, from top to bottom and left to right.
+    static std::vector<std::string> texts(const std::string& groupTitle) {
+        struct Text {
+            QPoint place;
+            std::string words;
+        };
+        std::vector<Text> found;
+        FormGroup& all = group(groupTitle);
+        for (const auto* widget : all.findChildren<QWidget*>()) {
+            const auto* label = qobject_cast<const QLabel*>(widget);
+            const auto* button = qobject_cast<const QAbstractButton*>(widget);
+            // A switch has its words beside it.
+            const bool spoken =
+                label != nullptr || (button != nullptr && !button->inherits("quillary::Switch"));
+            if (spoken && widget->isVisibleTo(&all)) {
+                found.push_back({widget->mapTo(&all, widget->rect().center()),
+                                 (label != nullptr ? label->text() : button->text()).toStdString()});
+            }
+        }
+        constexpr int line = 8;
+        std::ranges::stable_sort(found, [](const Text& a, const Text& b) {
+            return std::abs(a.place.y() - b.place.y()) > line ? a.place.y() < b.place.y()
+                                                              : a.place.x() < b.place.x();
+        });
+        std::vector<std::string> words;
+        for (auto& text : found) {
+            words.push_back(std::move(text.words));
+        }
+        return words;
+    }
+
+    /// From here on each save fails, which is logged, so that they can be counted.
+    void countSaves() {
+        std::filesystem::remove(manager->settingsURL);
+        std::filesystem::create_directory(manager->settingsURL);
+        platform.log().lines.clear();
+    }
+    [[nodiscard]] std::ptrdiff_t saves() {
+        return std::ranges::count_if(platform.log().lines, [](const std::string& line) {
+            return line.starts_with("Quillary: save failed ");
+        });
+    }
+};
+
+} // namespace quillary::test

@@ -1,0 +1,476 @@
+#include "app/settings/SegmentedPicker.h"
+#include "app/settings/StepSlider.h"
+#include "app/settings/StylePicker.h"
+#include "app/settings/StyleTile.h"
+#include "app/settings/Switch.h"
+#include "app/settings/VersionLabel.h"
+#include "tests/app/SettingsFixture.h"
+
+#include <QPushButton>
+
+namespace quillary::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class SettingsFormTest : public SettingsDesktop {
+protected:
+    static Switch& switchIn(const std::string& title, const std::string& name) {
+        return control<Switch>(title, name);
+    }
+    static QPushButton& addButton() { return *group("LEFT").findChild<QPushButton*>(); }
+    DockConfig left() const { return *manager->settings().dock(leftKey); }
+};
+
+TEST_F(SettingsFormTest, hasItsGroupsInOrder) {
+    open();
+    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "LEFT", "RIGHT", "General"}));
+}
+
+TEST_F(SettingsFormTest, greetsWhenAskedTo) {
+    open(SettingsWindow::Form::welcome);
+    EXPECT_EQ(titles(), (Texts{"", "RAM on Dock", "LEFT", "RIGHT", "General"}));
+    EXPECT_EQ(texts(""),
+              (Texts{"Welcome — every screen now has its own Dock.",
+                     "We copied your macOS Dock to start and tucked the original away — turn that off under "
+                     "General, or just quit Quillary to get it back. Drag apps or folders from Finder onto a "
+                     "Dock to add them, drag icons to reorder, and right-click any Dock for options."}));
+}
+
+TEST_F(SettingsFormTest, withoutScreensOnlyTheProgramsOwnGroupsAreSeen) {
+    platform.screens().connected.clear();
+    open();
+    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "General"}));
+}
+
+TEST_F(SettingsFormTest, saysWhatItIsToSay) {
+    platform.systemDock().pinned = {"/a", "/b", "/c"};
+    platform.bundle = {.shortVersion = "1.2", .build = "34"};
+    open();
+    EXPECT_EQ(texts("RAM on Dock"),
+              (Texts{"RAM on Dock", "Show which apps are eating memory",
+                     "A yellow dot under an app means it's heavy; red means it's the reason your Mac feels "
+                     "slow. Hover to see how much memory it uses, right-click to quit it."}));
+    EXPECT_EQ(texts("LEFT"), (Texts{"LEFT",
+                                    "Show a Dock on this screen",
+                                    "Position",
+                                    "Bottom",
+                                    "Left",
+                                    "Right",
+                                    "Top",
+                                    "Style",
+                                    "Glass",
+                                    "Pill",
+                                    "Bubbles",
+                                    "Minimal",
+                                    "Shelf",
+                                    "Icon size",
+                                    "Magnification",
+                                    "Off",
+                                    "Subtle",
+                                    "Big",
+                                    "Bounce when opening apps",
+                                    "Show running apps",
+                                    "Auto-hide (show when the pointer touches the edge)",
+                                    "Add apps from the macOS Dock",
+                                    "3 pinned"}));
+    EXPECT_EQ(texts("General"), (Texts{"General", "Hide the macOS Dock (Quillary replaces it)",
+                                       "Launch Quillary at login", "Version", "1.2 (34)"}));
+}
+
+TEST_F(SettingsFormTest, theControlsShowWhatIsStored) {
+    start();
+    configure([](DockConfig& config) {
+        config.edge = DockEdge::right;
+        config.style = DockStyle::minimal;
+        config.iconSize = 64;
+        config.magnification = Magnification::big;
+        config.bounceOnLaunch = false;
+        config.showRunning = false;
+        config.autoHide = true;
+    });
+    manager->setShowMemory(false);
+    manager->setHideSystemDock(false);
+    open();
+    EXPECT_TRUE(switchIn("LEFT", "Show a Dock on this screen").isOn());
+    EXPECT_EQ(control<SegmentedPicker>("LEFT", "Position").current(), 2);
+    EXPECT_EQ(control<StylePicker>("LEFT", "Style").current(), 3);
+    EXPECT_EQ(control<StepSlider>("LEFT", "Icon size").value(), 64);
+    EXPECT_EQ(control<SegmentedPicker>("LEFT", "Magnification").current(), 2);
+    EXPECT_FALSE(switchIn("LEFT", "Bounce when opening apps").isOn());
+    EXPECT_FALSE(switchIn("LEFT", "Show running apps").isOn());
+    EXPECT_TRUE(switchIn("LEFT", "Auto-hide (show when the pointer touches the edge)").isOn());
+    EXPECT_FALSE(switchIn("RAM on Dock", "Show which apps are eating memory").isOn());
+    EXPECT_FALSE(switchIn("General", "Hide the macOS Dock (Quillary replaces it)").isOn());
+    EXPECT_EQ(control<SegmentedPicker>("RIGHT", "Position").current(), 0);
+}
+
+TEST_F(SettingsFormTest, openingAndRefreshingSavesNothing) {
+    start();
+    configure([](DockConfig& config) { config.iconSize = 37.5; });
+    countSaves();
+    open();
+    Q_EMIT model().configChanged();
+    Q_EMIT model().screenNameChanged();
+    Q_EMIT manager->modelsChanged();
+    Q_EMIT manager->showMemorySettingChanged();
+    Q_EMIT manager->hideSystemDockChanged();
+    view().close();
+    open();
+    EXPECT_EQ(saves(), 0);
+    EXPECT_EQ(left().iconSize, 37.5);
+    EXPECT_EQ(control<StepSlider>("LEFT", "Icon size").value(), 37.5);
+    EXPECT_EQ(platform.loginItem().requests, 0);
+}
+
+TEST_F(SettingsFormTest, eachControlWritesItsOneFieldAndSavesOnce) {
+    open();
+    countSaves();
+    DockConfig expected = left();
+    const auto written = [&](const char* what) {
+        EXPECT_EQ(left(), expected) << what;
+        EXPECT_EQ(model().config(), expected) << what;
+        EXPECT_EQ(saves(), 1) << what;
+        platform.log().lines.clear();
+    };
+    clickOn(*control<SegmentedPicker>("LEFT", "Position").buttons()[1]);
+    expected.edge = DockEdge::left;
+    written("position");
+    clickOn(control<StyleTile>("LEFT", "Shelf"));
+    expected.style = DockStyle::shelf;
+    written("style");
+    type(control<StepSlider>("LEFT", "Icon size"), Qt::Key_Right);
+    expected.iconSize = 52;
+    written("icon size");
+    clickOn(*control<SegmentedPicker>("LEFT", "Magnification").buttons()[0]);
+    expected.magnification = Magnification::off;
+    written("magnification");
+    clickOn(switchIn("LEFT", "Bounce when opening apps"));
+    expected.bounceOnLaunch = false;
+    written("bounce");
+    clickOn(switchIn("LEFT", "Show running apps"));
+    expected.showRunning = false;
+    written("running");
+    clickOn(switchIn("LEFT", "Auto-hide (show when the pointer touches the edge)"));
+    expected.autoHide = true;
+    written("auto-hide");
+    clickOn(switchIn("LEFT", "Show a Dock on this screen"));
+    expected.enabled = false;
+    written("enabled");
+    EXPECT_EQ(manager->settings().dock(rightKey)->edge, DockEdge::bottom);
+}
+
+TEST_F(SettingsFormTest, theSwitchesOfTheProgramWorkThroughTheManager) {
+    open();
+    countSaves();
+    clickOn(switchIn("RAM on Dock", "Show which apps are eating memory"));
+    EXPECT_FALSE(manager->showMemorySetting());
+    EXPECT_FALSE(model().showMemory());
+    EXPECT_EQ(saves(), 1);
+    clickOn(switchIn("General", "Hide the macOS Dock (Quillary replaces it)"));
+    EXPECT_FALSE(manager->hideSystemDock());
+    EXPECT_FALSE(switchIn("General", "Hide the macOS Dock (Quillary replaces it)").isOn());
+}
+
+TEST_F(SettingsFormTest, aClickOnTheWordsWorksTheSwitch) {
+    open();
+    auto& words = *switchIn("LEFT", "Show running apps").parentWidget();
+    clickOn(words, {40, words.height() / 2.0});
+    EXPECT_FALSE(left().showRunning);
+}
+
+TEST_F(SettingsFormTest, draggingTheSizeSavesEachStepAsItHappens) {
+    open();
+    configure([](DockConfig& config) { config.iconSize = 32; });
+    countSaves();
+    auto& slider = control<StepSlider>("LEFT", "Icon size");
+    mouse(slider, QEvent::MouseButtonPress, {13, 15});
+    for (int x = 13; x <= 300; ++x) {
+        mouse(slider, QEvent::MouseMove, {static_cast<double>(x), 15});
+        EXPECT_EQ(slider.value(), left().iconSize);
+    }
+    EXPECT_EQ(saves(), 12);
+    EXPECT_EQ(left().iconSize, 80);
+}
+
+TEST_F(SettingsFormTest, aChangeFromElsewhereShowsAtOnce) {
+    open();
+    configure([](DockConfig& config) {
+        config.style = DockStyle::pill;
+        config.items = {"/a"};
+    });
+    EXPECT_TRUE(control<StyleTile>("LEFT", "Pill").isOn());
+    EXPECT_FALSE(control<StyleTile>("LEFT", "Glass").isOn());
+    EXPECT_EQ(texts("LEFT").back(), "1 pinned");
+    manager->setShowMemory(false);
+    EXPECT_FALSE(switchIn("RAM on Dock", "Show which apps are eating memory").isOn());
+    manager->setHideSystemDock(false);
+    EXPECT_FALSE(switchIn("General", "Hide the macOS Dock (Quillary replaces it)").isOn());
+}
+
+TEST_F(SettingsFormTest, aDockThatIsOffHasOnlyItsSwitch) {
+    open();
+    auto& enabled = switchIn("LEFT", "Show a Dock on this screen");
+    enabled.setFocus();
+    const int tall = group("LEFT").height();
+    clickOn(enabled);
+    EXPECT_EQ(manager->panel(leftKey), nullptr);
+    EXPECT_EQ(texts("LEFT"), (Texts{"LEFT", "Show a Dock on this screen"}));
+    // At once: nobody is to see the empty box of the rows that went.
+    EXPECT_LT(group("LEFT").height(), tall / 4);
+    EXPECT_TRUE(enabled.hasFocus());
+    clickOn(enabled);
+    EXPECT_NE(manager->panel(leftKey), nullptr);
+    EXPECT_EQ(texts("LEFT").size(), 23U);
+}
+
+TEST_F(SettingsFormTest, addsWhatTheSystemsDockHasAndNothingTheSecondTime) {
+    platform.systemDock().pinned = {"/a", "/b"};
+    open();
+    configure([](DockConfig& config) { config.items = {"/b", "/x"}; });
+    platform.systemDock().pinned = {"/a", "/b", "/a", "/c"};
+    clickOn(addButton());
+    EXPECT_EQ(left().items, (Texts{"/x", "/a", "/b", "/c"}));
+    EXPECT_EQ(texts("LEFT").back(), "4 pinned");
+    clickOn(addButton());
+    EXPECT_EQ(left().items, (Texts{"/x", "/a", "/b", "/c"}));
+    EXPECT_EQ(manager->settings().dock(rightKey)->items, (Texts{"/a", "/b"}));
+}
+
+TEST_F(SettingsFormTest, aDockWithoutItemsSaysSo) {
+    platform.systemDock().pinned.clear();
+    open();
+    EXPECT_EQ(texts("LEFT").back(), "0 pinned");
+}
+
+TEST_F(SettingsFormTest, sectionsFollowTheScreensInTheirOrder) {
+    open();
+    const FormGroup* kept = &group("RIGHT");
+    platform.screens().set({screenNamed("RIGHT", rightFrame)});
+    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "RIGHT", "General"}));
+    EXPECT_EQ(&group("RIGHT"), kept);
+    platform.screens().set({screenNamed("NEW", leftFrame), screenNamed("RIGHT", rightFrame)});
+    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "NEW", "RIGHT", "General"}));
+    EXPECT_EQ(&group("RIGHT"), kept);
+    platform.screens().set({screenNamed("RIGHT", rightFrame), screenNamed("NEW", leftFrame)});
+    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "RIGHT", "NEW", "General"}));
+    QApplication::processEvents();
+    int bottom = 0;
+    for (const auto* each : view().groups()) {
+        EXPECT_GE(each->mapTo(&view(), QPoint()).y(), bottom - 1) << each->title().toStdString();
+        bottom = each->mapTo(&view(), QPoint(0, each->height())).y();
+        EXPECT_TRUE(each->isVisible());
+    }
+    EXPECT_TRUE(view().isVisible());
+}
+
+TEST_F(SettingsFormTest, aScreenThatComesOrGoesLeavesFocusAndPlace) {
+    platform.screens().connected = {screenNamed("RIGHT", rightFrame)};
+    open();
+    view().resize(520, 480);
+    QApplication::processEvents();
+    auto& focused = switchIn("RIGHT", "Show running apps");
+    focused.setFocus();
+    view().ensureWidgetVisible(&focused);
+    const int before = focused.mapTo(&view(), QPoint()).y();
+    ASSERT_GT(view().verticalScrollBar()->value(), 0);
+    platform.screens().set({screenNamed("LEFT", leftFrame), screenNamed("RIGHT", rightFrame)});
+    QApplication::processEvents();
+    EXPECT_EQ(focused.mapTo(&view(), QPoint()).y(), before);
+    EXPECT_TRUE(focused.hasFocus());
+    platform.screens().set({screenNamed("RIGHT", rightFrame)});
+    QApplication::processEvents();
+    EXPECT_EQ(focused.mapTo(&view(), QPoint()).y(), before);
+    EXPECT_TRUE(focused.hasFocus());
+}
+
+TEST_F(SettingsFormTest, twoScreensWithOneKeyShareASection) {
+    auto twin = screenNamed("LEFT", rightFrame);
+    platform.screens().connected = {screenNamed("LEFT", leftFrame), twin};
+    open();
+    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "LEFT", "General"}));
+}
+
+TEST_F(SettingsFormTest, aScreenThatIsRenamedRenamesItsSection) {
+    open();
+    model().setScreenName("Desk");
+    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "Desk", "RIGHT", "General"}));
+}
+
+TEST_F(SettingsFormTest, anEndlessScreenNameIsCutAndWidensNothing) {
+    open();
+    model().setScreenName(std::string(5000, 'W') + "\n<b>x</b>");
+    QApplication::processEvents();
+    EXPECT_EQ(view().widget()->width(), view().viewport()->width());
+    EXPECT_LE(titles().at(1).size(), 200U);
+}
+
+TEST_F(SettingsFormTest, theTabulatorGoesThroughAllControlsInTheOrderInWhichTheyAreSeen) {
+    platform.screens().connected = {screenNamed("RIGHT", rightFrame)};
+    open();
+    platform.screens().set({screenNamed("LEFT", leftFrame), screenNamed("RIGHT", rightFrame)});
+    QApplication::processEvents();
+    view().setFocus();
+    Texts names;
+    for (int i = 0; i < 40; ++i) {
+        type(QApplication::focusWidget() != nullptr ? *QApplication::focusWidget() : view(), Qt::Key_Tab);
+        const QWidget* at = QApplication::focusWidget();
+        ASSERT_NE(at, nullptr);
+        const auto* button = qobject_cast<const QAbstractButton*>(at);
+        const std::string name = (button != nullptr ? button->text() : at->accessibleName()).toStdString();
+        if (!names.empty() && name == names.front() && at->parentWidget() != nullptr && i > 10) {
+            break;
+        }
+        names.push_back(name);
+    }
+    const Texts dock{"Show a Dock on this screen",
+                     "Bottom",
+                     "Glass",
+                     "Icon size",
+                     "Subtle",
+                     "Bounce when opening apps",
+                     "Show running apps",
+                     "Auto-hide (show when the pointer touches the edge)",
+                     "Add apps from the macOS Dock"};
+    Texts expected{"Show which apps are eating memory"};
+    expected.insert(expected.end(), dock.begin(), dock.end());
+    expected.insert(expected.end(), dock.begin(), dock.end());
+    expected.insert(expected.end(),
+                    {"Hide the macOS Dock (Quillary replaces it)", "Launch Quillary at login"});
+    EXPECT_EQ(names, expected);
+}
+
+TEST_F(SettingsFormTest, aManagerThatIsGoneIsAskedNothing) {
+    open();
+    auto& memory = switchIn("RAM on Dock", "Show which apps are eating memory");
+    auto& enabled = switchIn("LEFT", "Show a Dock on this screen");
+    auto& hide = switchIn("General", "Hide the macOS Dock (Quillary replaces it)");
+    auto& button = addButton();
+    manager.reset();
+    clickOn(memory);
+    clickOn(enabled);
+    clickOn(hide);
+    clickOn(button);
+    EXPECT_TRUE(enabled.isOn());
+}
+
+class LoginSwitchTest : public SettingsFormTest {
+protected:
+    static Switch& login() { return switchIn("General", "Launch Quillary at login"); }
+};
+
+TEST_F(LoginSwitchTest, showsWhatTheSystemSays) {
+    platform.loginItem().current = LoginItem::Status::enabled;
+    open();
+    EXPECT_TRUE(login().isOn());
+}
+
+TEST_F(LoginSwitchTest, asksTheSystemOnceForEachChange) {
+    open();
+    clickOn(login());
+    EXPECT_EQ(platform.loginItem().current, LoginItem::Status::enabled);
+    EXPECT_TRUE(login().isOn());
+    clickOn(login());
+    EXPECT_EQ(platform.loginItem().current, LoginItem::Status::disabled);
+    EXPECT_FALSE(login().isOn());
+    EXPECT_EQ(platform.loginItem().requests, 2);
+    EXPECT_TRUE(platform.log().lines.empty());
+}
+
+TEST_F(LoginSwitchTest, aRefusalPutsItBackWithOneLineAndNoSecondTry) {
+    platform.loginItem().refusal = "not for you";
+    open();
+    clickOn(login());
+    EXPECT_FALSE(login().isOn());
+    EXPECT_EQ(platform.log().lines, Texts{"Quillary: launch at login failed not for you"});
+    EXPECT_EQ(platform.loginItem().requests, 1);
+    platform.loginItem().current = LoginItem::Status::enabled;
+    clickOn(login());
+    EXPECT_TRUE(login().isOn());
+    EXPECT_EQ(platform.loginItem().requests, 2);
+    EXPECT_EQ(platform.log().lines.size(), 2U);
+}
+
+TEST(VersionLabel, joinsWhatIsKnown) {
+    EXPECT_EQ(versionLabel({.shortVersion = "1.2", .build = "34"}), "1.2 (34)");
+    EXPECT_EQ(versionLabel({.shortVersion = "1.2", .build = std::nullopt}), "1.2 (0)");
+    EXPECT_EQ(versionLabel({.shortVersion = std::nullopt, .build = "34"}), "dev (34)");
+    EXPECT_EQ(versionLabel({}), "dev (0)");
+}
+
+class SettingsWindowTest : public SettingsDesktop {};
+
+TEST_F(SettingsWindowTest, hasItsTitleAndSizes) {
+    open();
+    EXPECT_EQ(view().windowTitle(), QStringLiteral("Quillary Settings"));
+    EXPECT_EQ(view().size(), QSize(560, 640));
+    EXPECT_EQ(view().minimumSize(), QSize(520, 480));
+    EXPECT_EQ(view().maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+}
+
+TEST_F(SettingsWindowTest, everythingFitsAtTheLeastWidth) {
+    open();
+    view().resize(520, 480);
+    QApplication::processEvents();
+    EXPECT_EQ(view().widget()->width(), view().viewport()->width());
+    for (const auto* tile : group("LEFT").findChildren<StyleTile*>()) {
+        EXPECT_EQ(tile->size(), tile->sizeHint());
+        EXPECT_LE(tile->mapTo(&group("LEFT"), QPoint(tile->width(), 0)).x(), group("LEFT").width() - 8);
+    }
+}
+
+TEST_F(SettingsWindowTest, closingHidesItAndTheSameComesBackWithItsState) {
+    open();
+    QWidget* const first = &view();
+    view().verticalScrollBar()->setValue(100);
+    view().close();
+    EXPECT_FALSE(first->isVisible());
+    open(SettingsWindow::Form::welcome);
+    EXPECT_EQ(SettingsWindow::window(), first);
+    EXPECT_TRUE(first->isVisible());
+    EXPECT_EQ(view().verticalScrollBar()->value(), 100);
+    EXPECT_EQ(titles().front(), "RAM on Dock");
+}
+
+TEST_F(SettingsWindowTest, theBannerOfTheFirstShowingStays) {
+    open(SettingsWindow::Form::welcome);
+    view().close();
+    open(SettingsWindow::Form::normal);
+    EXPECT_EQ(titles().front(), "");
+}
+
+TEST_F(SettingsWindowTest, itDoesNothingOnceTheManagerIsGone) {
+    start();
+    SettingsWindow::setManager(manager.get(), &platform);
+    manager.reset();
+    SettingsWindow::show(SettingsWindow::Form::normal);
+    EXPECT_EQ(SettingsWindow::window(), nullptr);
+}
+
+TEST_F(SettingsWindowTest, itFollowsTheDesktopsColoursAndFontWhileItIsOpen) {
+    const QPalette palette = QApplication::palette();
+    const QFont font = QApplication::font();
+    QApplication::setPalette(QPalette(QColor(240, 240, 243)));
+    open();
+    EXPECT_GT(view().grab().toImage().pixelColor(3, 3).lightness(), 200);
+    QApplication::setPalette(QPalette(QColor(32, 32, 36)));
+    QApplication::processEvents();
+    const QImage dark = view().grab().toImage();
+    EXPECT_LT(dark.pixelColor(3, 3).lightness(), 60);
+    const QPoint inGroup = group("RAM on Dock").mapTo(&view(), QPoint(400, 44));
+    EXPECT_LT(dark.pixelColor(inGroup).lightness(), 80);
+    const int height = view().widget()->height();
+    QFont large = font;
+    large.setPointSizeF(2 * (font.pointSizeF() > 0 ? font.pointSizeF() : 9));
+    QApplication::setFont(large);
+    // Sizes go up from texts to the form, one turn of the loop for each level.
+    for (int turns = 0; turns < 10; ++turns) {
+        QApplication::processEvents();
+    }
+    EXPECT_GT(view().widget()->height(), height + 100);
+    QApplication::setFont(font);
+    QApplication::setPalette(palette);
+}
+
+} // namespace
+} // namespace quillary::test
