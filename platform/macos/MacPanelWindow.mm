@@ -17,6 +17,8 @@ namespace {
 constexpr NSWindowCollectionBehavior onAllSpaces = NSWindowCollectionBehaviorCanJoinAllSpaces |
                                                    NSWindowCollectionBehaviorStationary |
                                                    NSWindowCollectionBehaviorIgnoresCycle;
+static_assert(onAllSpaces == 81);
+static_assert(NSWindowStyleMaskNonactivatingPanel == 128);
 
 NSWindow* windowOf(const QWidget& widget) {
     // Asked for only once the widget has a window: winId() would make one.

@@ -13,6 +13,7 @@ namespace quillary {
 namespace {
 
 constexpr NSEventMask movements = NSEventMaskMouseMoved | NSEventMaskLeftMouseDragged;
+static_assert(movements == 96);
 
 } // namespace
 
