@@ -8,11 +8,10 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-@class NSGraphicsContext, NSImage, NSMenu, NSRunningApplication, NSScreen, NSStatusBarButton, NSStatusItem, NSWindow;
+@class NSGraphicsContext, NSImage, NSMenu, NSRunningApplication, NSScreen, NSStatusBarButton, NSStatusItem,
+    NSWindow;
 
 typedef NSString* NSDeviceDescriptionKey;
-
-
 
 APPKIT_EXTERN NSNotificationName NSApplicationDidChangeScreenParametersNotification;
 
@@ -25,8 +24,6 @@ APPKIT_EXTERN NSNotificationName NSApplicationDidChangeScreenParametersNotificat
 @property(readonly, copy) NSString* localizedName API_AVAILABLE(macos(10.15));
 @end
 
-
-
 typedef NS_OPTIONS(unsigned long long, NSEventMask) {
     NSEventMaskMouseMoved = 1ULL << 5,
     NSEventMaskLeftMouseDragged = 1ULL << 6,
@@ -35,14 +32,13 @@ typedef NS_OPTIONS(unsigned long long, NSEventMask) {
 @interface NSEvent : NSObject <NSCopying>
 @property(class, readonly) NSPoint mouseLocation;
 + (nullable id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask
-                                             handler:(void (^)(NSEvent* event))block API_AVAILABLE(macos(10.6));
+                                             handler:(void (^)(NSEvent* event))block
+    API_AVAILABLE(macos(10.6));
 + (nullable id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask
                                             handler:(NSEvent* _Nullable (^)(NSEvent* event))block
     API_AVAILABLE(macos(10.6));
 + (void)removeMonitor:(id)eventMonitor API_AVAILABLE(macos(10.6));
 @end
-
-
 
 APPKIT_EXTERN NSNotificationName NSApplicationDidFinishLaunchingNotification;
 
@@ -58,8 +54,6 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 - (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps API_DEPRECATED("", macos(10.0, API_TO_BE_DEPRECATED));
 - (void)activate API_AVAILABLE(macos(14.0));
 @end
-
-
 
 APPKIT_EXTERN NSNotificationName NSWorkspaceDidLaunchApplicationNotification;
 APPKIT_EXTERN NSNotificationName NSWorkspaceDidTerminateApplicationNotification;
@@ -99,13 +93,11 @@ API_AVAILABLE(macos(10.15))
 - (void)openURLs:(NSArray<NSURL*>*)urls
     withApplicationAtURL:(NSURL*)applicationURL
            configuration:(NSWorkspaceOpenConfiguration*)configuration
-       completionHandler:(nullable void (^)(NSRunningApplication* _Nullable app,
-                                            NSError* _Nullable error))completionHandler
+       completionHandler:
+           (nullable void (^)(NSRunningApplication* _Nullable app, NSError* _Nullable error))completionHandler
     API_AVAILABLE(macos(10.15));
 - (void)activateFileViewerSelectingURLs:(NSArray<NSURL*>*)fileURLs API_AVAILABLE(macos(10.6));
 @end
-
-
 
 @interface NSColor : NSObject <NSCopying>
 @property(class, readonly, strong) NSColor* clearColor;
@@ -140,10 +132,11 @@ typedef NS_ENUM(NSUInteger, NSImageInterpolation) {
            drawingHandler:(BOOL (^)(NSRect dstRect))drawingHandler API_AVAILABLE(macos(10.8));
 - (instancetype)initWithCGImage:(CGImageRef)cgImage size:(NSSize)size API_AVAILABLE(macos(10.6));
 @property(copy, nullable) NSString* accessibilityDescription API_AVAILABLE(macos(10.6));
-- (void)drawInRect:(NSRect)rect fromRect:(NSRect)fromRect operation:(NSCompositingOperation)op fraction:(CGFloat)delta;
+- (void)drawInRect:(NSRect)rect
+          fromRect:(NSRect)fromRect
+         operation:(NSCompositingOperation)op
+          fraction:(CGFloat)delta;
 @end
-
-
 
 typedef NS_OPTIONS(NSUInteger, NSAutoresizingMaskOptions) {
     NSViewWidthSizable = 2,
@@ -163,7 +156,9 @@ typedef NS_ENUM(NSInteger, NSWindowOrderingMode) {
 @property(nullable, readonly, assign) NSView* superview;
 @property(getter=isHidden) BOOL hidden;
 @property NSAutoresizingMaskOptions autoresizingMask;
-- (void)addSubview:(NSView*)view positioned:(NSWindowOrderingMode)place relativeTo:(nullable NSView*)otherView;
+- (void)addSubview:(NSView*)view
+        positioned:(NSWindowOrderingMode)place
+        relativeTo:(nullable NSView*)otherView;
 - (void)removeFromSuperview;
 @end
 
@@ -223,8 +218,6 @@ typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
 @interface NSPanel : NSWindow
 @property(getter=isFloatingPanel) BOOL floatingPanel;
 @end
-
-
 
 typedef NSInteger NSControlStateValue;
 

@@ -11,12 +11,12 @@
 #define CF_ASSUME_NONNULL_END _Pragma("clang assume_nonnull end")
 #define CF_RETURNS_RETAINED __attribute__((cf_returns_retained))
 #define CF_BRIDGED_TYPE(type) __attribute__((objc_bridge(type)))
-#define CF_ENUM(type, name)                                                                                            \
-    enum name : type name;                                                                                             \
+#define CF_ENUM(type, name)                                                                                  \
+    enum name : type name;                                                                                   \
     enum name : type
 // In C++ a set of options is its integer, so that options can be combined.
-#define CF_OPTIONS(type, name)                                                                                         \
-    type name;                                                                                                         \
+#define CF_OPTIONS(type, name)                                                                               \
+    type name;                                                                                               \
     enum : type
 
 #ifdef __cplusplus
@@ -63,8 +63,8 @@ Boolean CFNumberGetValue(CFNumberRef number, CFNumberType theType, void* _Null_u
 CFStringRef _Null_unspecified CFUUIDCreateString(CFAllocatorRef _Nullable alloc,
                                                  CFUUIDRef _Null_unspecified uuid) CF_RETURNS_RETAINED;
 
-CFPropertyListRef _Nullable CFPreferencesCopyAppValue(CFStringRef key, CFStringRef applicationID)
-    CF_RETURNS_RETAINED;
+CFPropertyListRef _Nullable CFPreferencesCopyAppValue(CFStringRef key,
+                                                      CFStringRef applicationID) CF_RETURNS_RETAINED;
 void CFPreferencesSetAppValue(CFStringRef key, CFPropertyListRef _Nullable value, CFStringRef applicationID);
 Boolean CFPreferencesAppSynchronize(CFStringRef applicationID);
 

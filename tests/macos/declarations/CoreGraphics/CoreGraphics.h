@@ -44,9 +44,10 @@ extern const CFStringRef _Nonnull kCGColorSpaceSRGB;
 
 CGColorSpaceRef _Nullable CGColorSpaceCreateWithName(CFStringRef _Nullable name) CF_RETURNS_RETAINED;
 void CGColorSpaceRelease(CGColorSpaceRef _Nullable space);
-CGContextRef _Nullable CGBitmapContextCreate(void* _Nullable data, size_t width, size_t height, size_t bitsPerComponent,
-                                             size_t bytesPerRow, CGColorSpaceRef _Nullable space, uint32_t bitmapInfo)
-    CF_RETURNS_RETAINED;
+CGContextRef _Nullable CGBitmapContextCreate(void* _Nullable data, size_t width, size_t height,
+                                             size_t bitsPerComponent, size_t bytesPerRow,
+                                             CGColorSpaceRef _Nullable space,
+                                             uint32_t bitmapInfo) CF_RETURNS_RETAINED;
 void CGContextRelease(CGContextRef _Nullable c);
 void CGImageRelease(CGImageRef _Nullable image);
 

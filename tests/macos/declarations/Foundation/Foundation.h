@@ -74,7 +74,9 @@ enum : NSStringEncoding {
 
 @interface NSString : NSObject <NSCopying>
 @property(nullable, readonly) const char* UTF8String;
-- (nullable instancetype)initWithBytes:(const void*)bytes length:(NSUInteger)len encoding:(NSStringEncoding)encoding;
+- (nullable instancetype)initWithBytes:(const void*)bytes
+                                length:(NSUInteger)len
+                              encoding:(NSStringEncoding)encoding;
 @end
 
 // The compiler makes literals of this class; its layout is fixed by the ABI.
@@ -99,7 +101,7 @@ FOUNDATION_EXPORT NSString* NSHomeDirectory(void);
 @property(readonly) NSUInteger count;
 @property(nullable, nonatomic, readonly) ObjectType firstObject API_AVAILABLE(macos(10.6));
 - (BOOL)containsObject:(ObjectType)anObject;
-+ (instancetype)arrayWithObjects:(const ObjectType _Nonnull [_Nullable])objects count:(NSUInteger)cnt;
++ (instancetype)arrayWithObjects:(const ObjectType _Nonnull[_Nullable])objects count:(NSUInteger)cnt;
 @end
 
 @interface NSMutableArray<ObjectType> : NSArray <ObjectType>
