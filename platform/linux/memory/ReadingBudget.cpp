@@ -6,13 +6,13 @@ namespace quillary {
 
 namespace {
 
-constexpr double share = 0.002;
+constexpr double share = 0.0015;
 // What a browser of twenty processes takes to be read once.
 constexpr double firstCredit = 0.040;
 constexpr double largestCredit = 0.040;
 // A tenth of what a sample every four seconds earns: with thousands of processes figures still come right in
 // the end.
-constexpr double leastShare = 0.0002;
+constexpr double leastShare = 0.00015;
 
 } // namespace
 
@@ -28,7 +28,7 @@ void ReadingBudget::begin(double now) {
 }
 
 void ReadingBudget::takeNecessary(double seconds) {
-    m_credit -= std::min(seconds, std::max(share - leastShare, 0.0) * m_earned);
+    m_credit -= std::min(seconds, (share - leastShare) * m_earned);
 }
 
 } // namespace quillary

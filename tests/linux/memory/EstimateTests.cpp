@@ -70,13 +70,13 @@ TEST(ReadingBudget, theFirstSampleMaySpendFortyMilliseconds) {
     EXPECT_FALSE(budget.isLeft());
 }
 
-TEST(ReadingBudget, aDebtIsPaidBackAtTwoThousandthsOfTheTime) {
+TEST(ReadingBudget, aDebtIsPaidBackAtFifteenTenThousandthsOfTheTime) {
     ReadingBudget budget;
     budget.begin(0);
     budget.take(0.055);
-    budget.begin(4);
-    EXPECT_FALSE(budget.isLeft());
     budget.begin(8);
+    EXPECT_FALSE(budget.isLeft());
+    budget.begin(12);
     EXPECT_TRUE(budget.isLeft());
 }
 
@@ -85,7 +85,7 @@ TEST(ReadingBudget, cheapReadingsComeFirst) {
     budget.begin(0);
     budget.take(0.040);
     budget.begin(4);
-    budget.takeNecessary(0.006);
+    budget.takeNecessary(0.004);
     EXPECT_TRUE(budget.isLeft());
     budget.take(0.0021);
     EXPECT_FALSE(budget.isLeft());
@@ -98,7 +98,7 @@ TEST(ReadingBudget, aTenthIsLeftHoweverMuchTheCheapReadingsTake) {
     budget.begin(4);
     budget.takeNecessary(10);
     EXPECT_TRUE(budget.isLeft());
-    budget.take(0.00081);
+    budget.take(0.00061);
     EXPECT_FALSE(budget.isLeft());
 }
 
