@@ -102,7 +102,7 @@ TEST(MacosAudit, nothingIsDeclaredThatIsNotUsed) {
     const Names sent = ObjectiveText::sentSelectors(backend());
     Names declared = without(ObjectiveText::declaredSelectors(declarations()), needed);
     // A property may be used by one of its two selectors only.
-    std::erase_if(declared, [&declared, &sent](const std::string& selector) {
+    std::erase_if(declared, [&sent](const std::string& selector) {
         return sent.contains(selector) || (selector.starts_with("set") && selector.ends_with(":")) ||
                std::ranges::any_of(sent, [&selector](const std::string& used) {
                    const auto name = selector.starts_with("is") ? selector.substr(2) : selector;
