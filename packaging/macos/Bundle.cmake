@@ -3,15 +3,14 @@
 
 set(QUILLARY_SIGNING_IDENTITY "-" CACHE STRING "Identity that \"deploy\" signs with; - signs without one")
 
+# After linking: as a source of the program, the icon would be in the way of compiling its files elsewhere.
 set(icon_source ${PROJECT_SOURCE_DIR}/packaging/quillary.svg)
-set(icon_set ${PROJECT_BINARY_DIR}/Quillary.icns)
-add_custom_command(
-  OUTPUT ${icon_set}
-  COMMAND ${CMAKE_CURRENT_LIST_DIR}/make-icon-set ${icon_source} ${icon_set}
-  DEPENDS ${icon_source} ${CMAKE_CURRENT_LIST_DIR}/make-icon-set
+set_target_properties(quillary PROPERTIES LINK_DEPENDS ${icon_source})
+add_custom_command(TARGET quillary POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E make_directory $<TARGET_BUNDLE_CONTENT_DIR:quillary>/Resources
+  COMMAND ${CMAKE_CURRENT_LIST_DIR}/make-icon-set ${icon_source}
+          $<TARGET_BUNDLE_CONTENT_DIR:quillary>/Resources/Quillary.icns
   VERBATIM)
-target_sources(quillary PRIVATE ${icon_set})
-set_source_files_properties(${icon_set} PROPERTIES MACOSX_PACKAGE_LOCATION Resources GENERATED ON)
 
 set_target_properties(quillary PROPERTIES
   MACOSX_BUNDLE ON
