@@ -1,0 +1,162 @@
+#include "tests/desktop/AccessibilityTree.h"
+
+#include "tests/x11/ChildProcess.h"
+#include "tests/x11/VirtualDisplay.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusVariant>
+
+#include <utility>
+
+namespace quillary::test {
+
+namespace {
+
+constexpr int patience = 5000;
+const QString accessible = QStringLiteral("org.a11y.atspi.Accessible");
+const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+const QString sessionName = QStringLiteral("quillary-tests-session");
+const QString accessibilityName = QStringLiteral("quillary-tests-accessibility");
+
+QVariantList ask(const QDBusConnection& bus, const QString& service, const QString& path,
+                 const QString& interface, const QString& method, const QVariantList& arguments) {
+    auto message = QDBusMessage::createMethodCall(service, path, interface, method);
+    message.setArguments(arguments);
+    const auto reply = bus.call(message, QDBus::Block, patience);
+    return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments() : QVariantList();
+}
+
+} // namespace
+
+AccessibleNode::AccessibleNode(QDBusConnection connection, QString owner, QString place)
+    : bus(std::move(connection)), service(std::move(owner)), path(std::move(place)) {}
+
+QVariantList AccessibleNode::call(const QString& interface, const QString& method,
+                                  const QVariantList& arguments) const {
+    return ask(bus, service, path, interface, method, arguments);
+}
+
+QVariant AccessibleNode::property(const QString& interface, const QString& name) const {
+    const auto reply = ask(bus, service, path, propertiesInterface, QStringLiteral("Get"), {interface, name});
+    return reply.isEmpty() ? QVariant() : reply.front().value<QDBusVariant>().variant();
+}
+
+std::string AccessibleNode::name() const {
+    return property(accessible, QStringLiteral("Name")).toString().toStdString();
+}
+
+std::string AccessibleNode::role() const {
+    const auto reply = call(accessible, QStringLiteral("GetRoleName"));
+    return reply.isEmpty() ? std::string() : reply.front().toString().toStdString();
+}
+
+bool AccessibleNode::has(State state) const {
+    const auto reply = call(accessible, QStringLiteral("GetState"));
+    if (reply.isEmpty()) {
+        return false;
+    }
+    const auto words = qdbus_cast<QList<unsigned>>(reply.front());
+    const auto bit = static_cast<unsigned>(state);
+    constexpr unsigned wordBits = 32;
+    const auto word = static_cast<qsizetype>(bit / wordBits);
+    return word < words.size() && ((words[word] >> (bit % wordBits)) & 1U) != 0;
+}
+
+std::vector<AccessibleNode> AccessibleNode::children() const {
+    const auto reply = call(accessible, QStringLiteral("GetChildren"));
+    std::vector<AccessibleNode> result;
+    if (reply.isEmpty()) {
+        return result;
+    }
+    const auto list = reply.front().value<QDBusArgument>();
+    list.beginArray();
+    while (!list.atEnd()) {
+        QString owner;
+        QDBusObjectPath place;
+        list.beginStructure();
+        list >> owner >> place;
+        list.endStructure();
+        result.emplace_back(bus, owner, place.path());
+    }
+    list.endArray();
+    return result;
+}
+
+std::optional<AccessibleNode>
+AccessibleNode::find(const std::function<bool(const AccessibleNode&)>& condition) const {
+    for (const AccessibleNode& child : children()) {
+        if (condition(child)) {
+            return child;
+        }
+        if (auto found = child.find(condition)) {
+            return found;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<AccessibleNode> AccessibleNode::find(const std::string& role, const std::string& name) const {
+    return find([&](const AccessibleNode& node) { return node.name() == name && node.role() == role; });
+}
+
+QRect AccessibleNode::extents() const {
+    const auto reply = call(QStringLiteral("org.a11y.atspi.Component"), QStringLiteral("GetExtents"), {0U});
+    if (reply.isEmpty()) {
+        return {};
+    }
+    const auto structure = reply.front().value<QDBusArgument>();
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    structure.beginStructure();
+    structure >> x >> y >> width >> height;
+    structure.endStructure();
+    return {x, y, width, height};
+}
+
+void AccessibleNode::act() const {
+    static_cast<void>(call(QStringLiteral("org.a11y.atspi.Action"), QStringLiteral("DoAction"), {0}));
+}
+
+double AccessibleNode::value(const QString& which) const {
+    return property(QStringLiteral("org.a11y.atspi.Value"), which).toDouble();
+}
+
+void AccessibleNode::setValue(double value) const {
+    static_cast<void>(ask(bus, service, path, propertiesInterface, QStringLiteral("Set"),
+                          {QStringLiteral("org.a11y.atspi.Value"), QStringLiteral("CurrentValue"),
+                           QVariant::fromValue(QDBusVariant(value))}));
+}
+
+AccessibilityBus::AccessibilityBus(const std::string& sessionBus)
+    : process(ChildProcess::start({QUILLARY_ACCESSIBILITY_BUS, "--launch-immediately", "--a11y=1"})) {
+    const auto session = QDBusConnection::connectToBus(QString::fromStdString(sessionBus), sessionName);
+    QString address;
+    VirtualDisplay::waitUntil([&] {
+        const auto reply = ask(session, QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+                               QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"), {});
+        address = reply.isEmpty() ? QString() : reply.front().toString();
+        return !address.isEmpty();
+    });
+    if (!address.isEmpty()) {
+        bus = QDBusConnection::connectToBus(address, accessibilityName);
+    }
+}
+
+AccessibilityBus::~AccessibilityBus() {
+    bus.reset();
+    QDBusConnection::disconnectFromBus(accessibilityName);
+    QDBusConnection::disconnectFromBus(sessionName);
+    if (process > 0) {
+        ChildProcess::end(process);
+    }
+}
+
+AccessibleNode AccessibilityBus::desktop() const {
+    return {*bus, QStringLiteral("org.a11y.atspi.Registry"),
+            QStringLiteral("/org/a11y/atspi/accessible/root")};
+}
+
+} // namespace quillary::test
