@@ -2,6 +2,7 @@
 
 #import "platform/macos/MacBlur.h"
 #include "platform/macos/MacPopUpMenu.h"
+#include "platform/macos/NonactivatingCreation.h"
 
 #include <QEvent>
 #include <QWidget>
@@ -41,6 +42,7 @@ MacPanelWindow::MacPanelWindow(QWidget& widget) : native(std::make_unique<Native
     widget.setAttribute(Qt::WA_ShowWithoutActivating);
     widget.setAttribute(Qt::WA_MacAlwaysShowToolWindow);
     widget.installEventFilter(this);
+    const NonactivatingCreation creation;
     widget.winId();
     dress();
 }

@@ -4,20 +4,26 @@
 
 namespace quillary {
 
-NotificationToken::NotificationToken(NSNotificationCenter* center, NSNotificationName name,
-                                     std::function<void(NSNotification*)> handler)
-    : observed(center),
-      token([center addObserverForName:name
+NotificationToken::NotificationToken(NSNotificationCenter* center, NSNotificationName name, Handler called)
+    : handler(std::make_shared<Handler>(std::move(called))), observed(center) {
+    const std::weak_ptr<Handler> waiting = handler;
+    token = [center addObserverForName:name
                                 object:nil
                                  queue:[NSOperationQueue mainQueue]
                             usingBlock:^(NSNotification* notification) {
-                              handler(notification);
-                            }]) {}
+                              if (const auto held = waiting.lock()) {
+                                  (*held)(notification);
+                              }
+                            }];
+}
 
 NotificationToken::NotificationToken(NotificationToken&& other) noexcept
-    : observed(std::exchange(other.observed, nil)), token(std::exchange(other.token, nil)) {}
+    : handler(std::move(other.handler)),
+      observed(std::exchange(other.observed, nil)),
+      token(std::exchange(other.token, nil)) {}
 
 NotificationToken& NotificationToken::operator=(NotificationToken&& other) noexcept {
+    std::swap(handler, other.handler);
     std::swap(observed, other.observed);
     std::swap(token, other.token);
     return *this;

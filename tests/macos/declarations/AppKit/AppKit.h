@@ -200,7 +200,16 @@ typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
     NSWindowCollectionBehaviorIgnoresCycle API_AVAILABLE(macos(10.6)) = 1 << 6,
 };
 
+typedef NS_ENUM(NSUInteger, NSBackingStoreType) {
+    NSBackingStoreBuffered = 2,
+};
+
 @interface NSWindow : NSObject
+- (instancetype)initWithContentRect:(NSRect)contentRect
+                          styleMask:(NSWindowStyleMask)style
+                            backing:(NSBackingStoreType)backingStoreType
+                              defer:(BOOL)flag
+                             screen:(nullable NSScreen*)screen;
 @property NSWindowStyleMask styleMask;
 @property(nullable, strong) __kindof NSView* contentView;
 @property NSWindowLevel level;
