@@ -136,6 +136,8 @@ struct DockScene {
     QSizeF panelSize;
     DockEdge edge = DockEdge::bottom;
     DockStyle style = DockStyle::glass;
+    /// The side of a resting icon.
+    double iconSize = 0;
     /// How far the whole is moved off the screen, and how opaque it is.
     QPointF offset;
     double opacity = 1;

@@ -252,6 +252,7 @@ DockScene buildDockScene(const DockModel& model, const DockSceneState& state) {
     scene.panelSize = geometry.panelSize();
     scene.edge = geometry.edge;
     scene.style = geometry.style;
+    scene.iconSize = geometry.size;
     scene.offset = hideOffset(geometry, state.hidden);
     scene.opacity = std::clamp(1 - state.hidden, 0.0, 1.0);
     scene.background = background(moment, state.dropTargeted);

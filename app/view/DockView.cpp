@@ -9,8 +9,10 @@
 #include "app/view/DockPainter.h"
 #include "app/view/IconCache.h"
 #include "app/view/ItemDrag.h"
+#include "app/view/PixelFit.h"
 #include "platform/PanelWindow.h"
 #include "platform/Platform.h"
+#include "platform/PointerMonitor.h"
 #include "platform/Scheduler.h"
 #include "platform/Workspace.h"
 
@@ -59,6 +61,7 @@ DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> i
     connect(model.get(), &DockModel::bouncingChanged, this, [this] { refresh(Existence::asKnown); });
     connect(model.get(), &DockModel::hiddenChanged, this, &DockView::followHidden);
     connect(model->running.get(), &RunningApps::appsChanged, this, rearrange);
+    connect(&platform.pointer(), &PointerMonitor::moved, this, &DockView::followPress);
     connect(model->running.get(), &RunningApps::activePathChanged, this, redraw);
     connect(model->memory.get(), &MemoryMonitor::statsChanged, this, redraw);
     connect(model->memory.get(), &MemoryMonitor::byAppChanged, this, redraw);
@@ -156,12 +159,14 @@ void DockView::frame() {
 }
 
 void DockView::setScene(DockScene next) {
-    const QRegion damage = DockScene::damage(shown, next);
+    const QPointF origin = model->geometry(model->cells()).frameOrigin();
+    DockScene onPixels = fittedToPixels(next, {.origin = origin, .ratio = devicePixelRatioF()});
+    const QRegion damage = DockScene::damage(drawn, onPixels);
     shown = std::move(next);
+    drawn = std::move(onPixels);
     if (!damage.isEmpty()) {
         updateShape();
         updateBlur();
-        const QPointF origin = model->geometry(model->cells()).frameOrigin();
         // One rectangle: the toolkit clips several pixel row by pixel row, on threads that cost more than
         // they paint.
         update(damage.boundingRect().translated(origin.toPoint()));
@@ -196,7 +201,9 @@ void DockView::paint(QPainter& painter) {
     const double ratio = painter.device()->devicePixelRatioF();
     const Appearance look = appearance();
     sprites.setLook(IconSprites::Look::of(geometry, look, ratio));
-    DockPainter(painter, look, sprites, plates).draw(shown, geometry.frameOrigin());
+    const QPointF origin = geometry.frameOrigin();
+    DockPainter(painter, look, sprites, plates)
+        .draw(fittedToPixels(shown, {.origin = origin, .ratio = ratio}), origin);
 }
 
 QString DockView::labelText(const std::string& path) {
@@ -248,8 +255,19 @@ void DockView::mousePressEvent(QMouseEvent* event) {
     }
 }
 
+// Windows need not be told of movements; the pointer monitor is.
+void DockView::followPress(QPointF location) {
+    if (press.isDown()) {
+        movePress(mapFromGlobal(location));
+    }
+}
+
 void DockView::mouseMoveEvent(QMouseEvent* event) {
-    if (const auto start = press.move(event->position(), platform.scheduler().now())) {
+    movePress(event->position());
+}
+
+void DockView::movePress(QPointF position) {
+    if (const auto start = press.move(position, platform.scheduler().now())) {
         const auto path = pathAt(*start);
         refresh(Existence::asKnown);
         if (path) {

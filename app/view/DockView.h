@@ -74,6 +74,8 @@ private:
 
     void followMouse();
     void followHidden();
+    void followPress(QPointF location);
+    void movePress(QPointF position);
     void beginDrag(const std::string& path);
     void hover(QDropEvent& event);
     [[nodiscard]] QPointF scenePoint(QPointF position) const;
@@ -99,6 +101,8 @@ private:
     Plates plates;
     QFontMetricsF labelMetrics;
     DockScene shown;
+    /// The same as it falls on the device's pixels: what looks equal is equal here.
+    DockScene drawn;
     std::map<std::string, bool, std::less<>> existing;
     std::map<std::string, QString, std::less<>> names;
     /// Laying out a text costs more than the rest of a scene: the label's last one is remembered.

@@ -23,6 +23,8 @@ public:
     /// The press comes to nothing.
     void cancel(double now);
 
+    /// Whether the button is down and may still make a click or a drag.
+    [[nodiscard]] bool isDown() const { return start.has_value(); }
     /// How far the item looks pressed: 0 not at all, 1 wholly.
     [[nodiscard]] double amount(std::string_view path, double now) const;
     [[nodiscard]] bool settled(double now) const { return pressed.settled(now); }

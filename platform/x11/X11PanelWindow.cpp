@@ -4,6 +4,7 @@
 #include "platform/x11/ShapeRectangles.h"
 #include "platform/x11/X11Compositor.h"
 #include "platform/x11/X11Grab.h"
+#include "platform/x11/X11InputSelection.h"
 #include "platform/x11/X11Screens.h"
 
 #include <QEvent>
@@ -97,6 +98,9 @@ void X11PanelWindow::dress() {
         sentBlur = {};
         sentBounds.reset();
         followCrossings();
+        // The pointer monitor tells of movements once a frame; a fast mouse would wake two threads a thousand
+        // times a second.
+        X11InputSelection::leaveOutMotion(qtConnection(), native);
     }
     applyBlur();
     applyShapes();

@@ -272,5 +272,21 @@ TEST_F(DragTest, draggingAnIconStartsBeyond4Points) {
     EXPECT_THAT(asked(), IsEmpty());
 }
 
+TEST_F(DragTest, movementsOfThePointerStartADragWhereWindowsAreNotToldOfThem) {
+    std::string started;
+    view().startDrag = [&](const std::string& path, const QImage& /*picture*/) { started = path; };
+    const QPointF start = on(notes);
+    platform.pointer().moveTo(view().mapToGlobal(start - QPointF(9, 9)));
+    QMouseEvent press(QEvent::MouseButtonPress, start, view().mapToGlobal(start), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&view(), &press);
+    platform.pointer().moveTo(view().mapToGlobal(start + QPointF(0, 4)));
+    turn();
+    EXPECT_EQ(started, "");
+    platform.pointer().moveTo(view().mapToGlobal(start + QPointF(1, 4)));
+    turn();
+    EXPECT_EQ(started, notes);
+}
+
 } // namespace
 } // namespace quillary::test

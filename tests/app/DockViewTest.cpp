@@ -1,6 +1,7 @@
 #include "app/view/DockView.h"
 
 #include "app/view/IconCache.h"
+#include "app/view/PixelFit.h"
 #include "tests/app/Fixture.h"
 
 #include <QCoreApplication>
@@ -35,6 +36,15 @@ protected:
         image.fill(Qt::transparent);
         view->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
         return image;
+    }
+    static void expectEqualOutside(const QRegion& damage, const QImage& before, const QImage& after) {
+        for (int y = 0; y < after.height(); ++y) {
+            for (int x = 0; x < after.width(); ++x) {
+                if (!damage.contains(QPoint(x, y))) {
+                    ASSERT_EQ(before.pixel(x, y), after.pixel(x, y)) << x << " " << y;
+                }
+            }
+        }
     }
     void press(QPointF from, QPointF to) const {
         QMouseEvent down(QEvent::MouseButtonPress, from, from, Qt::LeftButton, Qt::LeftButton,
@@ -153,25 +163,29 @@ TEST_F(DockViewTest, iconsAreDrawnAtTheirPlaces) {
 }
 
 TEST_F(DockViewTest, whatIsDamagedIsWhatChangesOnTheScreen) {
-    wait(1);
+    configure([](DockConfig& config) {
+        for (int i = 0; i < 8; ++i) {
+            std::string path("/Applications/Number ");
+            path += std::to_string(i);
+            config.items.push_back(path + ".app");
+        }
+    });
+    platform.workspace().launch("/Applications/Number 7.app");
+    view->resize(model().geometry(model().cells()).panelSize().toSize());
+    wait(2);
     const DockGeometry geometry = model().geometry(model().cells());
     const double first = geometry.rowOffset() + geometry.restCenters[0];
     model().setMouse(geometry.point(first, 40));
     wait(1);
-    const DockScene before = view->scene();
-    const QImage old = picture();
-    model().setMouse(geometry.point(first + 9, 40));
-    const QRegion damage = DockScene::damage(before, view->scene());
-    const QImage now = picture();
-    for (int y = 0; y < now.height(); ++y) {
-        for (int x = 0; x < now.width(); ++x) {
-            if (!damage.contains(QPoint(x, y))) {
-                ASSERT_EQ(old.pixel(x, y), now.pixel(x, y)) << x << " " << y;
-            }
-        }
+    const PixelGrid grid{.origin = geometry.frameOrigin()};
+    for (int step = 1; step <= 54; ++step) {
+        const DockScene before = fittedToPixels(view->scene(), grid);
+        const QImage old = picture();
+        model().setMouse(geometry.point(first + step, 40));
+        const QRegion damage = DockScene::damage(before, fittedToPixels(view->scene(), grid));
+        expectEqualOutside(damage.translated(grid.origin.toPoint()), old, picture());
     }
 }
-
 TEST_F(DockViewTest, aClickOpensTheItemUnderThePointer) {
     const DockGeometry geometry = model().geometry(model().cells());
     const QPointF second = geometry.point(geometry.rowOffset() + geometry.restCenters[1], 40);

@@ -22,6 +22,10 @@ void ColourWidget::mousePressEvent(QMouseEvent* event) {
     }
 }
 
+void ColourWidget::mouseMoveEvent(QMouseEvent* /*event*/) {
+    ++movements;
+}
+
 void PanelFixture::startPanel() {
     startApplication();
     widget = std::make_unique<ColourWidget>();

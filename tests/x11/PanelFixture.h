@@ -14,12 +14,14 @@ class ColourWidget : public QWidget {
 public:
     QColor colour = Qt::red;
     int presses = 0;
+    int movements = 0;
     /// Called with the place of a press of the right button, on the widget.
     std::function<void(QPoint)> rightPressed;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
 };
 
 /// One panel on a display with two monitors.

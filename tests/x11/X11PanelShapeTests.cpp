@@ -100,6 +100,21 @@ TEST_F(X11PanelShapeTest, clicksOutsideTheRegionReachTheWindowBelow) {
     EXPECT_EQ(widget->presses, 1);
 }
 
+TEST_F(X11PanelShapeTest, movementsAreLeftToThePointerMonitor) {
+    startPanel();
+    widget->setMouseTracking(true);
+    present(QRect(340, 700, 600, 120));
+    display.movePointer(QPoint(400, 750));
+    for (int x = 410; x < 500; x += 10) {
+        display.movePointer(QPoint(x, 750));
+        settle();
+    }
+    display.click(QPoint(600, 790));
+    ASSERT_TRUE(eventually([&] { return widget->presses == 1; })) << "of clicks it is told";
+    // The toolkit makes a movement of every entering.
+    EXPECT_LE(widget->movements, 2);
+}
+
 TEST_F(X11PanelShapeTest, crossingsAreTold) {
     startPanel();
     present(QRect(340, 700, 600, 120));

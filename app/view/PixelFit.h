@@ -1,0 +1,22 @@
+#pragma once
+
+#include "app/view/DockScene.h"
+
+#include <QPointF>
+
+namespace quillary {
+
+/// Where a scene lies on a device.
+struct PixelGrid {
+    /// The panel's origin, in points of the device.
+    QPointF origin{};
+    /// Device pixels per point.
+    double ratio = 1;
+};
+
+/// The scene with everything that is drawn on whole device pixels moved to those: icons of the resting size
+/// with what belongs to them, and the sides of the background, of separators and of the label. What looks the
+/// same is equal then, although magnification moved it by a part of a pixel.
+[[nodiscard]] DockScene fittedToPixels(DockScene scene, const PixelGrid& grid);
+
+} // namespace quillary
