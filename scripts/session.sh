@@ -80,13 +80,17 @@ fnv1a() {
     printf '%s\n' "$hash"
 }
 
-# The server finds a free display number and writes it when clients may connect.
-start_screen() {
+# start_server SIZE: the server finds a free display number and writes it when clients may connect.
+start_server() {
     : >"$session/display"
-    start screen Xvfb -displayfd 3 -screen 0 2400x800x24 -noreset -nolisten tcp 3>"$session/display"
+    start screen Xvfb -displayfd 3 -screen 0 "$1x24" -noreset -nolisten tcp 3>"$session/display"
     wait_until 20 test -s "$session/display" || fail "no virtual screen: $(cat "$session/screen.log")"
     DISPLAY=:$(<"$session/display")
     export DISPLAY
+}
+
+start_screen() {
+    start_server 2400x800
     xrandr --setmonitor '*LEFT' 1280/320x800/200+0+0 screen >/dev/null
     xrandr --setmonitor RIGHT 1120/280x800/200+1280+0 none >/dev/null
 }
@@ -142,7 +146,7 @@ compositor_runs() {
 wallpaper() {
     convert -size 240x80 xc: -sparse-color Shepards \
         '0,0 #1d2b53 120,0 #3a4f8f 239,0 #6b4c8a 60,40 #2f6d8c 180,35 #c06c84 0,79 #14323f 120,79 #f2a488 239,79 #3b2a56' \
-        -resize 2400x800! -blur 0x20 "$session/wallpaper.png"
+        -resize "$(xdotool getdisplaygeometry | tr " " x)!" -blur 0x20 "$session/wallpaper.png"
     hsetroot -root -cover "$session/wallpaper.png" >/dev/null
 }
 

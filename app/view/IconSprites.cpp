@@ -157,4 +157,15 @@ IconSprites::Sprite IconSprites::renderDisc(int iconSize) const {
     return {image, margin, side};
 }
 
+std::size_t IconSprites::bytes() const {
+    const auto of = [](const Pair& pair) {
+        return static_cast<std::size_t>(pair.resting.image.sizeInBytes() + pair.largest.image.sizeInBytes());
+    };
+    std::size_t sum = of(discs);
+    for (const auto& [path, pair] : sprites) {
+        sum += of(pair);
+    }
+    return sum;
+}
+
 } // namespace quillary

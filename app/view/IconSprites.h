@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QImage>
 
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <string>
@@ -57,6 +58,9 @@ public:
     [[nodiscard]] const Sprite& icon(const std::string& path, double drawnSize);
     /// The disc behind an icon drawn this large.
     [[nodiscard]] const Sprite& disc(double iconSize);
+
+    /// The memory that the sprites take; for measurements.
+    [[nodiscard]] std::size_t bytes() const;
 
 private:
     struct Pair {
