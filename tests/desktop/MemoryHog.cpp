@@ -127,7 +127,6 @@ int main(int argc, char* argv[]) {
     if (pipe(ends) != 0 || pipe(ready) != 0) {
         return 1;
     }
-    const Memory anonymous(wish["anonymous"], MAP_PRIVATE);
     const Memory forked(wish["forked"], MAP_PRIVATE);
     const Memory shared(wish["shared"], MAP_SHARED);
     const Memory lazy(wish["lazy"], MAP_PRIVATE);
@@ -164,6 +163,8 @@ int main(int argc, char* argv[]) {
     if (wish["nodump"] != 0) {
         prctl(PR_SET_DUMPABLE, 0);
     }
+    // No child has any of it.
+    const Memory anonymous(wish["anonymous"], MAP_PRIVATE);
     char byte = 0;
     for (long child = 0; child < children; ++child) {
         if (read(ready[0], &byte, 1) != 1) {

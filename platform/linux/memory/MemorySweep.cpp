@@ -50,9 +50,9 @@ std::vector<AppUsage> MemorySweep::run(const DesktopNow& desktop) {
     readExactly(owned);
     std::vector<ProcessSample> samples;
     samples.reserve(owned.size());
-    for (auto& process : owned) {
+    for (const auto& process : owned) {
         samples.push_back({.pid = process.pid,
-                           .path = std::move(process.application),
+                           .path = process.record->application,
                            .bytes = process.record->estimate.bytes()});
     }
     return AppMemoryGrouping::sum(samples, paths.byId(m_surroundings.ownId));
@@ -73,6 +73,7 @@ void MemorySweep::survey() {
         const auto known = m_table.records.find(pid);
         if (known != m_table.records.end() && known->second.stat.startTime == stat->startTime) {
             record = std::move(known->second);
+            m_table.records.erase(known);
             // Another program: what it is has to be found out again.
             record.sightings = record.stat.command == stat->command ? record.sightings : 0;
         }
@@ -81,6 +82,9 @@ void MemorySweep::survey() {
         if (met.emplace(pid, std::move(record)).second) {
             m_order.push_back(pid);
         }
+    }
+    for (const auto& [pid, gone] : m_table.records) {
+        m_table.families[gone.application] += gone.estimate.unshared();
     }
     m_table.records = std::move(met);
 }
@@ -132,8 +136,10 @@ std::vector<MemorySweep::Owned> MemorySweep::attribute(EntryPaths& paths) {
     });
     std::vector<Owned> owned;
     for (const auto pid : m_order) {
-        if (auto application = owners.ownerOf(pid); !application.empty()) {
-            owned.push_back({pid, &m_table.records.at(pid), std::move(application)});
+        auto& record = m_table.records.at(pid);
+        record.application = owners.ownerOf(pid);
+        if (!record.application.empty()) {
+            owned.push_back({pid, &record});
         }
     }
     return owned;
@@ -153,6 +159,8 @@ void MemorySweep::readCheaply(std::vector<Owned>& owned) {
             return true;
         }
         record.residentThen = record.stat.residentPages;
+        const auto before = record.estimate.unshared();
+        m_table.families[record.application] += std::max(before, unshared) - std::min(before, unshared);
         record.estimate.setUnshared(unshared);
         return false;
     });
@@ -162,7 +170,8 @@ void MemorySweep::readExactly(std::vector<Owned>& owned) {
     const auto now = m_surroundings.clock();
     std::vector<std::pair<double, const Owned*>> doubtful;
     for (const auto& process : owned) {
-        const auto doubt = process.record->estimate.doubt(now);
+        const auto& record = *process.record;
+        const auto doubt = record.estimate.doubt(now, m_table.families[record.application]);
         if (doubt >= doubtWorthReading) {
             doubtful.emplace_back(doubt, &process);
         }
@@ -179,7 +188,7 @@ void MemorySweep::readExactly(std::vector<Owned>& owned) {
             const auto exact = m_surroundings.processes.footprint(pid);
             if (unshared && isStill(pid, record)) {
                 record.estimate.setUnshared(*unshared);
-                record.estimate.setExact(exact, now);
+                record.estimate.setExact(exact, now, m_table.families[record.application]);
             }
         });
         m_table.budget.take(m_surroundings.processorTime() - begin);

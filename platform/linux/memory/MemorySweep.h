@@ -53,7 +53,6 @@ private:
     struct Owned {
         std::int32_t pid = 0;
         Record* record = nullptr;
-        std::string application;
     };
 
     void survey();

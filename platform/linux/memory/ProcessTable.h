@@ -25,10 +25,14 @@ struct ProcessTable {
         /// Pages in memory when the cheap figure was last asked for.
         std::uint64_t residentThen = 0;
         FootprintEstimate estimate;
+        /// Path of the application that it belonged to.
+        std::string application;
     };
 
     /// By process id.
     std::unordered_map<std::int32_t, Record> records;
+    /// By application: how many bytes its processes have taken on and given up so far.
+    std::unordered_map<std::string, std::uint64_t> families;
     ReadingBudget budget;
     /// How many samples there were.
     std::uint64_t samples = 0;

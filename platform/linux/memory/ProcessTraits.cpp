@@ -40,7 +40,7 @@ constexpr std::array<std::string_view, 27> sharedFolders = {"",
                                                             "/usr/share",
                                                             "/var/tmp"};
 
-// Folders of one kind for every user or every machine: "/home/ann", "/home/ann/.local",
+// Folders of one kind for every user or every machine: a home, "bin" and ".local" in it,
 // "/usr/lib/x86_64-linux-gnu".
 bool isSharedByPlace(std::string_view folder) {
     const auto name = baseName(folder);

@@ -11,7 +11,7 @@ namespace {
 FootprintEstimate read(std::uint64_t unshared, std::uint64_t exact) {
     FootprintEstimate estimate;
     estimate.setUnshared(unshared);
-    estimate.setExact(exact, 100);
+    estimate.setExact(exact, 100, 0);
     return estimate;
 }
 
@@ -20,7 +20,7 @@ TEST(FootprintEstimate, isTheCheapFigureUntilTheExactOneIsKnown) {
     EXPECT_EQ(estimate.bytes(), 0U);
     estimate.setUnshared(1000);
     EXPECT_EQ(estimate.bytes(), 1000U);
-    estimate.setExact(700, 1);
+    estimate.setExact(700, 1, 0);
     EXPECT_EQ(estimate.bytes(), 700U);
 }
 
@@ -30,10 +30,12 @@ TEST(FootprintEstimate, growthIsTheProcesssOwn) {
     EXPECT_EQ(estimate.bytes(), 1200U);
 }
 
-TEST(FootprintEstimate, shrinkingTakesFromAllThereIs) {
+TEST(FootprintEstimate, whatAProcessGivesUpWasItsOwn) {
     auto estimate = read(1000, 700);
     estimate.setUnshared(500);
-    EXPECT_EQ(estimate.bytes(), 350U);
+    EXPECT_EQ(estimate.bytes(), 200U);
+    estimate.setUnshared(300);
+    EXPECT_EQ(estimate.bytes(), 0U);
     estimate.setUnshared(0);
     EXPECT_EQ(estimate.bytes(), 0U);
 }
@@ -41,22 +43,33 @@ TEST(FootprintEstimate, shrinkingTakesFromAllThereIs) {
 TEST(FootprintEstimate, ofAProcessThatNobodyMayReadTheCheapFigureStands) {
     FootprintEstimate estimate;
     estimate.setUnshared(1000);
-    estimate.setExact(std::nullopt, 100);
+    estimate.setExact(std::nullopt, 100, 0);
     estimate.setUnshared(800);
     EXPECT_EQ(estimate.bytes(), 800U);
-    EXPECT_EQ(estimate.doubt(100), 200.0);
+    EXPECT_EQ(estimate.doubt(100, 0), 200.0);
 }
 
 TEST(FootprintEstimate, doubtGrowsWithChangeAndTime) {
     FootprintEstimate estimate;
     estimate.setUnshared(1000);
-    EXPECT_EQ(estimate.doubt(5000), 1000.0);
-    estimate.setExact(700, 100);
-    EXPECT_EQ(estimate.doubt(100), 0.0);
-    EXPECT_EQ(estimate.doubt(220), 100.0);
+    EXPECT_EQ(estimate.doubt(5000, 0), 1000.0);
+    estimate.setExact(700, 100, 0);
+    EXPECT_EQ(estimate.doubt(100, 0), 0.0);
+    EXPECT_EQ(estimate.doubt(220, 0), 100.0);
     estimate.setUnshared(600);
-    EXPECT_EQ(estimate.doubt(160), 430.0);
-    EXPECT_EQ(estimate.doubt(50), 400.0);
+    EXPECT_EQ(estimate.doubt(160, 0), 430.0);
+    EXPECT_EQ(estimate.doubt(50, 0), 400.0);
+}
+
+TEST(FootprintEstimate, whatOthersOfItsFamilyDoIsDoubtfulAsFarAsItShares) {
+    FootprintEstimate estimate;
+    estimate.setUnshared(1000);
+    estimate.setExact(700, 100, 5000);
+    EXPECT_EQ(estimate.doubt(100, 5000), 0.0);
+    EXPECT_EQ(estimate.doubt(100, 5200), 200.0);
+    EXPECT_EQ(estimate.doubt(100, 9999), 300.0);
+    estimate.setExact(1200, 100, 0);
+    EXPECT_EQ(estimate.doubt(100, 9999), 0.0);
 }
 
 TEST(ReadingBudget, theFirstSampleMaySpendFortyMilliseconds) {
