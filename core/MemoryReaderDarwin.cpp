@@ -1,6 +1,7 @@
 #include "core/Fatal.h"
 #include "core/MemoryReader.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -15,7 +16,6 @@ namespace {
 
 // In words of 32 bits. More than the kernel's record has today: it fills in its own size.
 constexpr mach_msg_type_number_t statisticsWords = 62;
-static_assert(sizeof(vm_statistics64) <= statisticsWords * sizeof(integer_t));
 static_assert(sizeof(xsw_usage) == 32);
 
 // Asks for a value of exactly this type; one that cannot be had is zero.
@@ -39,7 +39,8 @@ std::uint64_t used() {
         fatal("the size of a memory page is negative");
     }
     vm_statistics64 statistics{};
-    std::memcpy(&statistics, words.data(), sizeof(statistics));
+    // Later systems may know a longer record; what is read here stands at its start.
+    std::memcpy(&statistics, words.data(), std::min(sizeof(statistics), sizeof(words)));
     return MemoryStats::usedBytes(static_cast<std::uint64_t>(pageSize), statistics.internal_page_count,
                                   statistics.purgeable_count, statistics.wire_count,
                                   statistics.compressor_page_count);
