@@ -52,7 +52,7 @@ void show(Form form) {
         state().window = makeWindow(form);
     }
     QWidget& shown = *state().window;
-    if (shown.isVisible() && !shown.isActiveWindow()) {
+    if (shown.isVisible() && (shown.isMinimized() || !shown.isActiveWindow())) {
         // It may be on another virtual desktop, from which window managers do not fetch a window that asks to
         // be in front: one that appears does so where the user is.
         shown.hide();

@@ -16,6 +16,7 @@ namespace {
 constexpr int patience = 5000;
 const QString accessible = QStringLiteral("org.a11y.atspi.Accessible");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+const QString launcher = QStringLiteral("org.a11y.Bus");
 const QString sessionName = QStringLiteral("quillary-tests-session");
 const QString accessibilityName = QStringLiteral("quillary-tests-accessibility");
 
@@ -23,6 +24,8 @@ QVariantList ask(const QDBusConnection& bus, const QString& service, const QStri
                  const QString& interface, const QString& method, const QVariantList& arguments) {
     auto message = QDBusMessage::createMethodCall(service, path, interface, method);
     message.setArguments(arguments);
+    // The bus would start an accessibility bus of its own, which comes before ours and is switched off.
+    message.setAutoStartService(interface != launcher);
     const auto reply = bus.call(message, QDBus::Block, patience);
     return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments() : QVariantList();
 }
@@ -135,8 +138,8 @@ AccessibilityBus::AccessibilityBus(const std::string& sessionBus)
     const auto session = QDBusConnection::connectToBus(QString::fromStdString(sessionBus), sessionName);
     QString address;
     VirtualDisplay::waitUntil([&] {
-        const auto reply = ask(session, QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
-                               QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"), {});
+        const auto reply = ask(session, launcher, QStringLiteral("/org/a11y/bus"), launcher,
+                               QStringLiteral("GetAddress"), {});
         address = reply.isEmpty() ? QString() : reply.front().toString();
         return !address.isEmpty();
     });

@@ -246,13 +246,22 @@ TEST_F(SettingsWindowTest, itComesToTheFrontFromAnotherDesktopAndWhenMinimised) 
         EXPECT_TRUE(eventually([&] { return display.isViewable(window); }));
         EXPECT_TRUE(eventually([&] { return display.geometry(window) == place; }));
     };
-    goTo("2");
-    comes();
-    minimise();
-    comes();
-    minimise();
-    goTo("1");
-    comes();
+    {
+        SCOPED_TRACE("on another desktop");
+        goTo("2");
+        comes();
+    }
+    {
+        SCOPED_TRACE("minimised");
+        minimise();
+        comes();
+    }
+    {
+        SCOPED_TRACE("minimised on another desktop");
+        minimise();
+        goTo("1");
+        comes();
+    }
 }
 
 TEST_F(SettingsWindowTest, itComesToTheFrontOfTheOtherWindowsOfItsDesktop) {
