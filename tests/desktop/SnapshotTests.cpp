@@ -36,9 +36,45 @@ TEST_F(SnapshotTest, aNamedFolderGetsPicturesAndAReportAndTheProgramEnds) {
     EXPECT_EQ(pictures[1].size(), QSize(146, 125));
     EXPECT_EQ(pictures[0].pixelColor(46, 82), QColor(Qt::red)) << "the middle of the icon";
 
+    // At its first size, on the page's colour beside the groups.
+    const QImage settings(QString::fromStdString((folder / "screenshot-settings.png").string()));
+    EXPECT_EQ(settings.size(), QSize(560, 640));
+
     const auto report = Home::read(folder / "snapshot-report.txt");
     EXPECT_TRUE(report.starts_with("showsMemory: false\npressure: ")) << report;
     EXPECT_NE(report.find("\ndock LEFT\ndock RIGHT"), std::string::npos) << report;
+}
+
+TEST_F(SnapshotTest, picturesHaveTheScreensPixels) {
+    const auto folder = home.path() / "snapshot";
+    std::filesystem::create_directories(folder);
+    program.start({"QY_SNAPSHOT_DIR=" + folder.string(), "QT_SCALE_FACTOR=2"});
+    EXPECT_EQ(program.waitForEnd(), Program::End{0}) << program.log();
+    const QImage settings(QString::fromStdString((folder / "screenshot-settings.png").string()));
+    EXPECT_EQ(settings.size(), QSize(1120, 1280));
+}
+
+TEST_F(SnapshotTest, aDockThatIsHiddenHasNoPicture) {
+    home.writeSettings(settingsJson(
+        {dockJson(leftKey, {"/a"}, R"("autoHide":true)"), dockJson(rightKey, {"/a"}, R"("enabled":false)")}));
+    const auto folder = home.path() / "snapshot";
+    std::filesystem::create_directories(folder);
+    program.start({"QY_SNAPSHOT_DIR=" + folder.string()});
+    EXPECT_EQ(program.waitForEnd(), Program::End{0}) << program.log();
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        files.push_back(entry.path().filename().string());
+    }
+    std::ranges::sort(files);
+    EXPECT_EQ(files, (std::vector<std::string>{"screenshot-settings.png", "snapshot-report.txt"}));
+    EXPECT_NE(Home::read(folder / "snapshot-report.txt").find("\ndock LEFT\ndock RIGHT"), std::string::npos);
+}
+
+TEST_F(SnapshotTest, aFolderThatIsNotThereStillEndsTheProgram) {
+    const auto folder = home.path() / "missing";
+    program.start({"QY_SNAPSHOT_DIR=" + folder.string()});
+    EXPECT_EQ(program.waitForEnd(), Program::End{0}) << program.log();
+    EXPECT_FALSE(std::filesystem::exists(folder));
 }
 
 TEST_F(SnapshotTest, withoutAFolderItGoesOnRunning) {
