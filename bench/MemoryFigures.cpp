@@ -48,8 +48,8 @@ int main(int argc, char* argv[]) {
     quillary::ProcessTable table;
     const double begin = now();
     const double used = processorTime();
-    for (double next = 0; next <= end; next += interval) {
-        std::this_thread::sleep_for(std::chrono::duration<double>(begin + next - now()));
+    for (int round = 0; round * interval <= end; ++round) {
+        std::this_thread::sleep_for(std::chrono::duration<double>(begin + round * interval - now()));
         for (const auto& usage : quillary::MemorySweep(surroundings, busy, table).run(desktop)) {
             std::printf("%.2f %llu %.6f", now() - begin, static_cast<unsigned long long>(usage.bytes),
                         processorTime() - used);

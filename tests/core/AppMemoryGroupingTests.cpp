@@ -19,6 +19,7 @@ constexpr std::uint64_t most = std::numeric_limits<std::uint64_t>::max();
 
 std::vector<std::string> namesOf(const std::vector<AppUsage>& usages) {
     std::vector<std::string> names;
+    names.reserve(usages.size());
     for (const auto& usage : usages) {
         names.push_back(usage.name);
     }

@@ -149,13 +149,16 @@ INSTANTIATE_TEST_SUITE_P(
         Pressure{"some total=1\navg10=50.00\n", 1}));
 
 class LinuxMemoryFiles : public testing::Test {
-protected:
+public:
     LinuxMemoryFiles() {
         std::string name = (std::filesystem::temp_directory_path() / "quillary-core-XXXXXX").string();
         root = ::mkdtemp(name.data()) == nullptr ? "" : name;
     }
+    LinuxMemoryFiles(const LinuxMemoryFiles&) = delete;
+    LinuxMemoryFiles& operator=(const LinuxMemoryFiles&) = delete;
     ~LinuxMemoryFiles() override { std::filesystem::remove_all(root); }
 
+protected:
     void write(const std::string& name, const std::string& text) const {
         std::filesystem::create_directories((root / name).parent_path());
         std::ofstream(root / name) << text;

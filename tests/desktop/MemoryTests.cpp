@@ -65,7 +65,7 @@ protected:
     /// Installs an application in a folder of its own that uses memory as the words say, which are those of
     /// the helper program.
     std::filesystem::path install(const std::string& id, const std::string& words) {
-        const auto executable = home.path() / "opt" / id / "hog";
+        auto executable = home.path() / "opt" / id / "hog";
         std::filesystem::create_directories(executable.parent_path());
         std::filesystem::copy_file(QUILLARY_MEMORY_HOG, executable);
         entries[id] = home.install(id, colours.at(entries.size()),

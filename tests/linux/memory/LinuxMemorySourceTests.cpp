@@ -61,9 +61,8 @@ TEST_F(LinuxMemorySourceTest, applicationsAreFoundByTheirWindows) {
     show(11, "Editor");
     show(12, "Unknown");
     LinuxMemorySource source(windows, workspace, tree.root());
-    EXPECT_THAT(source.sampler()().applications,
-                ElementsAre(AppUsage{browser, "browser", {10}, 3000U * 1024U},
-                            AppUsage{editor, "editor", {11}, 2000U * 1024U}));
+    EXPECT_THAT(source.sampler()().applications, ElementsAre(AppUsage{browser, "browser", {10}, 3'072'000},
+                                                             AppUsage{editor, "editor", {11}, 2'048'000}));
 }
 
 TEST_F(LinuxMemorySourceTest, applicationsThatAppearLaterAreFoundToo) {
@@ -72,9 +71,8 @@ TEST_F(LinuxMemorySourceTest, applicationsThatAppearLaterAreFoundToo) {
     LinuxMemorySource source(windows, workspace, tree.root());
     EXPECT_EQ(source.sampler()().applications.size(), 1U);
     const auto viewer = run("viewer", "StartupWMClass=Viewer");
-    EXPECT_THAT(source.sampler()().applications,
-                ElementsAre(AppUsage{browser, "browser", {10}, 3000U * 1024U},
-                            AppUsage{viewer, "viewer", {11}, 2000U * 1024U}));
+    EXPECT_THAT(source.sampler()().applications, ElementsAre(AppUsage{browser, "browser", {10}, 3'072'000},
+                                                             AppUsage{viewer, "viewer", {11}, 2'048'000}));
 }
 
 TEST_F(LinuxMemorySourceTest, machineFiguresComeFromTheSameRoot) {
@@ -102,6 +100,7 @@ TEST_F(LinuxMemorySourceTest, samplesMayOverlap) {
     show(10, "Browser");
     LinuxMemorySource source(windows, workspace, tree.root());
     std::vector<std::thread> threads;
+    threads.reserve(8);
     for (int i = 0; i < 8; ++i) {
         threads.emplace_back([sampler = source.sampler()] {
             for (int round = 0; round < 20; ++round) {
@@ -112,8 +111,7 @@ TEST_F(LinuxMemorySourceTest, samplesMayOverlap) {
     for (auto& thread : threads) {
         thread.join();
     }
-    EXPECT_THAT(source.sampler()().applications,
-                ElementsAre(AppUsage{browser, "browser", {10}, 3000U * 1024U}));
+    EXPECT_THAT(source.sampler()().applications, ElementsAre(AppUsage{browser, "browser", {10}, 3'072'000}));
 }
 
 TEST_F(LinuxMemorySourceTest, theThreadHasItsPriorityBackAfterwards) {
