@@ -5,21 +5,11 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
-#include <atomic>
-#include <mutex>
-#include <thread>
-
 namespace quillary {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// A connection of its own: bars drop an item when the connection goes, and it goes with the item.
-QString nextConnectionName() {
-    static std::atomic<int> count = 0;
-    return u"quillary-status-%1"_s.arg(++count);
-}
 
 const auto driver = u"org.freedesktop.DBus"_s;
 const auto driverPath = u"/org/freedesktop/DBus"_s;
@@ -28,69 +18,29 @@ const auto watcherPath = u"/StatusNotifierWatcher"_s;
 
 } // namespace
 
-// Where the thread that connects leaves its result; without a reader once nobody waits for it any more.
-struct NotifierWatcher::Mailbox {
-    std::mutex lock;
-    NotifierWatcher* reader = nullptr;
-    bool connected = false;
-};
-
-NotifierWatcher::NotifierWatcher()
-    : mailbox(std::make_shared<Mailbox>()), connectionName(nextConnectionName()) {
-    mailbox->reader = this;
-    connectLater();
+NotifierWatcher::NotifierWatcher() {
+    connect(&session, &LateSessionBus::connected, this, &NotifierWatcher::follow);
+    connect(&session, &LateSessionBus::absent, this, &NotifierWatcher::forget);
 }
 
-NotifierWatcher::~NotifierWatcher() {
-    const std::lock_guard guard(mailbox->lock);
-    mailbox->reader = nullptr;
-    connection.reset();
-    // While the thread is still at it, this would wait for it; then the thread does it.
-    if (mailbox->connected) {
-        QDBusConnection::disconnectFromBus(connectionName);
-    }
-}
-
-// Connecting can't be interrupted once a peer has taken the connection and says nothing: the thread may wait
-// for as long as the program runs.
-void NotifierWatcher::connectLater() {
-    std::thread([box = mailbox, name = connectionName] {
-        const auto made = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
-        const std::lock_guard guard(box->lock);
-        box->connected = true;
-        if (auto* reader = box->reader) {
-            QMetaObject::invokeMethod(
-                reader, [reader, made] { reader->follow(made); }, Qt::QueuedConnection);
-        } else {
-            QDBusConnection::disconnectFromBus(name);
-        }
-    }).detach();
-}
-
-void NotifierWatcher::follow(const QDBusConnection& made) {
-    if (!made.isConnected()) {
-        setState(State::absent);
-        return;
-    }
-    connection = made;
-    connection->connect(driver, driverPath, driver, u"NameOwnerChanged"_s, {watcherName}, {}, this,
-                        SLOT(nameOwnerChanged(QString, QString, QString)));
+void NotifierWatcher::follow() {
+    auto connection = *session.connection();
+    connection.connect(driver, driverPath, driver, u"NameOwnerChanged"_s, {watcherName}, {}, this,
+                       SLOT(nameOwnerChanged(QString, QString, QString)));
     for (const auto& signal : {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s}) {
-        connection->connect({}, watcherPath, watcherName, signal, this, SLOT(hostsChanged()));
+        connection.connect({}, watcherPath, watcherName, signal, this, SLOT(hostsChanged()));
     }
-    connection->connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
-                        u"Disconnected"_s, this, SLOT(disconnected()));
     Q_EMIT connected();
     askOwner();
 }
 
 template<typename Function>
 void NotifierWatcher::call(const QDBusMessage& message, Function answered) {
-    auto* pending = new QDBusPendingCallWatcher(connection->asyncCall(message, patience), this);
+    auto* pending = new QDBusPendingCallWatcher(session.connection()->asyncCall(message, patience), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [pending, answered, asked = owner, this] {
         pending->deleteLater();
         // What one answers says nothing of the next.
-        if (asked == owner && connection) {
+        if (asked == owner && session.connection()) {
             answered(pending->reply());
         }
     });
@@ -128,7 +78,7 @@ void NotifierWatcher::setOwner(const QString& name) {
 void NotifierWatcher::introduce() {
     auto message =
         QDBusMessage::createMethodCall(owner, watcherPath, watcherName, u"RegisterStatusNotifierItem"_s);
-    message << connection->baseService();
+    message << session.connection()->baseService();
     call(message, [this](const QDBusMessage& reply) {
         if (reply.type() == QDBusMessage::ReplyMessage) {
             taken = true;
@@ -142,7 +92,7 @@ void NotifierWatcher::introduce() {
 }
 
 void NotifierWatcher::hostsChanged() {
-    if (connection && taken) {
+    if (session.connection() && taken) {
         askHosts();
     }
 }
@@ -157,8 +107,7 @@ void NotifierWatcher::askHosts() {
     });
 }
 
-void NotifierWatcher::disconnected() {
-    connection.reset();
+void NotifierWatcher::forget() {
     owner.clear();
     taken = false;
     setState(State::absent);

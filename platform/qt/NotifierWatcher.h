@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QDBusConnection>
+#include "platform/qt/LateSessionBus.h"
+
 #include <QObject>
 
-#include <memory>
 #include <optional>
 
 class QDBusMessage;
@@ -31,11 +31,10 @@ public:
     };
 
     NotifierWatcher();
-    ~NotifierWatcher() override;
 
     [[nodiscard]] State state() const { return now; }
     /// The bus; absent while it has not answered.
-    [[nodiscard]] const std::optional<QDBusConnection>& bus() const { return connection; }
+    [[nodiscard]] const std::optional<QDBusConnection>& bus() const { return session.connection(); }
 
     /// How long the other side gets to answer, in milliseconds.
     static constexpr int patience = 5000;
@@ -48,13 +47,10 @@ Q_SIGNALS:
 private Q_SLOTS:
     void nameOwnerChanged(const QString& name, const QString& before, const QString& after);
     void hostsChanged();
-    void disconnected();
 
 private:
-    struct Mailbox;
-
-    void connectLater();
-    void follow(const QDBusConnection& made);
+    void follow();
+    void forget();
     void askOwner();
     void setOwner(const QString& name);
     void introduce();
@@ -63,9 +59,8 @@ private:
     void call(const QDBusMessage& message, Function answered);
     void setState(State state);
 
-    std::shared_ptr<Mailbox> mailbox;
-    std::optional<QDBusConnection> connection;
-    QString connectionName;
+    // Of its own: bars drop an item when the connection goes, and it goes with the item.
+    LateSessionBus session;
     QString owner;
     bool taken = false;
     State now = State::unknown;

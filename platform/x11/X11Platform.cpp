@@ -8,6 +8,7 @@
 #include "platform/linux/memory/LinuxMemorySource.h"
 #include "platform/qt/QtScheduler.h"
 #include "platform/qt/QtStatusItem.h"
+#include "platform/qt/SchemePalette.h"
 #include "platform/x11/X11ClientList.h"
 #include "platform/x11/X11Compositor.h"
 #include "platform/x11/X11Grab.h"
@@ -65,6 +66,7 @@ struct X11Platform::Parts {
     LinuxWorkspace workspace;
     X11SingleInstance instance;
     X11SelectionOwner tray;
+    SchemePalette palette;
     LinuxMemorySource memory{windows, workspace};
     LinuxLoginItem loginItem{ownProgram()};
 };
