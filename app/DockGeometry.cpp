@@ -8,10 +8,6 @@ namespace quillary {
 
 namespace {
 
-// Far beyond any screen. Only a stored icon size that is absurd, on a dock without items to fit, comes near
-// it.
-constexpr double largestFrame = 8192;
-
 double fittedSize(double configured, double amount, std::span<const DockCell> cells, double maxLength) {
     const auto items = std::ranges::count_if(cells, &DockCell::isItem);
     if (items == 0) {

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <system_error>
 
+#include <unistd.h> // mkdtemp on Darwin
+
 namespace quillary::test {
 
 /// A folder of a test's own, removed with all it holds at the end.
