@@ -308,6 +308,7 @@ TEST_F(DockPanelTest, aPendingHideDoesNotStrandADockWhoseAutoHideIsSwitchedOff) 
 }
 
 TEST_F(DockPanelTest, aClosedPanelLeavesNothingBehindThatCallsBack) {
+    manager->setShowMemory(false);
     setAutoHide(true);
     platform.pointer().moveTo(atTheEdge);
     platform.pointer().moveTo(onIcon);

@@ -113,6 +113,7 @@ TEST_F(DockViewTest, hidingSlidesAndFades) {
 }
 
 TEST_F(DockViewTest, nothingIsPlannedWhileNothingMoves) {
+    manager->setShowMemory(false);
     view.reset();
     wait(3);
     EXPECT_EQ(platform.scheduler().pending(), 0U);

@@ -55,11 +55,11 @@ TEST(ProcessTraits, launchedEntryCountsForTheLaunchedProcessAlone) {
     ProcessFacts facts;
     facts.pid = 7;
     facts.executable = "/opt/x/x";
-    facts.controlGroup = "/g";
+    facts.controlGroup = "/user.slice/x.scope";
     facts.sandbox = "org.x";
     facts.launchedEntry = "/a.desktop";
     facts.launchedEntryPid = 7;
-    EXPECT_EQ(traitsOf(facts), (ProcessTraits{"/opt/x", "/g", "/a.desktop", "org.x"}));
+    EXPECT_EQ(traitsOf(facts), (ProcessTraits{"/opt/x", "/user.slice/x.scope", "/a.desktop", "org.x"}));
     facts.launchedEntryPid = 6;
     EXPECT_EQ(traitsOf(facts).launchedEntry, "");
 }
