@@ -179,8 +179,8 @@ TEST_F(SliderTest, showsAnyValueWithoutAskingForIt) {
 TEST_F(SliderTest, draggingYieldsEveryMultipleOf4Once) {
     slider.setValue(32);
     mouse(slider, QEvent::MouseButtonPress, at(32));
-    for (double value = 32; value <= 90; value += 0.25) {
-        mouse(slider, QEvent::MouseMove, at(value));
+    for (int quarters = 4 * 32; quarters <= 4 * 90; ++quarters) {
+        mouse(slider, QEvent::MouseMove, at(quarters / 4.0));
     }
     mouse(slider, QEvent::MouseButtonRelease, at(90));
     EXPECT_EQ(wishes, (Numbers{36, 40, 44, 48, 52, 56, 60, 64, 68, 72, 76, 80}));

@@ -115,6 +115,7 @@ protected:
                                                               : a.place.x() < b.place.x();
         });
         std::vector<std::string> words;
+        words.reserve(found.size());
         for (auto& text : found) {
             words.push_back(std::move(text.words));
         }

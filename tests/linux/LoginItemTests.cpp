@@ -20,7 +20,7 @@ protected:
             (folder.path() / "first").string() + ":" + (folder.path() / "second").string());
         set("XDG_CURRENT_DESKTOP", "TEST");
     }
-    ~LoginItemTest() override {
+    void TearDown() override {
         for (const auto& [name, value] : former) {
             if (value) {
                 setenv(name.c_str(), value->c_str(), 1);
@@ -29,8 +29,6 @@ protected:
             }
         }
     }
-    LoginItemTest(const LoginItemTest&) = delete;
-    LoginItemTest& operator=(const LoginItemTest&) = delete;
 
     void set(const std::string& name, const std::string& value) {
         const char* before = std::getenv(name.c_str());
