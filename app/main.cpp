@@ -15,6 +15,9 @@ int main(int argc, char* argv[]) {
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // A log that nobody reads any more must not end the program outside of its quit path.
     std::signal(SIGPIPE, SIG_IGN);
+    if (!quillary::sessionHasWindowSystem()) {
+        return 1;
+    }
     const QApplication application(argc, argv);
 
     const auto platform = quillary::makePlatform();

@@ -160,6 +160,21 @@ std::filesystem::path X11Platform::applicationSupportDirectory() const {
     return std::filesystem::path(QDir::homePath().toStdString()) / ".config";
 }
 
+bool sessionHasWindowSystem() {
+    // Who chose another backend of the toolkit gets its words.
+    const QByteArray backend = qgetenv("QT_QPA_PLATFORM");
+    if (!backend.isEmpty() && !backend.startsWith("xcb")) {
+        return true;
+    }
+    xcb_connection_t* trial = xcb_connect(nullptr, nullptr);
+    const bool reached = xcb_connection_has_error(trial) == 0;
+    xcb_disconnect(trial);
+    if (!reached) {
+        std::fputs("Quillary: no X server can be reached.\n", stderr);
+    }
+    return reached;
+}
+
 std::unique_ptr<Platform> makePlatform() {
     return X11Platform::open();
 }

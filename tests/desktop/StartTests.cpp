@@ -147,6 +147,12 @@ TEST_F(StartTest, theDesktopIsToldOfTheStartAndTheProgramGetsItsId) {
     EXPECT_LE(moment, after);
 }
 
+TEST_F(StartTest, withoutAServerTheProgramEndsWithOneLine) {
+    program.start({"DISPLAY=:4321"});
+    EXPECT_EQ(program.waitForEnd(), (Program::End{1}));
+    EXPECT_EQ(program.log(), "Quillary: no X server can be reached.\n");
+}
+
 TEST_F(StartTest, aStartThatFailsIsTakenBackAndIsOneLineOfTheLog) {
     startWith(home.install("red", red, "StartupNotify=true\nPath=/nowhere/at/all\n"));
     Listener listener(display);
