@@ -10,6 +10,8 @@
 #include "app/settings/SlimScrollBar.h"
 #include "app/settings/Switch.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QVBoxLayout>
