@@ -52,8 +52,6 @@ std::string pngOf(const QImage& picture) {
 
 std::unique_ptr<DebugSnapshot> DebugSnapshot::runIfRequested(DockManager& manager, Platform& platform) {
     const QByteArray folder = qgetenv(variable);
-    // The window that a snapshot also shows works with the same two; this is called at every start.
-    SettingsWindow::setManager(&manager, &platform);
     if (folder.isEmpty()) {
         return nullptr;
     }

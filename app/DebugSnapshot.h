@@ -24,7 +24,7 @@ public:
 
     /// When the variable is set and not empty: pictures the docks once they have settled (8 s), shows the
     /// settings window, pictures that and writes the report 1 s later, then ends the program. Otherwise null.
-    /// Manager and platform must outlive what is returned, and the settings window, which is told of them.
+    /// Manager and platform must outlive what is returned.
     [[nodiscard]] static std::unique_ptr<DebugSnapshot> runIfRequested(DockManager& manager,
                                                                        Platform& platform);
 

@@ -39,6 +39,9 @@ public:
     explicit DockManager(Platform& platform);
     ~DockManager() override;
 
+    /// The system that the docks live on.
+    [[nodiscard]] Platform& system() const { return platform; }
+
     const std::shared_ptr<RunningApps> running;
     const std::shared_ptr<MemoryMonitor> memory;
     /// The settings file.

@@ -15,7 +15,6 @@ constexpr QSize initialSize(560, 640);
 
 struct State {
     QPointer<DockManager> manager;
-    Platform* platform = nullptr;
     QPointer<QWidget> window;
 };
 
@@ -25,8 +24,8 @@ State& state() {
 }
 
 QWidget* makeWindow(Form form) {
-    QWidget* made = state().platform == nullptr ? new QWidget
-                                                : new SettingsView(*state().manager, *state().platform, form);
+    DockManager& manager = *state().manager;
+    auto* made = new SettingsView(manager, manager.system(), form);
     made->setWindowTitle(QStringLiteral("Quillary Settings"));
     made->resize(initialSize);
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {
@@ -39,9 +38,8 @@ QWidget* makeWindow(Form form) {
 
 } // namespace
 
-void setManager(DockManager* manager, Platform* platform) {
+void setManager(DockManager* manager) {
     state().manager = manager;
-    state().platform = platform;
 }
 
 void show(Form form) {

@@ -5,7 +5,6 @@ class QWidget;
 namespace quillary {
 
 class DockManager;
-class Platform;
 
 /// The one ordinary window of the program. It is made when it is first shown and kept: closing hides it.
 namespace SettingsWindow {
@@ -17,9 +16,8 @@ enum class Form {
 };
 
 /// Sets whose settings the window shows, or null; it does nothing while there is none and once that is gone.
-/// The platform, which must outlive the window, is what login item, version and pinned items come from;
-/// a window that is made without one stays empty.
-void setManager(DockManager* manager, Platform* platform = nullptr);
+/// The manager's platform must outlive the window.
+void setManager(DockManager* manager);
 /// Brings the window to the front with the focus.
 void show(Form form);
 /// The window; null until it was first shown.

@@ -24,7 +24,7 @@ protected:
     }
     void startKnowingTheSettings() {
         start();
-        SettingsWindow::setManager(manager.get(), &platform);
+        SettingsWindow::setManager(manager.get());
     }
     static bool greets() {
         const auto labels = SettingsWindow::window()->findChildren<QLabel*>();

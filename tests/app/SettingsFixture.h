@@ -59,7 +59,7 @@ protected:
         if (!manager) {
             start();
         }
-        SettingsWindow::setManager(manager.get(), &platform);
+        SettingsWindow::setManager(manager.get());
         SettingsWindow::show(form);
         QApplication::processEvents();
     }

@@ -47,7 +47,7 @@ TEST_F(SettingsWindowTest, theBannerOfTheFirstShowingStays) {
 
 TEST_F(SettingsWindowTest, itDoesNothingOnceTheManagerIsGone) {
     start();
-    SettingsWindow::setManager(manager.get(), &platform);
+    SettingsWindow::setManager(manager.get());
     manager.reset();
     SettingsWindow::show(SettingsWindow::Form::normal);
     EXPECT_EQ(SettingsWindow::window(), nullptr);

@@ -1,7 +1,6 @@
-#include "tests/pictures/Gallery.h"
+#include "tests/pictures/Reference.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFont>
 
 #include <gtest/gtest.h>
@@ -16,31 +15,14 @@ void PrintTo(const Exhibit& exhibit, std::ostream* out) {
 
 namespace {
 
-// Half of what the least of the omissions below makes; text of another rasteriser stays under it.
-constexpr double tolerance = 3;
-
 class Pictures : public testing::TestWithParam<Exhibit> {};
 
 TEST_P(Pictures, lookAsTheReference) {
-    const QString name = QString::fromStdString(GetParam().name) + QStringLiteral(".png");
-    const QImage reference(QStringLiteral(QUILLARY_REFERENCES) + u'/' + name);
-    ASSERT_FALSE(reference.isNull()) << "no reference " << qPrintable(name)
-                                     << ": scripts/pictures renews them";
-    const QImage now = picture(GetParam());
-    const double found = difference(now, reference);
-    EXPECT_LT(found, tolerance);
-    if (found >= tolerance) {
-        QDir().mkpath(QStringLiteral("pictures-that-differ"));
-        now.save(QStringLiteral("pictures-that-differ/") + name);
-    }
+    expectLooksAs(QStringLiteral(QUILLARY_REFERENCES), GetParam().name, picture(GetParam()));
 }
 
-INSTANTIATE_TEST_SUITE_P(Exhibits, Pictures, testing::ValuesIn(exhibits()), [](const auto& tested) {
-    std::string name = tested.param.name;
-    std::ranges::replace_if(
-        name, [](char letter) { return letter == '-' || letter == '.'; }, '_');
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(Exhibits, Pictures, testing::ValuesIn(exhibits()),
+                         [](const auto& tested) { return testName(tested); });
 
 struct Missing {
     Omission omission;

@@ -70,7 +70,7 @@ QImage settingsPicture(const SettingsExhibit& exhibit) {
                                   screenNamed("DELL U2723QE", QRectF(1280, 0, 1280, 900))};
     DockManager manager(system);
     prepare(system, manager, exhibit);
-    SettingsWindow::setManager(&manager, &system);
+    SettingsWindow::setManager(&manager);
     SettingsWindow::show(exhibit.form);
     QApplication::processEvents();
     auto& window = *qobject_cast<QScrollArea*>(SettingsWindow::window());

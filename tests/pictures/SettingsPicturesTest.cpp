@@ -1,12 +1,10 @@
-#include "tests/pictures/Gallery.h"
+#include "tests/pictures/Reference.h"
 #include "tests/pictures/SettingsGallery.h"
 
 #include <QApplication>
-#include <QDir>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <ostream>
 
 namespace quillary::test {
@@ -17,32 +15,14 @@ void PrintTo(const SettingsExhibit& exhibit, std::ostream* out) {
 
 namespace {
 
-// That of the docks' pictures.
-constexpr double tolerance = 3;
-
 class SettingsPictures : public testing::TestWithParam<SettingsExhibit> {};
 
 TEST_P(SettingsPictures, lookAsTheReference) {
-    const QString name = QString::fromStdString(GetParam().name) + QStringLiteral(".png");
-    const QImage reference(QStringLiteral(QUILLARY_SETTINGS_REFERENCES) + u'/' + name);
-    ASSERT_FALSE(reference.isNull()) << "no reference " << qPrintable(name)
-                                     << ": quillary_renew_settings_pictures renews them";
-    const QImage now = settingsPicture(GetParam());
-    const double found = difference(now, reference);
-    EXPECT_LT(found, tolerance);
-    if (found >= tolerance) {
-        QDir().mkpath(QStringLiteral("pictures-that-differ"));
-        now.save(QStringLiteral("pictures-that-differ/settings-") + name);
-    }
+    expectLooksAs(QStringLiteral(QUILLARY_SETTINGS_REFERENCES), GetParam().name, settingsPicture(GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Exhibits, SettingsPictures, testing::ValuesIn(settingsExhibits()),
-                         [](const auto& tested) {
-                             std::string name = tested.param.name;
-                             std::ranges::replace_if(
-                                 name, [](char letter) { return letter == '-' || letter == '.'; }, '_');
-                             return name;
-                         });
+                         [](const auto& tested) { return testName(tested); });
 
 TEST(SettingsComparison, findsAFocusRing) {
     for (const auto shade : {Shade::light, Shade::dark}) {
