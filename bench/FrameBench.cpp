@@ -4,6 +4,7 @@
 #include "app/view/DockSceneBuilder.h"
 #include "app/view/IconCache.h"
 #include "app/view/IconSprites.h"
+#include "app/view/LabelText.h"
 #include "app/view/PixelFit.h"
 #include "app/view/Plates.h"
 #include "tests/fake/FakePlatform.h"
@@ -64,7 +65,7 @@ public:
         painter.setCompositionMode(QPainter::CompositionMode_Source);
         painter.fillRect(part, Qt::transparent);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        DockPainter(painter, appearance, *sprites, plates).draw(scene);
+        DockPainter(painter, appearance, *sprites, plates, labelText).draw(scene);
     }
     [[nodiscard]] const DockModel& model() const { return *manager->models()[0]; }
     [[nodiscard]] QRect everything() const { return {QPoint(), target.deviceIndependentSize().toSize()}; }
@@ -77,6 +78,7 @@ private:
     const Appearance appearance = Appearance::of(QPalette(), Blending::translucent);
     std::unique_ptr<IconSprites> sprites;
     Plates plates;
+    LabelText labelText;
     QImage target;
     DockSceneState state;
     double from = 0, to = 0, along = 0;

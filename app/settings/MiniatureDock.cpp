@@ -8,6 +8,7 @@
 #include "app/view/DockSceneBuilder.h"
 #include "app/view/IconCache.h"
 #include "app/view/IconSprites.h"
+#include "app/view/LabelText.h"
 #include "app/view/Plates.h"
 
 #include <QPainter>
@@ -67,12 +68,13 @@ QImage MiniatureDock::picture(QSizeF size, double ratio, const QPalette& palette
     IconSprites sprites(icons);
     sprites.setLook(IconSprites::Look::of(geometry, appearance, fine * reduction));
     Plates plates;
+    LabelText labelText;
     QPainter painter(&image);
     // The toolkit follows ratios from 1 on by itself.
     const double rest = std::min(fine * reduction, 1.0);
     painter.scale(rest, rest);
     const QSizeF seen = size / reduction;
-    DockPainter(painter, appearance, sprites, plates)
+    DockPainter(painter, appearance, sprites, plates, labelText)
         .draw(scene,
               {(seen.width() - scene.panelSize.width()) / 2, seen.height() - scene.panelSize.height()});
     painter.end();

@@ -1,7 +1,9 @@
 #include "app/view/DockPainter.h"
 
 #include "app/view/ContinuousCorners.h"
+#include "app/view/DevicePixels.h"
 #include "app/view/DockFonts.h"
+#include "app/view/LabelText.h"
 #include "app/view/PixelCopy.h"
 #include "app/view/Plates.h"
 
@@ -39,11 +41,13 @@ QImage darkened(QImage image, double share) {
 
 } // namespace
 
-DockPainter::DockPainter(QPainter& target, const Appearance& look, IconSprites& icons, Plates& plateCache)
+DockPainter::DockPainter(QPainter& target, const Appearance& look, IconSprites& icons, Plates& plateCache,
+                         LabelText& text)
     : painter(target),
       appearance(look),
       sprites(icons),
       plates(plateCache),
+      labelText(text),
       ratio(target.device()->devicePixelRatioF()) {}
 
 void DockPainter::draw(const DockScene& scene, QPointF origin) {
@@ -154,15 +158,13 @@ void DockPainter::drawSprite(const IconSprites::Sprite& sprite, QPointF center, 
     const double scale = side * ratio / sprite.side;
     const QSizeF size = QSizeF(sprite.image.size()) * scale;
     const QRectF target(((center + shift) * ratio) - QPointF(size.width() / 2, size.height() / 2), size);
-    painter.save();
-    painter.scale(1 / ratio, 1 / ratio);
+    const DevicePixels pixels(painter, ratio);
     if (std::abs(sprite.side - side * ratio) < 0.5) {
         // On whole device pixels a sprite of the right size is copied as it is, and stays crisp.
         PixelCopy::copy(painter, target.topLeft().toPoint(), sprite.image, sprite.image.rect());
     } else {
         PixelCopy::scale(painter, target, sprite.image);
     }
-    painter.restore();
 }
 
 void DockPainter::drawHighlight(const DockScene::Icon& icon) {
@@ -228,14 +230,18 @@ void DockPainter::drawLabel(const DockScene::Label& label) {
                  .shadow = colour({Source::black, DockScene::labelShadow.opacity}),
                  .shadowRadius = opaque() ? 0 : DockScene::labelShadow.radius,
                  .shadowOffset = DockScene::labelShadow.offset});
-    painter.setPen(appearance.primaryText);
-    painter.setFont(DockFonts::label());
-    const QRectF inner = snapped(label.textRect);
-    QString text = label.text;
-    if (label.cut) {
-        text = QFontMetricsF(painter.font()).elidedText(text, Qt::ElideRight, inner.width());
+    const QRectF room = snapped(label.textRect).adjusted(-2, 0, 2, 0);
+    const QRect pixels = QRectF(room.topLeft() * ratio, room.size() * ratio).toRect();
+    const QImage& text = labelText.image({.text = label.text,
+                                          .font = DockFonts::label(),
+                                          .room = pixels.size(),
+                                          .cut = label.cut,
+                                          .ink = appearance.primaryText,
+                                          .ratio = ratio});
+    {
+        const DevicePixels device(painter, ratio);
+        PixelCopy::copy(painter, pixels.topLeft(), text, text.rect());
     }
-    painter.drawText(inner.adjusted(-2, 0, 2, 0), Qt::AlignCenter, text);
     painter.setOpacity(opacity);
 }
 

@@ -10,13 +10,15 @@ class QPainter;
 
 namespace quillary {
 
+class LabelText;
 class Plates;
 
 /// Draws scenes on any paint device, in points.
 class DockPainter {
 public:
-    /// Sprites and plates must outlive the painter.
-    DockPainter(QPainter& painter, const Appearance& appearance, IconSprites& sprites, Plates& plates);
+    /// Sprites, plates and the label's text must outlive the painter.
+    DockPainter(QPainter& painter, const Appearance& appearance, IconSprites& sprites, Plates& plates,
+                LabelText& labelText);
 
     /// Draws the scene, the origin of its coordinates at `origin` on the device. Points.
     void draw(const DockScene& scene, QPointF origin = {});
@@ -41,6 +43,7 @@ private:
     const Appearance& appearance;
     IconSprites& sprites;
     Plates& plates;
+    LabelText& labelText;
     double ratio;
     // From the scene's coordinates to the device's. No transformation of the painter's: edges are to meet
     // pixels.

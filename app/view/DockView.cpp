@@ -202,7 +202,7 @@ void DockView::paint(QPainter& painter) {
     const Appearance look = appearance();
     sprites.setLook(IconSprites::Look::of(geometry, look, ratio));
     const QPointF origin = geometry.frameOrigin();
-    DockPainter(painter, look, sprites, plates)
+    DockPainter(painter, look, sprites, plates, renderedLabel)
         .draw(fittedToPixels(shown, {.origin = origin, .ratio = ratio}), origin);
 }
 

@@ -7,6 +7,7 @@
 #include "app/view/DragHover.h"
 #include "app/view/IconSprites.h"
 #include "app/view/ItemPress.h"
+#include "app/view/LabelText.h"
 #include "app/view/Plates.h"
 #include "app/view/SceneMotion.h"
 
@@ -99,6 +100,7 @@ private:
     PanelWindow* window = nullptr;
     IconSprites sprites;
     Plates plates;
+    LabelText renderedLabel;
     QFontMetricsF labelMetrics;
     DockScene shown;
     /// The same as it falls on the device's pixels: what looks equal is equal here.

@@ -1,6 +1,7 @@
 #include "app/view/Plates.h"
 
 #include "app/view/ContinuousCorners.h"
+#include "app/view/DevicePixels.h"
 #include "app/view/PixelCopy.h"
 #include "app/view/ShelfShape.h"
 #include "app/view/SoftShadow.h"
@@ -150,8 +151,7 @@ void Plates::draw(QPainter& painter, const QRectF& plate, const Look& look) {
     const QPoint corner = target.topLeft() - QPoint(margin, margin);
     const int full = length + 2 * margin;
 
-    painter.save();
-    painter.scale(1 / ratio, 1 / ratio);
+    const DevicePixels pixelCoordinates(painter, ratio);
     // Copies of whole pixels, which the raster engine does several times as fast as stretching.
     const auto copy = [&](int to, int from, int count) {
         const QPoint at = corner + (lying ? QPoint(to, 0) : QPoint(0, to));
@@ -169,7 +169,6 @@ void Plates::draw(QPainter& painter, const QRectF& plate, const Look& look) {
     } else {
         copy(0, 0, full);
     }
-    painter.restore();
 }
 
 } // namespace quillary

@@ -8,6 +8,7 @@
 #include "app/view/DockPainter.h"
 #include "app/view/DockSceneBuilder.h"
 #include "app/view/IconCache.h"
+#include "app/view/LabelText.h"
 #include "app/view/Plates.h"
 #include "tests/fake/FakePlatform.h"
 
@@ -266,7 +267,8 @@ QImage picture(const Exhibit& exhibit, Omission omission) {
     painter.setRenderHint(QPainter::Antialiasing);
     drawWallpaper(painter, QRectF({}, size));
     Plates plates;
-    DockPainter(painter, appearance, sprites, plates).draw(scene, geometry.frameOrigin());
+    LabelText labelText;
+    DockPainter(painter, appearance, sprites, plates, labelText).draw(scene, geometry.frameOrigin());
     painter.end();
     return image.convertToFormat(QImage::Format_RGB32);
 }
