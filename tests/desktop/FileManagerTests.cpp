@@ -8,11 +8,8 @@ namespace quillary::test {
 namespace {
 
 const QColor red(220, 20, 20);
-const QColor blue(20, 20, 220);
 /// What the file manager draws for every file: its icon theme has one picture.
 const QColor magenta(255, 0, 255);
-
-const QRect leftScreen(0, 0, 1280, 900);
 
 constexpr int iconSide = 48;
 
@@ -33,7 +30,7 @@ protected:
 
     /// An application that puts down what it is asked to open.
     std::string installReader() {
-        const std::string entry = home.install("red", red);
+        std::string entry = home.install("red", red);
         const auto script = home.path() / "reader";
         Home::write(script, "#!/bin/sh\nprintf '%s\\n' \"$@\" >'" + opened.string() + "'\n");
         std::filesystem::permissions(script, std::filesystem::perms::owner_all);
