@@ -1,8 +1,14 @@
 #include "platform/qt/LateSessionBus.h"
 
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
 #include <mutex>
 #include <thread>
+
+#include <unistd.h>
 
 namespace quillary {
 
@@ -14,6 +20,45 @@ QString nextConnectionName() {
     static std::atomic<int> count = 0;
     return u"quillary-%1"_s.arg(++count);
 }
+
+// The threads that are connecting. Never destroyed: they may outlive everything else.
+class Connecting {
+public:
+    static Connecting& shared() {
+        static auto* only = new Connecting;
+        return *only;
+    }
+    void begin() {
+        const std::lock_guard guard(lock);
+        ++threads;
+    }
+    void end() {
+        const std::lock_guard guard(lock);
+        --threads;
+        ended.notify_all();
+    }
+
+private:
+    Connecting() {
+        // The toolkit's own objects for the bus are made now: what is registered later runs earlier at the
+        // exit.
+        QDBusConnection::disconnectFromBus({});
+        on_exit([](int status, void* /*unused*/) { shared().leave(status); }, nullptr);
+    }
+    // The toolkit's objects go at the exit, under the feet of a thread that is still connecting.
+    void leave(int status) {
+        constexpr std::chrono::milliseconds patience(300);
+        std::unique_lock guard(lock);
+        if (!ended.wait_for(guard, patience, [this] { return threads == 0; })) {
+            std::fflush(nullptr);
+            _exit(status);
+        }
+    }
+
+    std::mutex lock;
+    std::condition_variable ended;
+    int threads = 0;
+};
 
 } // namespace
 
@@ -42,6 +87,7 @@ LateSessionBus::~LateSessionBus() {
 // Connecting can't be interrupted once a peer has taken the connection and says nothing: the thread may wait
 // for as long as the program runs.
 void LateSessionBus::connectLater() {
+    Connecting::shared().begin();
     std::thread([box = mailbox, name = name] {
         const auto connection = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
         const std::lock_guard guard(box->lock);
@@ -52,6 +98,7 @@ void LateSessionBus::connectLater() {
         } else {
             QDBusConnection::disconnectFromBus(name);
         }
+        Connecting::shared().end();
     }).detach();
 }
 

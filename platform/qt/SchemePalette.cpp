@@ -36,7 +36,13 @@ QPalette paletteOf(const Tones& tones, const QColor& accent) {
 } // namespace
 
 SchemePalette::SchemePalette() : theme(QGuiApplication::palette()) {
-    connect(&portal, &PortalColorScheme::changed, this, &SchemePalette::apply);
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            portal.emplace();
+            connect(&*portal, &PortalColorScheme::changed, this, &SchemePalette::apply);
+        },
+        Qt::QueuedConnection);
 }
 
 QPalette SchemePalette::paletteFor(Scheme scheme, const QPalette& theme) {
@@ -52,7 +58,7 @@ QPalette SchemePalette::paletteFor(Scheme scheme, const QPalette& theme) {
 }
 
 void SchemePalette::apply() {
-    QGuiApplication::setPalette(paletteFor(portal.scheme(), theme));
+    QGuiApplication::setPalette(paletteFor(portal->scheme(), theme));
 }
 
 } // namespace quillary

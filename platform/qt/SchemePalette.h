@@ -4,6 +4,8 @@
 
 #include <QPalette>
 
+#include <optional>
+
 namespace quillary {
 
 /// Gives the application's palette the shade that the desktop's portal tells of. A theme that is of that
@@ -20,7 +22,8 @@ public:
 private:
     void apply();
 
-    PortalColorScheme portal;
+    // Made by the event loop: a program that ends before it runs has no need of it.
+    std::optional<PortalColorScheme> portal;
     const QPalette theme;
 };
 
