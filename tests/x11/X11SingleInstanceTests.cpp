@@ -57,7 +57,8 @@ protected:
     }
     void take(const TestWindow& window) const {
         xcb_set_selection_owner(window.xcb(), window.id(), display.atom("_QUILLARY_S0"), XCB_CURRENT_TIME);
-        xcb_flush(window.xcb());
+        // A round trip: other connections are to find the owner there.
+        std::free(xcb_get_input_focus_reply(window.xcb(), xcb_get_input_focus(window.xcb()), nullptr));
     }
 
     std::unique_ptr<X11StartupNotification> startup;
