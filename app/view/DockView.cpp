@@ -160,8 +160,10 @@ void DockView::frame() {
 
 void DockView::setScene(DockScene next) {
     const QPointF origin = model->geometry(model->cells()).frameOrigin();
-    DockScene onPixels = fittedToPixels(next, {.origin = origin, .ratio = devicePixelRatioF()});
+    const PixelGrid pixels{.origin = origin, .ratio = devicePixelRatioF()};
+    DockScene onPixels = fittedToPixels(next, pixels);
     const QRegion damage = DockScene::damage(drawn, onPixels);
+    grid = pixels;
     shown = std::move(next);
     drawn = std::move(onPixels);
     if (!damage.isEmpty()) {
@@ -202,8 +204,14 @@ void DockView::paint(QPainter& painter) {
     const Appearance look = appearance();
     sprites.setLook(IconSprites::Look::of(geometry, look, ratio));
     const QPointF origin = geometry.frameOrigin();
-    DockPainter(painter, look, sprites, plates, renderedLabel)
-        .draw(fittedToPixels(shown, {.origin = origin, .ratio = ratio}), origin);
+    // Pictures are taken at other ratios too.
+    const PixelGrid wanted{.origin = origin, .ratio = ratio};
+    DockPainter painting(painter, look, sprites, plates, renderedLabel);
+    if (wanted == grid) {
+        painting.draw(drawn, origin);
+    } else {
+        painting.draw(fittedToPixels(shown, wanted), origin);
+    }
 }
 
 QString DockView::labelText(const std::string& path) {

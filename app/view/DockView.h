@@ -8,6 +8,7 @@
 #include "app/view/IconSprites.h"
 #include "app/view/ItemPress.h"
 #include "app/view/LabelText.h"
+#include "app/view/PixelFit.h"
 #include "app/view/Plates.h"
 #include "app/view/SceneMotion.h"
 
@@ -105,6 +106,8 @@ private:
     DockScene shown;
     /// The same as it falls on the device's pixels: what looks equal is equal here.
     DockScene drawn;
+    /// What it was fitted to.
+    PixelGrid grid;
     std::map<std::string, bool, std::less<>> existing;
     std::map<std::string, QString, std::less<>> names;
     /// Laying out a text costs more than the rest of a scene: the label's last one is remembered.

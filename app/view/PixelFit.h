@@ -12,6 +12,7 @@ struct PixelGrid {
     QPointF origin{};
     /// Device pixels per point.
     double ratio = 1;
+    bool operator==(const PixelGrid&) const = default;
 };
 
 /// The scene with everything that is drawn on whole device pixels moved to those: icons of the resting size
