@@ -18,7 +18,12 @@ const QPoint freeSpace(584, 857);
 constexpr xcb_keysym_t escapeKey = 0xff1b;
 
 // What the allocator keeps back and takes again moves by about this much, in KiB.
+#ifdef __SANITIZE_ADDRESS__
+// The sanitizer keeps what is freed, and the stacks that freed it.
+constexpr long memoryTolerance = 4 * 1024;
+#else
 constexpr long memoryTolerance = 1024;
+#endif
 
 int wanted(const char* variable, int otherwise) {
     const char* value = std::getenv(variable);
