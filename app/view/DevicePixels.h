@@ -4,8 +4,8 @@
 
 namespace quillary {
 
-/// While it lives, the painter's coordinates are device pixels instead of points. Nothing is done where these
-/// are the same: saving a painter's state costs as much as copying an icon.
+/// While it lives, the painter's coordinates are device pixels instead of points. Where these are the same
+/// the painter's state is not saved and restored, which every icon of every frame would pay for.
 class DevicePixels {
 public:
     DevicePixels(QPainter& target, double ratio) : painter(target), differs(ratio != 1) {

@@ -11,7 +11,7 @@
 namespace quillary {
 
 /// The text of a dock's label, rendered once at device pixels: while the pointer stays on an icon the label
-/// moves with every frame, and laying out its text again would cost a tenth of each.
+/// moves with every frame, and its text need not be laid out for each.
 class LabelText {
 public:
     struct Look {
