@@ -1,11 +1,11 @@
 #include "platform/linux/LinuxWorkspace.h"
 
 #include "platform/SystemLog.h"
-#include "platform/linux/AsciiText.h"
-#include "platform/linux/GlibText.h"
-#include "platform/linux/IconTheme.h"
-#include "platform/linux/PathIcons.h"
-#include "platform/linux/WindowSource.h"
+#include "platform/linux/glib/AsciiText.h"
+#include "platform/linux/glib/GlibText.h"
+#include "platform/linux/icons/IconTheme.h"
+#include "platform/linux/icons/PathIcons.h"
+#include "platform/linux/windows/WindowSource.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Workspace.h"
-#include "platform/linux/DesktopEntries.h"
-#include "platform/linux/Launcher.h"
-#include "platform/linux/WindowApplications.h"
+#include "platform/linux/entries/DesktopEntries.h"
+#include "platform/linux/launch/Launcher.h"
+#include "platform/linux/windows/WindowApplications.h"
 
 #include <cstdint>
 #include <set>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/x11/Edid.h"
+#include "platform/linux/screens/Edid.h"
 #include "platform/x11/X11Connection.h"
 
 #include <QRect>

@@ -1,6 +1,6 @@
 #include "platform/x11/X11Screens.h"
 
-#include "platform/x11/ScreenIdentity.h"
+#include "platform/linux/screens/ScreenIdentity.h"
 #include "platform/x11/X11ClientList.h"
 #include "platform/x11/X11Monitor.h"
 #include "platform/x11/X11Property.h"

@@ -1,7 +1,7 @@
 #include "platform/x11/X11SingleInstance.h"
 
-#include "platform/linux/StartupMessage.h"
-#include "platform/linux/StartupNotification.h"
+#include "platform/linux/launch/StartupMessage.h"
+#include "platform/linux/launch/StartupNotification.h"
 #include "platform/x11/StartupId.h"
 #include "platform/x11/X11Message.h"
 #include "platform/x11/X11Property.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/StartupNotification.h"
+#include "platform/linux/launch/StartupNotification.h"
 
 #include <QObject>
 

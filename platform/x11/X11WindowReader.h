@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/WindowInfo.h"
+#include "platform/linux/windows/WindowInfo.h"
 #include "platform/x11/X11Connection.h"
 
 #include <string>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/WindowSource.h"
+#include "platform/linux/windows/WindowSource.h"
 #include "platform/x11/X11FullScreenWatch.h"
 #include "platform/x11/X11WindowReader.h"
 

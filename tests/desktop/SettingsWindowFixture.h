@@ -2,7 +2,7 @@
 
 #include "tests/desktop/AccessibilityTree.h"
 #include "tests/desktop/DesktopFixture.h"
-#include "tests/qt/PrivateBus.h"
+#include "tests/linux/bus/PrivateBus.h"
 
 #include <QCoreApplication>
 

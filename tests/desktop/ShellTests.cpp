@@ -1,7 +1,7 @@
-#include "platform/qt/DBusMenuLayout.h"
+#include "platform/linux/statusbar/DBusMenuLayout.h"
 #include "tests/desktop/DesktopFixture.h"
-#include "tests/qt/NotifierWatcherStandIn.h"
-#include "tests/qt/PrivateBus.h"
+#include "tests/linux/bus/PrivateBus.h"
+#include "tests/linux/statusbar/NotifierWatcherStandIn.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>

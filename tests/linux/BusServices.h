@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/Released.h"
+#include "platform/linux/glib/Released.h"
 
 #include <gio/gio.h>
 

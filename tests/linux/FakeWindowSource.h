@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/WindowSource.h"
+#include "platform/linux/windows/WindowSource.h"
 
 #include <optional>
 #include <vector>

@@ -1,5 +1,5 @@
-#include "platform/linux/IconTheme.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/icons/IconTheme.h"
 #include "tests/fake/ManualScheduler.h"
 #include "tests/linux/FakeWindowSource.h"
 #include "tests/linux/LinesLog.h"

@@ -1,8 +1,8 @@
 // Prints how long the index of this machine's entries and a reading of running applications take.
 
-#include "platform/linux/DesktopEntries.h"
-#include "platform/linux/LinuxSystemDockPreferences.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/entries/DesktopEntries.h"
+#include "platform/linux/systemdock/LinuxSystemDockPreferences.h"
 #include "tests/fake/ManualScheduler.h"
 #include "tests/linux/FakeWindowSource.h"
 #include "tests/linux/LinesLog.h"

@@ -1,6 +1,6 @@
 #include "tests/linux/World.h"
 
-#include "platform/linux/Released.h"
+#include "platform/linux/glib/Released.h"
 
 #include <gio/gio.h>
 

@@ -1,6 +1,6 @@
 #include "platform/linux/memory/ApplicationOwners.h"
 
-#include "platform/linux/UnitName.h"
+#include "platform/linux/windows/UnitName.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "platform/linux/memory/EntryPaths.h"
 
-#include "platform/linux/AsciiText.h"
+#include "platform/linux/glib/AsciiText.h"
 
 #include <algorithm>
 #include <system_error>

@@ -2,8 +2,8 @@
 
 #include "core/MemoryReaderLinux.h"
 #include "platform/Workspace.h"
-#include "platform/linux/DesktopEntries.h"
-#include "platform/linux/WindowSource.h"
+#include "platform/linux/entries/DesktopEntries.h"
+#include "platform/linux/windows/WindowSource.h"
 
 #include <ctime>
 #include <mutex>

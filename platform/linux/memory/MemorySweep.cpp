@@ -1,8 +1,8 @@
 #include "platform/linux/memory/MemorySweep.h"
 
 #include "core/AppMemoryGrouping.h"
-#include "platform/linux/UnitName.h"
 #include "platform/linux/memory/ApplicationOwners.h"
+#include "platform/linux/windows/UnitName.h"
 
 #include <algorithm>
 

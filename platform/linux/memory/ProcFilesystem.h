@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/linux/ProcessFacts.h"
 #include "platform/linux/memory/ProcTexts.h"
+#include "platform/linux/windows/ProcessFacts.h"
 
 #include <cstdint>
 #include <filesystem>

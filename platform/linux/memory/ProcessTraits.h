@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/ProcessFacts.h"
+#include "platform/linux/windows/ProcessFacts.h"
 
 #include <string>
 #include <string_view>

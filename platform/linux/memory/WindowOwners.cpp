@@ -1,7 +1,7 @@
 #include "platform/linux/memory/WindowOwners.h"
 
 #include "platform/Workspace.h"
-#include "platform/linux/WindowSource.h"
+#include "platform/linux/windows/WindowSource.h"
 
 #include <algorithm>
 #include <utility>

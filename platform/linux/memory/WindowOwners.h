@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/linux/DesktopEntry.h"
-#include "platform/linux/EntryIndex.h"
-#include "platform/linux/WindowApplications.h"
+#include "platform/linux/entries/DesktopEntry.h"
+#include "platform/linux/entries/EntryIndex.h"
 #include "platform/linux/memory/DesktopNow.h"
+#include "platform/linux/windows/WindowApplications.h"
 
 #include <map>
 #include <string>

@@ -1,7 +1,7 @@
 #include "platform/linux/systemdock/GnomeDock.h"
 
 #include "platform/SystemLog.h"
-#include "platform/linux/GlibText.h"
+#include "platform/linux/glib/GlibText.h"
 
 #include <array>
 #include <chrono>

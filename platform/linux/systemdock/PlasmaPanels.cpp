@@ -1,6 +1,6 @@
 #include "platform/linux/systemdock/PlasmaPanels.h"
 
-#include "platform/linux/systemdock/BusOperation.h"
+#include "platform/linux/bus/BusOperation.h"
 
 #include <algorithm>
 #include <string_view>

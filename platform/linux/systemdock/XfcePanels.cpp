@@ -1,7 +1,7 @@
 #include "platform/linux/systemdock/XfcePanels.h"
 
-#include "platform/linux/GlibText.h"
-#include "platform/linux/systemdock/BusOperation.h"
+#include "platform/linux/bus/BusOperation.h"
+#include "platform/linux/glib/GlibText.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,5 +1,5 @@
-#include "platform/linux/LinuxSystemDockPreferences.h"
 #include "platform/linux/systemdock/DesktopDock.h"
+#include "platform/linux/systemdock/LinuxSystemDockPreferences.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
 #include "tests/linux/systemdock/HiderRun.h"

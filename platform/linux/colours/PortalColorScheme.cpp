@@ -1,0 +1,95 @@
+#include "platform/linux/colours/PortalColorScheme.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
+
+namespace quillary {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto driver = u"org.freedesktop.DBus"_s;
+const auto driverPath = u"/org/freedesktop/DBus"_s;
+const auto portal = u"org.freedesktop.portal.Desktop"_s;
+const auto portalPath = u"/org/freedesktop/portal/desktop"_s;
+const auto settings = u"org.freedesktop.portal.Settings"_s;
+const auto space = u"org.freedesktop.appearance"_s;
+const auto key = u"color-scheme"_s;
+
+} // namespace
+
+PortalColorScheme::PortalColorScheme() {
+    connect(&bus, &LateSessionBus::connected, this, &PortalColorScheme::follow);
+    connect(&bus, &LateSessionBus::absent, this, [this] { setScheme(Scheme::unspecified); });
+}
+
+void PortalColorScheme::follow() {
+    auto connection = *bus.connection();
+    // From anybody: naming the portal would ask the bus for it, and wait for the answer.
+    connection.connect({}, portalPath, settings, u"SettingChanged"_s, {space, key}, {}, this,
+                       SLOT(settingChanged(QDBusMessage)));
+    connection.connect(driver, driverPath, driver, u"NameOwnerChanged"_s, {portal}, {}, this,
+                       SLOT(nameOwnerChanged(QString, QString, QString)));
+    ask();
+}
+
+void PortalColorScheme::ask() {
+    if (!bus.connection()) {
+        return;
+    }
+    auto message = QDBusMessage::createMethodCall(portal, portalPath, settings, u"Read"_s);
+    message.setAutoStartService(false);
+    message << space << key;
+    auto* pending = new QDBusPendingCallWatcher(bus.connection()->asyncCall(message), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, before = changes] {
+        pending->deleteLater();
+        // The toolkit may hand over a change before the answer that came first.
+        if (changes != before) {
+            return;
+        }
+        const QDBusMessage reply = pending->reply();
+        if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty()) {
+            take(reply.arguments().constFirst());
+        }
+    });
+}
+
+void PortalColorScheme::settingChanged(const QDBusMessage& signal) {
+    if (signal.arguments().size() == 3) {
+        ++changes;
+        take(signal.arguments().constLast());
+    }
+}
+
+void PortalColorScheme::nameOwnerChanged(const QString& /*name*/, const QString& /*before*/,
+                                         const QString& after) {
+    // A portal that restarts tells of no change; while it is away its last word stands.
+    if (!after.isEmpty()) {
+        ask();
+    }
+}
+
+void PortalColorScheme::take(const QVariant& value) {
+    QVariant inner = value;
+    // The first version of the interface wraps its answer twice.
+    for (int depth = 0; depth < 3 && inner.metaType() == QMetaType::fromType<QDBusVariant>(); ++depth) {
+        inner = inner.value<QDBusVariant>().variant();
+    }
+    constexpr unsigned preferDark = 1;
+    constexpr unsigned preferLight = 2;
+    bool isNumber = false;
+    const unsigned number = inner.toUInt(&isNumber);
+    setScheme(isNumber && number == preferDark    ? Scheme::dark
+              : isNumber && number == preferLight ? Scheme::light
+                                                  : Scheme::unspecified);
+}
+
+void PortalColorScheme::setScheme(Scheme scheme) {
+    if (scheme != current) {
+        current = scheme;
+        Q_EMIT changed();
+    }
+}
+
+} // namespace quillary

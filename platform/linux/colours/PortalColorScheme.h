@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/linux/bus/LateSessionBus.h"
+
+#include <QDBusMessage>
+#include <QObject>
+
+class QVariant;
+
+namespace quillary {
+
+/// Whether the user wants dark or light colours, as the desktop's portal tells (XDG Desktop Portal, interface
+/// org.freedesktop.portal.Settings, key color-scheme of org.freedesktop.appearance). Starts no program and
+/// never waits for one.
+class PortalColorScheme final : public QObject {
+    Q_OBJECT
+
+public:
+    enum class Scheme {
+        /// The user has no preference, or nobody tells of it.
+        unspecified,
+        dark,
+        light,
+    };
+
+    PortalColorScheme();
+
+    [[nodiscard]] Scheme scheme() const { return current; }
+
+Q_SIGNALS:
+    void changed();
+
+private Q_SLOTS:
+    void settingChanged(const QDBusMessage& signal);
+    void nameOwnerChanged(const QString& name, const QString& before, const QString& after);
+
+private:
+    void follow();
+    void ask();
+    void take(const QVariant& value);
+    void setScheme(Scheme scheme);
+
+    LateSessionBus bus;
+    Scheme current = Scheme::unspecified;
+    /// How many changes were told.
+    unsigned changes = 0;
+};
+
+} // namespace quillary

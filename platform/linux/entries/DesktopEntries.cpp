@@ -1,0 +1,184 @@
+#include "platform/linux/entries/DesktopEntries.h"
+
+#include "platform/Scheduler.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include <dirent.h>
+#include <glib.h>
+#include <sys/stat.h>
+
+namespace quillary {
+
+namespace {
+
+constexpr std::size_t mostFiles = 20000;
+constexpr int deepestLevel = 8;
+// Package managers write many files: read them once when they have finished.
+constexpr double settlingSeconds = 0.5;
+
+bool isFolder(const std::filesystem::path& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(path, error);
+}
+
+std::vector<std::string> currentDesktops() {
+    const char* names = g_getenv("XDG_CURRENT_DESKTOP");
+    std::vector<std::string> result;
+    for (const auto& name : QString::fromUtf8(names).split(u':', Qt::SkipEmptyParts)) {
+        result.push_back(name.toStdString());
+    }
+    return result;
+}
+
+// Reads one tree of entries; ids are made of the path below it.
+class Walk {
+public:
+    explicit Walk(InstalledEntries& result) : m_result(result), m_desktops(currentDesktops()) {}
+
+    void read(const std::filesystem::path& folder, const std::string& prefix, int level) {
+        struct stat status = {};
+        if (level > deepestLevel || ::stat(folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode) ||
+            !m_visited.emplace(status.st_dev, status.st_ino).second) {
+            return;
+        }
+        DIR* stream = ::opendir(folder.c_str());
+        if (stream == nullptr) {
+            return;
+        }
+        m_result.folders.push_back(folder);
+        std::vector<std::string> files;
+        std::vector<std::string> subfolders;
+        while (const dirent* item = ::readdir(stream)) {
+            const std::string name = static_cast<const char*>(item->d_name);
+            if (name.starts_with('.') || ++m_count > mostFiles ||
+                g_utf8_validate(name.c_str(), -1, nullptr) == 0) {
+                continue;
+            }
+            if (name.ends_with(".desktop") && item->d_type != DT_DIR) {
+                files.push_back(name);
+            } else if (item->d_type == DT_DIR || item->d_type == DT_LNK || item->d_type == DT_UNKNOWN) {
+                subfolders.push_back(name);
+            }
+        }
+        ::closedir(stream);
+        // The order in which folders list their files is chance.
+        std::sort(files.begin(), files.end());
+        std::sort(subfolders.begin(), subfolders.end());
+        for (const auto& name : files) {
+            if (auto entry = readDesktopEntry((folder / name).string(), prefix + name, m_desktops)) {
+                m_result.entries.push_back(std::move(*entry));
+            }
+        }
+        for (const auto& name : subfolders) {
+            read(folder / name, prefix + name + "-", level + 1);
+        }
+    }
+
+private:
+    InstalledEntries& m_result;
+    std::vector<std::string> m_desktops;
+    std::set<std::pair<dev_t, ino_t>> m_visited;
+    std::size_t m_count = 0;
+};
+
+} // namespace
+
+std::vector<std::filesystem::path> applicationFolders() {
+    std::vector<std::filesystem::path> folders{std::filesystem::path(g_get_user_data_dir()) / "applications"};
+    for (const char* const* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder) {
+        const auto path = (std::filesystem::path(*folder) / "applications").lexically_normal();
+        if (path.is_absolute() && std::find(folders.begin(), folders.end(), path) == folders.end()) {
+            folders.push_back(path);
+        }
+    }
+    return folders;
+}
+
+std::filesystem::path ancestorToWatch(const std::filesystem::path& missing) {
+    const auto parent = missing.parent_path();
+    for (const auto& folder : {parent, parent.parent_path()}) {
+        std::error_code error;
+        if (isFolder(folder)) {
+            const bool tooMuch = !folder.has_relative_path() ||
+                                 std::filesystem::equivalent(folder, g_get_home_dir(), error) ||
+                                 std::filesystem::equivalent(folder, "/", error);
+            return tooMuch ? std::filesystem::path() : folder;
+        }
+    }
+    return {};
+}
+
+InstalledEntries readInstalledEntries(const std::vector<std::filesystem::path>& folders) {
+    InstalledEntries result;
+    Walk walk(result);
+    for (const auto& folder : folders) {
+        walk.read(folder, {}, 0);
+    }
+    return result;
+}
+
+DesktopEntries::DesktopEntries(Scheduler& scheduler) : m_scheduler(scheduler), m_roots(applicationFolders()) {
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &DesktopEntries::folderChanged);
+}
+
+DesktopEntries::~DesktopEntries() = default;
+
+const EntryIndex& DesktopEntries::index() const {
+    if (!m_current) {
+        m_missing.clear();
+        std::copy_if(m_roots.begin(), m_roots.end(), std::back_inserter(m_missing),
+                     [](const auto& root) { return !isFolder(root); });
+        auto installed = readInstalledEntries(m_roots);
+        m_read.clear();
+        for (const auto& folder : installed.folders) {
+            m_read.append(QString::fromStdString(folder.string()));
+        }
+        watch();
+        m_current.emplace(std::move(installed.entries));
+    }
+    return *m_current;
+}
+
+void DesktopEntries::watch() const {
+    QStringList paths = m_read;
+    for (const auto& root : m_missing) {
+        const auto ancestor = QString::fromStdString(ancestorToWatch(root).string());
+        if (!ancestor.isEmpty()) {
+            paths.append(ancestor);
+        }
+    }
+    paths.removeDuplicates();
+    const auto watched = m_watcher.directories();
+    QStringList dropped;
+    std::copy_if(watched.begin(), watched.end(), std::back_inserter(dropped),
+                 [&paths](const QString& path) { return !paths.contains(path); });
+    if (!dropped.isEmpty()) {
+        m_watcher.removePaths(dropped);
+    }
+    if (!paths.isEmpty()) {
+        m_watcher.addPaths(paths);
+    }
+}
+
+bool DesktopEntries::missingRootAppeared() const {
+    return std::any_of(m_missing.begin(), m_missing.end(), isFolder);
+}
+
+void DesktopEntries::folderChanged(const QString& folder) {
+    if (!m_read.contains(folder)) {
+        // First the watching, which may now come closer to what is missing, so that nothing falls in between.
+        watch();
+        if (!missingRootAppeared()) {
+            return;
+        }
+    }
+    m_reload = m_scheduler.after(settlingSeconds, [this] {
+        m_current.reset();
+        Q_EMIT changed();
+    });
+}
+
+} // namespace quillary

@@ -1,0 +1,178 @@
+#include "platform/linux/entries/DesktopEntry.h"
+
+#include "core/BoundedFile.h"
+#include "platform/linux/entries/ProgramName.h"
+#include "platform/linux/glib/GlibText.h"
+#include "platform/linux/glib/Released.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include <glib.h>
+
+namespace quillary {
+
+namespace {
+
+constexpr std::size_t largestEntry = std::size_t{1} << 20U;
+constexpr std::size_t longestCommand = 8192;
+constexpr std::size_t mostCategories = 64;
+constexpr int longestShownName = 256;
+constexpr std::string_view group = "[Desktop Entry]";
+
+using KeyFile = Released<GKeyFile, g_key_file_unref>;
+
+// Actions and their translations make most of a file; parsing them too doubles the time of the index.
+std::string_view mainGroup(std::string_view text) {
+    const auto begin = text.starts_with(group) ? 0 : text.find("\n" + std::string(group));
+    if (begin == std::string_view::npos) {
+        return {};
+    }
+    const auto body = text.substr(begin);
+    const auto next = body.find("\n[", 1);
+    return next == std::string_view::npos ? body : body.substr(0, next + 1);
+}
+
+class Keys {
+public:
+    explicit Keys(std::string_view text)
+        : file(g_key_file_new()),
+          valid(!text.empty() && g_key_file_load_from_data(file.get(), text.data(), text.size(),
+                                                           G_KEY_FILE_NONE, nullptr) != 0) {}
+
+    [[nodiscard]] bool isValid() const { return valid; }
+
+    [[nodiscard]] std::string text(const char* key) const {
+        return takeText(g_key_file_get_string(file.get(), G_KEY_FILE_DESKTOP_GROUP, key, nullptr));
+    }
+
+    [[nodiscard]] std::string localised(const char* key) const {
+        return takeText(
+            g_key_file_get_locale_string(file.get(), G_KEY_FILE_DESKTOP_GROUP, key, nullptr, nullptr));
+    }
+
+    [[nodiscard]] bool flag(const char* key) const {
+        return g_key_file_get_boolean(file.get(), G_KEY_FILE_DESKTOP_GROUP, key, nullptr) != 0;
+    }
+
+    [[nodiscard]] std::vector<std::string> list(const char* key) const {
+        return takeTexts(
+            g_key_file_get_string_list(file.get(), G_KEY_FILE_DESKTOP_GROUP, key, nullptr, nullptr));
+    }
+
+private:
+    KeyFile file;
+    bool valid;
+};
+
+bool meet(const std::vector<std::string>& one, const std::vector<std::string>& other) {
+    return std::any_of(one.begin(), one.end(), [&other](const std::string& word) {
+        return std::find(other.begin(), other.end(), word) != other.end();
+    });
+}
+
+bool isShown(const Keys& keys, const std::vector<std::string>& currentDesktops) {
+    const auto only = keys.list(G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN);
+    if (!only.empty() && !meet(only, currentDesktops)) {
+        return false;
+    }
+    return !meet(keys.list(G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN), currentDesktops);
+}
+
+bool isInstalled(const std::string& program) {
+    return !takeText(g_find_program_in_path(program.c_str())).empty();
+}
+
+std::vector<std::string> commandWords(const std::string& command) {
+    char** words = nullptr;
+    if (command.size() > longestCommand ||
+        g_shell_parse_argv(command.c_str(), nullptr, &words, nullptr) == 0) {
+        return {};
+    }
+    return takeTexts(words);
+}
+
+// The text must be valid UTF-8, as all that GKeyFile gives is.
+std::string fitToBeShown(const std::string& text) {
+    std::string shown;
+    const char* place = text.c_str();
+    for (int count = 0; *place != '\0' && count < longestShownName; ++count) {
+        const char* next = g_utf8_find_next_char(place, nullptr);
+        switch (g_unichar_type(g_utf8_get_char(place))) {
+        case G_UNICODE_CONTROL:
+        case G_UNICODE_LINE_SEPARATOR:
+        case G_UNICODE_PARAGRAPH_SEPARATOR:
+            shown += ' ';
+            break;
+        default:
+            shown.append(place, next);
+        }
+        place = next;
+    }
+    return shown;
+}
+
+bool isFieldCode(const std::string& word) {
+    return word.size() == 2 && word.front() == '%';
+}
+
+void readCommand(DesktopEntry& entry, const std::string& command) {
+    auto words = commandWords(command);
+    std::erase_if(words, isFieldCode);
+    entry.program = programName(words);
+    entry.arguments = words.empty() ? 0 : words.size() - 1;
+}
+
+} // namespace
+
+std::string DesktopEntry::stem() const {
+    constexpr std::string_view suffix = ".desktop";
+    return id.ends_with(suffix) ? id.substr(0, id.size() - suffix.size()) : id;
+}
+
+std::optional<DesktopEntry> readDesktopEntry(const std::string& path, const std::string& id,
+                                             const std::vector<std::string>& currentDesktops) {
+    const auto bytes = readBoundedFile(path, largestEntry);
+    if (!bytes) {
+        return std::nullopt;
+    }
+    const Keys keys(mainGroup(*bytes));
+    if (!keys.isValid()) {
+        return std::nullopt;
+    }
+    DesktopEntry entry;
+    entry.path = path;
+    entry.id = id;
+    entry.hidden = keys.flag(G_KEY_FILE_DESKTOP_KEY_HIDDEN);
+    if (entry.hidden) {
+        return entry;
+    }
+    entry.name = keys.text(G_KEY_FILE_DESKTOP_KEY_NAME);
+    entry.localisedName = keys.localised(G_KEY_FILE_DESKTOP_KEY_NAME);
+    const auto command = keys.text(G_KEY_FILE_DESKTOP_KEY_EXEC);
+    entry.dbusActivatable = keys.flag(G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE);
+    if (keys.text(G_KEY_FILE_DESKTOP_KEY_TYPE) != G_KEY_FILE_DESKTOP_TYPE_APPLICATION || entry.name.empty() ||
+        (command.empty() && !entry.dbusActivatable)) {
+        return std::nullopt;
+    }
+    if (entry.localisedName.empty()) {
+        entry.localisedName = entry.name;
+    }
+    entry.localisedName = fitToBeShown(entry.localisedName);
+    entry.icon = keys.localised(G_KEY_FILE_DESKTOP_KEY_ICON);
+    entry.startupWmClass = keys.text(G_KEY_FILE_DESKTOP_KEY_STARTUP_WM_CLASS);
+    entry.sandbox = keys.text("X-Flatpak");
+    if (entry.sandbox.empty()) {
+        entry.sandbox = keys.text("X-SnapInstanceName");
+    }
+    entry.categories = keys.list(G_KEY_FILE_DESKTOP_KEY_CATEGORIES);
+    entry.categories.resize(std::min(entry.categories.size(), mostCategories));
+    entry.terminal = keys.flag(G_KEY_FILE_DESKTOP_KEY_TERMINAL);
+    entry.noDisplay = keys.flag(G_KEY_FILE_DESKTOP_KEY_NO_DISPLAY) || !isShown(keys, currentDesktops);
+    const auto tryExec = keys.text(G_KEY_FILE_DESKTOP_KEY_TRY_EXEC);
+    entry.tryExecMissing = !tryExec.empty() && !isInstalled(tryExec);
+    readCommand(entry, command);
+    return entry;
+}
+
+} // namespace quillary

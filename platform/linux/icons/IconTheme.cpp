@@ -1,0 +1,170 @@
+#include "platform/linux/icons/IconTheme.h"
+
+#include "core/BoundedFile.h"
+#include "platform/linux/glib/GlibText.h"
+#include "platform/linux/glib/Released.h"
+
+#include <QIcon>
+#include <QStringList>
+#include <QXmlStreamReader>
+
+#include <gio/gio.h>
+
+#include <algorithm>
+#include <functional>
+
+namespace quillary::IconTheme {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t largestSettings = std::size_t{1} << 20U;
+constexpr qsizetype deepestProperty = 16;
+
+// Found on most systems, with the most complete ones first.
+const std::vector<std::string>& common() {
+    static const std::vector<std::string> names{"Adwaita",    "breeze", "Papirus", "Yaru",
+                                                "elementary", "oxygen", "gnome",   "hicolor"};
+    return names;
+}
+
+std::string keyFileText(const std::filesystem::path& path, const char* group, const char* key) {
+    const auto text = readBoundedFile(path, largestSettings);
+    const Released<GKeyFile, g_key_file_unref> file(g_key_file_new());
+    if (!text ||
+        g_key_file_load_from_data(file.get(), text->data(), text->size(), G_KEY_FILE_NONE, nullptr) == 0) {
+        return {};
+    }
+    return takeText(g_key_file_get_string(file.get(), group, key, nullptr));
+}
+
+std::string ofKde(const std::filesystem::path& configFolder) {
+    return keyFileText(configFolder / "kdeglobals", "Icons", "Theme");
+}
+
+std::string ofGtk(const std::filesystem::path& configFolder) {
+    return keyFileText(configFolder / "gtk-3.0" / "settings.ini", "Settings", "gtk-icon-theme-name");
+}
+
+std::string ofXfce(const std::filesystem::path& configFolder) {
+    const auto text =
+        readBoundedFile(configFolder / "xfce4/xfconf/xfce-perchannel-xml/xsettings.xml", largestSettings);
+    if (!text) {
+        return {};
+    }
+    QXmlStreamReader reader(QByteArray::fromRawData(text->data(), static_cast<qsizetype>(text->size())));
+    const QStringList wanted{u"Net"_s, u"IconThemeName"_s};
+    QStringList names;
+    while (!reader.atEnd() && names.size() < deepestProperty) {
+        const auto token = reader.readNext();
+        if (reader.name() != u"property"_s) {
+            continue;
+        }
+        if (token == QXmlStreamReader::StartElement) {
+            const auto attributes = reader.attributes();
+            names.append(attributes.value(u"name"_s).toString());
+            if (names == wanted) {
+                return attributes.value(u"value"_s).toString().toStdString();
+            }
+        } else if (token == QXmlStreamReader::EndElement && !names.isEmpty()) {
+            names.removeLast();
+        }
+    }
+    return {};
+}
+
+std::string ofGnome() {
+    constexpr const char* schemaName = "org.gnome.desktop.interface";
+    auto* source = g_settings_schema_source_get_default();
+    // A missing schema or key ends the program when it is asked for.
+    const Released<GSettingsSchema, g_settings_schema_unref> schema(
+        source != nullptr ? g_settings_schema_source_lookup(source, schemaName, TRUE) : nullptr);
+    if (!schema || g_settings_schema_has_key(schema.get(), "icon-theme") == 0) {
+        return {};
+    }
+    const Released<GSettings, g_object_unref> settings(g_settings_new(schemaName));
+    // The schema's own default says nothing about other desktops.
+    const Released<GVariant, g_variant_unref> value(g_settings_get_user_value(settings.get(), "icon-theme"));
+    return value ? std::string(g_variant_get_string(value.get(), nullptr)) : std::string();
+}
+
+bool isFolderName(const std::string& name) {
+    return !name.empty() && name.find('/') == std::string::npos && !name.starts_with('.');
+}
+
+std::vector<std::filesystem::path> themeFolders() {
+    std::vector<std::filesystem::path> folders;
+    for (const auto& folder : QIcon::themeSearchPaths()) {
+        folders.emplace_back(folder.toStdString());
+    }
+    return folders;
+}
+
+void addUnthemedFolders() {
+    auto folders = QIcon::fallbackSearchPaths();
+    const auto add = [&folders](const std::filesystem::path& folder) {
+        const auto path = QString::fromStdString((folder / "pixmaps").lexically_normal().string());
+        if (!folders.contains(path)) {
+            folders.append(path);
+        }
+    };
+    for (const char* const* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder) {
+        add(*folder);
+    }
+    QIcon::setFallbackSearchPaths(folders);
+}
+
+} // namespace
+
+std::string chosenByUser(const std::filesystem::path& configFolder, const std::string& currentDesktop) {
+    const auto isOn = [&currentDesktop](const char* name) {
+        return currentDesktop.find(name) != std::string::npos;
+    };
+    const auto gnome = [] { return ofGnome(); };
+    const auto gtk = [&configFolder] { return ofGtk(configFolder); };
+    const auto kde = [&configFolder] { return ofKde(configFolder); };
+    using Order = std::vector<std::function<std::string()>>;
+    Order order = isOn("KDE") ? Order{kde, gtk, gnome} : Order{gnome, gtk, kde};
+    if (isOn("XFCE")) {
+        order.insert(order.begin(), [&configFolder] { return ofXfce(configFolder); });
+    }
+    for (const auto& read : order) {
+        if (auto name = read(); isFolderName(name)) {
+            return name;
+        }
+    }
+    return {};
+}
+
+std::string firstInstalled(const std::vector<std::string>& names,
+                           const std::vector<std::filesystem::path>& folders) {
+    const auto installed = [&folders](const std::string& name) {
+        return isFolderName(name) && std::any_of(folders.begin(), folders.end(), [&name](const auto& folder) {
+                   std::error_code error;
+                   return std::filesystem::is_regular_file(folder / name / "index.theme", error);
+               });
+    };
+    const auto place = std::find_if(names.begin(), names.end(), installed);
+    return place == names.end() ? std::string() : *place;
+}
+
+void apply() {
+    const char* desktop = g_getenv("XDG_CURRENT_DESKTOP");
+    std::vector<std::string> names{chosenByUser(g_get_user_config_dir(), desktop != nullptr ? desktop : "")};
+    // "hicolor" is what Qt says when it knows of no theme.
+    if (const auto found = QIcon::themeName(); found != QStringLiteral("hicolor")) {
+        names.push_back(found.toStdString());
+    }
+    names.insert(names.end(), common().begin(), common().end());
+    const auto folders = themeFolders();
+    if (const auto name = firstInstalled(names, folders); !name.empty()) {
+        QIcon::setThemeName(QString::fromStdString(name));
+    }
+    if (const auto fallback = firstInstalled(common(), folders); !fallback.empty()) {
+        QIcon::setFallbackThemeName(QString::fromStdString(fallback));
+    }
+    addUnthemedFolders();
+}
+
+} // namespace quillary::IconTheme

@@ -1,0 +1,254 @@
+#include "platform/linux/launch/EntryLaunch.h"
+
+#include "platform/linux/bus/SessionBus.h"
+#include "platform/linux/entries/DesktopEntry.h"
+#include "platform/linux/glib/GlibText.h"
+#include "platform/linux/glib/Released.h"
+#include "platform/linux/launch/LaunchContext.h"
+#include "platform/linux/launch/TransientScope.h"
+
+#include <gio/gdesktopappinfo.h>
+#include <gio/gio.h>
+
+#include <filesystem>
+#include <optional>
+
+#include <unistd.h>
+
+namespace quillary::EntryLaunch {
+
+namespace {
+
+constexpr std::chrono::milliseconds busPatience{3000};
+// An application that starts by D-Bus answers only when it is up.
+constexpr guint activationPatienceSeconds = 30;
+
+constexpr const char* busIsSilent = "the session bus does not answer";
+
+using Entry = Released<GDesktopAppInfo, g_object_unref>;
+using Info = Released<GAppInfo, g_object_unref>;
+using Error = Released<GError, g_error_free>;
+
+std::string reasonOf(const GError* error) {
+    return error != nullptr && error->message != nullptr ? error->message : "unknown error";
+}
+
+// GIO wants a list whose elements it doesn't own.
+class UriList {
+public:
+    explicit UriList(const std::vector<std::string>& files) {
+        for (const auto& file : files) {
+            if (auto uri = fileUri(file); !uri.empty()) {
+                uris.push_back(std::move(uri));
+            }
+        }
+        for (auto uri = uris.rbegin(); uri != uris.rend(); ++uri) {
+            list = g_list_prepend(list, uri->data());
+        }
+    }
+    UriList(const UriList&) = delete;
+    UriList& operator=(const UriList&) = delete;
+    ~UriList() { g_list_free(list); }
+
+    [[nodiscard]] GList* get() const { return list; }
+
+private:
+    std::vector<std::string> uris;
+    GList* list = nullptr;
+};
+
+// Runs in the child between fork and exec: a session of its own, so that it outlives ours and takes none of
+// our terminal's signals.
+void detach(gpointer /*data*/) {
+    ::setsid();
+}
+
+struct Started {
+    std::vector<GPid> pids;
+};
+
+void noteStarted(GDesktopAppInfo* /*entry*/, GPid pid, gpointer data) {
+    static_cast<Started*>(data)->pids.push_back(pid);
+}
+
+std::string entryStem(GDesktopAppInfo* entry) {
+    const char* path = g_desktop_app_info_get_filename(entry);
+    return path != nullptr ? std::filesystem::path(path).stem().string() : std::string("unknown");
+}
+
+std::string spawn(GDesktopAppInfo* entry, const UriList& uris, LaunchContext& context, GDBusConnection* bus) {
+    // Without G_SPAWN_DO_NOT_REAP_CHILD GLib forks twice and the program becomes nobody's child to wait for.
+    constexpr auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
+                                                    G_SPAWN_STDERR_TO_DEV_NULL);
+    GError* problem = nullptr;
+    Started started;
+    const bool done =
+        g_desktop_app_info_launch_uris_as_manager(entry, uris.get(), context.get(), flags, detach, nullptr,
+                                                  noteStarted, &started, &problem) != 0;
+    const Error error(problem);
+    for (const auto pid : started.pids) {
+        putInScopeOfItsOwn(bus, entryStem(entry), pid);
+    }
+    if (!done) {
+        context.fail();
+    }
+    return done ? std::string() : reasonOf(error.get());
+}
+
+struct Activation {
+    GMainContext* loop = nullptr;
+    bool finished = false;
+    bool timedOut = false;
+    GError* error = nullptr;
+};
+
+void activationFinished(GObject* source, GAsyncResult* result, gpointer data) {
+    auto& activation = *static_cast<Activation*>(data);
+    g_app_info_launch_uris_finish(reinterpret_cast<GAppInfo*>(source), result, &activation.error);
+    activation.finished = true;
+}
+
+gboolean activationTookTooLong(gpointer data) {
+    g_cancellable_cancel(static_cast<GCancellable*>(data));
+    return G_SOURCE_REMOVE;
+}
+
+// The synchronous call of GIO doesn't tell whether a D-Bus activation came through; the asynchronous one
+// does.
+std::string activate(GDesktopAppInfo* entry, const UriList& uris, GAppLaunchContext* context) {
+    const Released<GMainContext, g_main_context_unref> loop(g_main_context_new());
+    const Released<GCancellable, g_object_unref> cancellable(g_cancellable_new());
+    const Released<GSource, g_source_unref> limit(g_timeout_source_new_seconds(activationPatienceSeconds));
+    g_source_set_callback(limit.get(), activationTookTooLong, cancellable.get(), nullptr);
+    g_source_attach(limit.get(), loop.get());
+    g_main_context_push_thread_default(loop.get());
+    Activation activation{.loop = loop.get()};
+    g_app_info_launch_uris_async(reinterpret_cast<GAppInfo*>(entry), uris.get(), context, cancellable.get(),
+                                 activationFinished, &activation);
+    while (!activation.finished) {
+        g_main_context_iteration(loop.get(), TRUE);
+    }
+    g_main_context_pop_thread_default(loop.get());
+    g_source_destroy(limit.get());
+    const Error error(activation.error);
+    return error ? reasonOf(error.get()) : std::string();
+}
+
+// What is wrong with the start; empty when nothing is.
+std::string start(GDesktopAppInfo* entry, const UriList& uris, const StartupOrigin& origin) {
+    const auto connection = SessionBus::connect(busPatience);
+    if (connection.state == SessionBus::State::silent) {
+        // GIO would wait for ever for the same bus.
+        return busIsSilent;
+    }
+    const bool byBus = connection.bus != nullptr &&
+                       g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) != 0;
+    if (byBus && g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) == 0) {
+        // GIO would ask the context for no id, and complain on standard error when it has none to tell the
+        // context of a failure.
+        return activate(entry, uris, nullptr);
+    }
+    LaunchContext context(entry, origin);
+    return byBus ? activate(entry, uris, context.get()) : spawn(entry, uris, context, connection.bus);
+}
+
+// GIO says of an entry only that it won't have it, and would wait for ever for the writer of a pipe.
+std::string refusal(const std::string& path) {
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    if (status.type() == std::filesystem::file_type::not_found) {
+        return "it does not exist";
+    }
+    if (error) {
+        return error.message();
+    }
+    if (!std::filesystem::is_regular_file(status)) {
+        return "it is no regular file";
+    }
+    if (::access(path.c_str(), R_OK) != 0) {
+        return "it may not be read";
+    }
+    const auto entry = readDesktopEntry(path, {}, {});
+    if (!entry) {
+        return "it is no valid entry of an application";
+    }
+    if (entry->hidden) {
+        return "the entry is hidden";
+    }
+    return entry->tryExecMissing ? "its TryExec is not installed" : "";
+}
+
+std::string startEntry(const std::string& path, const std::vector<std::string>& files,
+                       const StartupOrigin& origin) {
+    if (auto reason = refusal(path); !reason.empty()) {
+        return reason;
+    }
+    const Entry entry(g_desktop_app_info_new_from_filename(path.c_str()));
+    return entry ? start(entry.get(), UriList(files), origin) : "its program is not installed";
+}
+
+std::string startHandler(const std::string& path, const StartupOrigin& origin) {
+    std::error_code status;
+    const bool isFolder = std::filesystem::is_directory(path, status);
+    if (!std::filesystem::exists(path, status)) {
+        return "it does not exist";
+    }
+    if (SessionBus::connect(busPatience).state == SessionBus::State::silent) {
+        return busIsSilent;
+    }
+    const Released<GFile, g_object_unref> file(g_file_new_for_path(path.c_str()));
+    GError* problem = nullptr;
+    const Info info(isFolder ? g_app_info_get_default_for_type("inode/directory", FALSE)
+                             : g_file_query_default_handler(file.get(), nullptr, &problem));
+    const Error error(problem);
+    if (!info || !G_IS_DESKTOP_APP_INFO(info.get())) {
+        return error ? reasonOf(error.get()) : "no application is there for it";
+    }
+    auto* entry = reinterpret_cast<GDesktopAppInfo*>(info.get());
+    const auto reason = start(entry, UriList({path}), origin);
+    return reason.empty() ? reason : entryStem(entry) + ": " + reason;
+}
+
+std::string withoutTrailingSlash(std::string path) {
+    while (path.size() > 1 && path.ends_with('/')) {
+        path.pop_back();
+    }
+    return path;
+}
+
+std::string show(const std::string& path, const StartupOrigin& origin) {
+    std::error_code status;
+    if (std::filesystem::symlink_status(path, status).type() == std::filesystem::file_type::not_found) {
+        return "it does not exist";
+    }
+    const auto connection = SessionBus::connect(busPatience);
+    if (connection.state == SessionBus::State::silent) {
+        return busIsSilent;
+    }
+    if (connection.bus != nullptr &&
+        SessionBus::showItems(connection.bus, {fileUri(path)}, makeStartupId(origin))) {
+        return {};
+    }
+    return startHandler(std::filesystem::path(path).parent_path().string(), origin);
+}
+
+std::string outcome(const std::string& action, const std::string& path, const std::string& reason) {
+    return reason.empty() ? reason : action + " " + path + ": " + reason;
+}
+
+} // namespace
+
+std::string launch(const std::string& entryPath, const std::vector<std::string>& files,
+                   const StartupOrigin& origin) {
+    return outcome("launch", entryPath, startEntry(entryPath, files, origin));
+}
+
+std::string open(const std::string& path, const StartupOrigin& origin) {
+    return outcome("open", path, startHandler(path, origin));
+}
+
+std::string reveal(const std::string& path, const StartupOrigin& origin) {
+    return outcome("reveal", path, show(withoutTrailingSlash(path), origin));
+}
+
+} // namespace quillary::EntryLaunch

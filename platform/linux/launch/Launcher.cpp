@@ -1,0 +1,37 @@
+#include "platform/linux/launch/Launcher.h"
+
+#include "platform/Scheduler.h"
+#include "platform/SystemLog.h"
+#include "platform/linux/launch/EntryLaunch.h"
+
+namespace quillary {
+
+Launcher::Launcher(Scheduler& scheduler, SystemLog& log, const StartupNotification* notification)
+    : m_scheduler(scheduler), m_log(log), m_notification(notification) {}
+
+void Launcher::onWorker(std::function<Outcome(const StartupOrigin&)> work) {
+    auto origin = m_notification != nullptr ? m_notification->origin() : StartupOrigin();
+    m_scheduler.onWorker(
+        [work = std::move(work), origin = std::move(origin), &log = m_log]() -> std::function<void()> {
+            return [failure = work(origin), &log] {
+                if (!failure.empty()) {
+                    log.write("Quillary: could not " + failure);
+                }
+            };
+        });
+}
+
+void Launcher::launch(const std::string& entryPath, const std::vector<std::string>& files) {
+    onWorker(
+        [entryPath, files](const auto& origin) { return EntryLaunch::launch(entryPath, files, origin); });
+}
+
+void Launcher::open(const std::string& path) {
+    onWorker([path](const auto& origin) { return EntryLaunch::open(path, origin); });
+}
+
+void Launcher::reveal(const std::string& path) {
+    onWorker([path](const auto& origin) { return EntryLaunch::reveal(path, origin); });
+}
+
+} // namespace quillary

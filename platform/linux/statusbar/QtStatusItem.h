@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/Menu.h"
+#include "platform/StatusItem.h"
+#include "platform/linux/statusbar/DBusMenu.h"
+#include "platform/linux/statusbar/NotifierItem.h"
+#include "platform/linux/statusbar/NotifierWatcher.h"
+
+#include <QIcon>
+#include <QSystemTrayIcon>
+
+#include <functional>
+#include <memory>
+
+class QWindow;
+
+namespace quillary {
+
+/// The status item on desktops that speak StatusNotifierItem over the session bus; on the others an icon in
+/// the window system's own tray, if that is there. Bars on the bus are served by ourselves: the toolkit
+/// decides once in a process which of the two it uses, and misses bars that start later.
+class QtStatusItem final : public StatusItem {
+    Q_OBJECT
+
+public:
+    /// What the window system has to say about places.
+    struct Surroundings {
+        /// A position as bars tell it (pixels of the window system) in global points.
+        std::function<QPoint(QPoint)> toPoints;
+        /// The frame of the screen nearest to the point, in global points.
+        std::function<QRect(QPoint)> frameNear;
+        /// See QtMenu::Place.
+        std::function<bool(QWindow&)> grab;
+    };
+
+    /// Shows nothing yet.
+    QtStatusItem(const QIcon& icon, const std::string& accessibleName, std::function<Menu()> menuNeedsUpdate,
+                 Surroundings places);
+    ~QtStatusItem() override;
+
+    [[nodiscard]] bool isShown() const override { return shown; }
+
+    /// Whether the window system has a tray of its own now.
+    void setTrayPresent(bool present);
+
+private:
+    void registerObjects();
+    void update();
+    [[nodiscard]] bool trayMayBeUsed() const;
+    void showTrayIcon();
+    void openAtIcon();
+    void open(QPoint corner);
+
+    QIcon symbol;
+    QString description;
+    std::function<Menu()> menuSource;
+    Surroundings surroundings;
+    DBusMenu menu;
+    NotifierItem item;
+    NotifierWatcher watcher;
+    std::unique_ptr<QSystemTrayIcon> tray;
+    bool trayPresent = false;
+    bool shown = false;
+};
+
+} // namespace quillary

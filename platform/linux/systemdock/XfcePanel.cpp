@@ -1,0 +1,101 @@
+#include "platform/linux/systemdock/XfcePanel.h"
+
+#include "core/BoundedFile.h"
+#include "platform/linux/glib/GlibText.h"
+#include "platform/linux/glib/Released.h"
+
+#include <QStringList>
+#include <QXmlStreamReader>
+
+#include <map>
+
+#include <glib.h>
+
+namespace quillary::XfcePanel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t largestEntry = std::size_t{1} << 20U;
+constexpr qsizetype deepestProperty = 16;
+constexpr std::size_t mostValues = 1000;
+
+// What the channel says: which plugins each panel shows, which of them are launchers, and what those hold.
+struct Channel {
+    std::vector<QString> plugins;
+    std::map<QString, std::vector<QString>> launchers;
+};
+
+void readValue(Channel& channel, const QStringList& names, const QString& value) {
+    if (names.size() == 3 && names[0] == u"panels"_s && names[2] == u"plugin-ids"_s) {
+        if (channel.plugins.size() < mostValues) {
+            channel.plugins.push_back(u"plugin-"_s + value);
+        }
+    } else if (names.size() == 3 && names[0] == u"plugins"_s && names[2] == u"items"_s) {
+        const auto launcher = channel.launchers.find(names[1]);
+        if (launcher != channel.launchers.end() && launcher->second.size() < mostValues) {
+            launcher->second.push_back(value);
+        }
+    }
+}
+
+Channel readChannel(std::string_view text) {
+    Channel channel;
+    QXmlStreamReader reader(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size())));
+    QStringList names;
+    while (!reader.atEnd() && names.size() < deepestProperty) {
+        const auto token = reader.readNext();
+        const bool isProperty = reader.name() == u"property"_s;
+        if (token == QXmlStreamReader::StartElement && isProperty) {
+            const auto attributes = reader.attributes();
+            names.append(attributes.value(u"name"_s).toString());
+            if (names.size() == 2 && names[0] == u"plugins"_s &&
+                attributes.value(u"value"_s) == u"launcher"_s) {
+                channel.launchers[names[1]];
+            }
+        } else if (token == QXmlStreamReader::StartElement && reader.name() == u"value"_s) {
+            readValue(channel, names, reader.attributes().value(u"value"_s).toString());
+        } else if (token == QXmlStreamReader::EndElement && isProperty && !names.isEmpty()) {
+            names.removeLast();
+        }
+    }
+    return channel;
+}
+
+} // namespace
+
+std::vector<std::string> launcherFiles(std::string_view text) {
+    const auto channel = readChannel(text);
+    std::vector<std::string> files;
+    for (const auto& plugin : channel.plugins) {
+        const auto launcher = channel.launchers.find(plugin);
+        if (launcher == channel.launchers.end()) {
+            continue;
+        }
+        const QString folder = u"launcher-"_s + plugin.mid(u"plugin-"_s.size());
+        for (const auto& item : launcher->second) {
+            const QString file = folder + u'/' + item;
+            if (!item.contains(u'/') && !folder.contains(u'/')) {
+                files.push_back(file.toStdString());
+            }
+        }
+    }
+    return files;
+}
+
+std::string sourceOf(const std::filesystem::path& launcher) {
+    const auto text = readBoundedFile(launcher, largestEntry);
+    const Released<GKeyFile, g_key_file_unref> file(g_key_file_new());
+    if (!text ||
+        g_key_file_load_from_data(file.get(), text->data(), text->size(), G_KEY_FILE_NONE, nullptr) == 0) {
+        return {};
+    }
+    const auto uri =
+        takeText(g_key_file_get_string(file.get(), G_KEY_FILE_DESKTOP_GROUP, "X-XFCE-Source", nullptr));
+    auto path = uri.empty() ? std::string() : takeText(g_filename_from_uri(uri.c_str(), nullptr, nullptr));
+    std::error_code error;
+    return std::filesystem::is_regular_file(path, error) ? path : std::string();
+}
+
+} // namespace quillary::XfcePanel

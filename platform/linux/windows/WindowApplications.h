@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/linux/entries/EntryIndex.h"
+#include "platform/linux/windows/ProcessFacts.h"
+#include "platform/linux/windows/WindowInfo.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace quillary {
+
+/// One desktop entry with all the windows it has open.
+struct WindowApplication {
+    /// Never given to another application, nor to the same one after it ended.
+    std::uint64_t handle = 0;
+    /// Path and id of the desktop entry.
+    std::string path;
+    std::string id;
+    /// Its windows, dialogs included, in the order in which they were shown.
+    std::vector<std::uint64_t> windows;
+
+    bool operator==(const WindowApplication&) const = default;
+};
+
+/// Groups windows by desktop entry and remembers what each was found to be.
+class WindowApplications {
+public:
+    explicit WindowApplications(ProcessReader processes = ProcessReader());
+
+    /// Brings the list up to the windows there are now. An application counts while it has a normal window;
+    /// it stands where its first normal window does. A dialog belongs to its parent's application. Reads of a
+    /// process only the first time its window is seen, and when the window changes what it says of itself.
+    void update(const std::vector<WindowInfo>& windows, const EntryIndex& entries);
+    /// Forgets what windows were found to be: the entries changed.
+    void forgetMatches();
+
+    [[nodiscard]] const std::vector<WindowApplication>& list() const { return m_applications; }
+    /// The application that the window belongs to; null when it has none.
+    [[nodiscard]] const WindowApplication* owner(std::uint64_t window) const;
+
+private:
+    struct Match {
+        WindowInfo window;
+        // Path and id of the entry; empty when there is none.
+        std::string path;
+        std::string id;
+        bool current = false;
+    };
+
+    void matchWindows(const std::vector<WindowInfo>& windows, const EntryIndex& entries);
+    [[nodiscard]] const Match& matchOf(const WindowInfo& window) const;
+    [[nodiscard]] std::vector<WindowApplication> group(const std::vector<WindowInfo>& windows) const;
+
+    ProcessReader m_processes;
+    std::unordered_map<std::uint64_t, Match> m_matches;
+    std::vector<WindowApplication> m_applications;
+    std::uint64_t m_lastHandle = 0;
+};
+
+} // namespace quillary

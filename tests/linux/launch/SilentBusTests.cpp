@@ -1,0 +1,103 @@
+#include "platform/linux/launch/Launcher.h"
+#include "platform/linux/launch/TransientScope.h"
+#include "tests/fake/ManualScheduler.h"
+#include "tests/linux/LinesLog.h"
+#include "tests/linux/World.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <future>
+#include <memory>
+#include <stdexcept>
+#include <thread>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace quillary::test {
+
+namespace {
+
+// A bus that takes connections into its queue and never says a word.
+class SilentBus {
+public:
+    explicit SilentBus(const std::filesystem::path& path)
+        : m_socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        const auto text = path.string();
+        std::copy_n(text.begin(), std::min(text.size(), sizeof address.sun_path - 1),
+                    std::begin(address.sun_path));
+        if (::bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+            ::listen(m_socket, 8) != 0) {
+            throw std::runtime_error("no socket");
+        }
+    }
+    SilentBus(const SilentBus&) = delete;
+    SilentBus& operator=(const SilentBus&) = delete;
+    ~SilentBus() { ::close(m_socket); }
+
+private:
+    int m_socket;
+};
+
+double seconds(const std::function<void()>& work) {
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+TEST(SilentBus, callsReturnAtOnceAndTheWorkerGivesUp) {
+    const SilentBus bus(World::root() / "bus");
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (World::root() / "bus").string()).c_str(), 1);
+    ManualScheduler scheduler;
+    LinesLog log;
+    Launcher launcher(scheduler, log);
+    const auto entry = install("a.desktop", "Name=A\nExec=true");
+    EXPECT_LT(seconds([&] {
+                  launcher.launch(entry);
+                  launcher.reveal("/tmp");
+                  launcher.open("/tmp");
+              }),
+              0.1);
+    EXPECT_LT(seconds([&] {
+                  while (scheduler.finishWork()) {
+                  }
+              }),
+              30.0);
+    EXPECT_EQ(log.lines, (std::vector<std::string>{
+                             "Quillary: could not launch " + entry + ": the session bus does not answer",
+                             "Quillary: could not reveal /tmp: the session bus does not answer",
+                             "Quillary: could not open /tmp: the session bus does not answer"}));
+}
+
+TEST(SilentBus, userManagerThatSaysNothingIsGivenUp) {
+    std::filesystem::create_directories(World::root() / "runtime");
+    const SilentBus bus(World::root() / "runtime" / "bus");
+    const auto ended = std::make_shared<std::promise<void>>();
+    auto end = ended->get_future();
+    // Not waited for: a failure is a thread that never ends.
+    std::thread([ended] {
+        putInScopeOfItsOwn(nullptr, "a", ::getpid());
+        ended->set_value();
+    }).detach();
+    EXPECT_EQ(end.wait_for(std::chrono::seconds(1)), std::future_status::timeout);
+    EXPECT_EQ(end.wait_for(std::chrono::seconds(9)), std::future_status::ready);
+}
+
+} // namespace
+
+} // namespace quillary::test
+
+int main(int argc, char** argv) {
+    quillary::test::World::enter();
+    ::testing::InitGoogleTest(&argc, argv);
+    const int result = RUN_ALL_TESTS();
+    quillary::test::World::leave();
+    // A thread still waits for the bus.
+    std::_Exit(result);
+}
