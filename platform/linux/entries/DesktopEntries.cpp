@@ -1,6 +1,7 @@
 #include "platform/linux/entries/DesktopEntries.h"
 
 #include "platform/Scheduler.h"
+#include "platform/linux/CurrentDesktop.h"
 
 #include <algorithm>
 #include <set>
@@ -24,19 +25,11 @@ bool isFolder(const std::filesystem::path& path) {
     return std::filesystem::is_directory(path, error);
 }
 
-std::vector<std::string> currentDesktops() {
-    const char* names = g_getenv("XDG_CURRENT_DESKTOP");
-    std::vector<std::string> result;
-    for (const auto& name : QString::fromUtf8(names).split(u':', Qt::SkipEmptyParts)) {
-        result.push_back(name.toStdString());
-    }
-    return result;
-}
-
 // Reads one tree of entries; ids are made of the path below it.
 class Walk {
 public:
-    explicit Walk(InstalledEntries& result) : m_result(result), m_desktops(currentDesktops()) {}
+    explicit Walk(InstalledEntries& result)
+        : m_result(result), m_desktops(CurrentDesktop::ofSession().names()) {}
 
     void read(const std::filesystem::path& folder, const std::string& prefix, int level) {
         struct stat status = {};

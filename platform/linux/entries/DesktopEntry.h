@@ -46,7 +46,7 @@ struct DesktopEntry {
 
 /// Reads the entry at the path. Absent when it is no valid entry of type Application: unreadable, over 1 MiB,
 /// not UTF-8, without a name, or without anything to launch. `currentDesktops` are the names of
-/// XDG_CURRENT_DESKTOP.
+/// `CurrentDesktop`.
 [[nodiscard]] std::optional<DesktopEntry> readDesktopEntry(const std::string& path, const std::string& id,
                                                            const std::vector<std::string>& currentDesktops);
 

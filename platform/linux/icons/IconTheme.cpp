@@ -1,6 +1,7 @@
 #include "platform/linux/icons/IconTheme.h"
 
 #include "core/BoundedFile.h"
+#include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/glib/Released.h"
 
@@ -117,16 +118,13 @@ void addUnthemedFolders() {
 
 } // namespace
 
-std::string chosenByUser(const std::filesystem::path& configFolder, const std::string& currentDesktop) {
-    const auto isOn = [&currentDesktop](const char* name) {
-        return currentDesktop.find(name) != std::string::npos;
-    };
+std::string chosenByUser(const std::filesystem::path& configFolder, const CurrentDesktop& desktop) {
     const auto gnome = [] { return ofGnome(); };
     const auto gtk = [&configFolder] { return ofGtk(configFolder); };
     const auto kde = [&configFolder] { return ofKde(configFolder); };
     using Order = std::vector<std::function<std::string()>>;
-    Order order = isOn("KDE") ? Order{kde, gtk, gnome} : Order{gnome, gtk, kde};
-    if (isOn("XFCE")) {
+    Order order = desktop.is("KDE") ? Order{kde, gtk, gnome} : Order{gnome, gtk, kde};
+    if (desktop.is("XFCE")) {
         order.insert(order.begin(), [&configFolder] { return ofXfce(configFolder); });
     }
     for (const auto& read : order) {
@@ -150,8 +148,7 @@ std::string firstInstalled(const std::vector<std::string>& names,
 }
 
 void apply() {
-    const char* desktop = g_getenv("XDG_CURRENT_DESKTOP");
-    std::vector<std::string> names{chosenByUser(g_get_user_config_dir(), desktop != nullptr ? desktop : "")};
+    std::vector<std::string> names{chosenByUser(g_get_user_config_dir(), CurrentDesktop::ofSession())};
     // "hicolor" is what Qt says when it knows of no theme.
     if (const auto found = QIcon::themeName(); found != QStringLiteral("hicolor")) {
         names.push_back(found.toStdString());

@@ -4,6 +4,10 @@
 #include <string>
 #include <vector>
 
+namespace quillary {
+class CurrentDesktop;
+}
+
 /// Which icon theme the program shows (XDG Icon Theme standard).
 namespace quillary::IconTheme {
 
@@ -12,10 +16,10 @@ namespace quillary::IconTheme {
 void apply();
 
 /// The name that the user's settings give, whether installed or not: KDE's kdeglobals, GNOME's interface
-/// settings or GTK's settings.ini, in an order that suits `currentDesktop` (XDG_CURRENT_DESKTOP), and before
-/// them on Xfce its xsettings. Empty when none does.
+/// settings or GTK's settings.ini, in an order that suits the desktop, and before them on Xfce its
+/// xsettings. Empty when none does.
 [[nodiscard]] std::string chosenByUser(const std::filesystem::path& configFolder,
-                                       const std::string& currentDesktop);
+                                       const CurrentDesktop& desktop);
 
 /// The first of the names that is installed with an index.theme below one of the folders; empty when none is.
 /// Names that are no plain folder name are passed over.

@@ -1,6 +1,7 @@
 #include "platform/linux/login/LinuxLoginItem.h"
 
 #include "core/AtomicFile.h"
+#include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/login/AutostartEntry.h"
 
 #include <algorithm>
@@ -44,7 +45,7 @@ bool isThere(const fs::path& file) {
 }
 
 bool starts(const fs::path& entry) {
-    return AutostartEntry::starts(entry, parts(variable("XDG_CURRENT_DESKTOP")));
+    return AutostartEntry::starts(entry, CurrentDesktop::ofSession().names());
 }
 
 } // namespace

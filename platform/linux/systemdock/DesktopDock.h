@@ -4,10 +4,10 @@
 
 #include <filesystem>
 #include <memory>
-#include <string_view>
 
 namespace quillary {
 
+class CurrentDesktop;
 class SystemLog;
 
 /// The dock or the panels of one desktop environment, hidden with that desktop's own public settings. Each
@@ -30,10 +30,9 @@ public:
     /// Waits until what was written has reached the desktop's storage.
     virtual void synchronise() = 0;
 
-    /// The dock of the desktop that XDG_CURRENT_DESKTOP (Desktop Entry standard) names; none when it
-    /// has none that can be hidden. Values are put aside in `folder`, one file for each desktop; `log` must
-    /// live as long as the dock.
-    [[nodiscard]] static std::unique_ptr<DesktopDock> of(std::string_view currentDesktop,
+    /// The dock of the desktop environment; none when it has none that can be hidden. Values are put aside in
+    /// `folder`, one file for each desktop; `log` must live as long as the dock.
+    [[nodiscard]] static std::unique_ptr<DesktopDock> of(const CurrentDesktop& desktop,
                                                          const std::filesystem::path& folder, SystemLog& log);
 };
 

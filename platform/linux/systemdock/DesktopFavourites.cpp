@@ -1,6 +1,7 @@
 #include "platform/linux/systemdock/DesktopFavourites.h"
 
 #include "core/BoundedFile.h"
+#include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/glib/Released.h"
 #include "platform/linux/systemdock/XfcePanel.h"
@@ -107,15 +108,11 @@ Items ofXfce(const std::filesystem::path& configFolder) {
     return items.empty() ? Items() : Items(std::move(items));
 }
 
-Items ofDesktop(std::string_view currentDesktop, const std::filesystem::path& configFolder) {
-    const auto isOn = [currentDesktop](std::string_view name) {
-        return (":" + std::string(currentDesktop) + ":").find(":" + std::string(name) + ":") !=
-               std::string::npos;
-    };
-    if (isOn("GNOME")) {
+Items ofDesktop(const CurrentDesktop& desktop, const std::filesystem::path& configFolder) {
+    if (desktop.is("GNOME")) {
         return ofGnome();
     }
-    if (isOn("KDE")) {
+    if (desktop.is("KDE")) {
         const auto text =
             readBoundedFile(configFolder / "plasma-org.kde.plasma.desktop-appletsrc", largestSettings);
         const auto items = text ? ofPlasma(*text) : Items();
@@ -124,7 +121,7 @@ Items ofDesktop(std::string_view currentDesktop, const std::filesystem::path& co
                      : Items({"preferred://filemanager", "preferred://browser",
                               "applications:systemsettings.desktop"});
     }
-    return isOn("XFCE") ? ofXfce(configFolder) : Items();
+    return desktop.is("XFCE") ? ofXfce(configFolder) : Items();
 }
 
 } // namespace quillary::DesktopFavourites

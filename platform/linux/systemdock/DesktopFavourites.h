@@ -6,6 +6,10 @@
 #include <string_view>
 #include <vector>
 
+namespace quillary {
+class CurrentDesktop;
+}
+
 /// What the user pinned to the panel of a desktop environment, in its order. Each item is as the desktop
 /// stores it: a desktop file id ("firefox.desktop"), "applications:<id>", a "preferred://browser" or
 /// "preferred://filemanager", the absolute path of an entry, or its file URI. Absent when that desktop's
@@ -21,7 +25,7 @@ using Items = std::optional<std::vector<std::string>>;
 /// The launchers of Xfce's panels, in the order of their plugins, from the folder of user configuration.
 [[nodiscard]] Items ofXfce(const std::filesystem::path& configFolder);
 
-/// Those of the desktop that XDG_CURRENT_DESKTOP names, read from the folder of user configuration.
-[[nodiscard]] Items ofDesktop(std::string_view currentDesktop, const std::filesystem::path& configFolder);
+/// Those of the desktop environment, read from the folder of user configuration.
+[[nodiscard]] Items ofDesktop(const CurrentDesktop& desktop, const std::filesystem::path& configFolder);
 
 } // namespace quillary::DesktopFavourites

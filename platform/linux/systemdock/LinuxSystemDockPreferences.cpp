@@ -2,6 +2,7 @@
 
 #include "core/SystemDock.h"
 #include "core/Utf8.h"
+#include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/SyslogLog.h"
 #include "platform/linux/entries/DefaultApplications.h"
 #include "platform/linux/entries/DesktopEntries.h"
@@ -60,8 +61,7 @@ LinuxSystemDockPreferences::~LinuxSystemDockPreferences() = default;
 DesktopDock* LinuxSystemDockPreferences::dock() const {
     if (!isLookedFor) {
         isLookedFor = true;
-        const char* desktop = g_getenv("XDG_CURRENT_DESKTOP");
-        found = DesktopDock::of(desktop != nullptr ? desktop : "", folder, log);
+        found = DesktopDock::of(CurrentDesktop::ofSession(), folder, log);
     }
     return found.get();
 }
@@ -91,9 +91,8 @@ std::vector<std::string> LinuxSystemDockPreferences::pinnedItems() const {
         return SystemDock::load(dockFile);
     }
     const EntryIndex entries(readInstalledEntries(applicationFolders()).entries);
-    const char* desktop = g_getenv("XDG_CURRENT_DESKTOP");
     const auto favourites =
-        DesktopFavourites::ofDesktop(desktop != nullptr ? desktop : "", g_get_user_config_dir());
+        DesktopFavourites::ofDesktop(CurrentDesktop::ofSession(), g_get_user_config_dir());
     std::vector<std::string> paths;
     const auto add = [&paths](std::string path) {
         if (!path.empty() && isValidUtf8(path) &&

@@ -1,3 +1,4 @@
+#include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/icons/PathIcons.h"
 #include "tests/linux/World.h"
@@ -15,8 +16,8 @@ class IconThemeTest : public WorldTest {};
 TEST_F(IconThemeTest, settingsOfTheDesktopInUseComeFirst) {
     writeFile(World::config() / "gtk-3.0/settings.ini", "[Settings]\ngtk-icon-theme-name=Papirus\n");
     writeFile(World::config() / "kdeglobals", "[Icons]\nTheme=breeze-dark\n");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "KDE"), "breeze-dark");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "Papirus");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("KDE")), "breeze-dark");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "Papirus");
 }
 
 TEST_F(IconThemeTest, xfceHasSettingsOfItsOwn) {
@@ -30,26 +31,26 @@ TEST_F(IconThemeTest, xfceHasSettingsOfItsOwn) {
     <property name="IconThemeName" type="string" value="elementary-xfce"/>
   </property>
 </channel>)");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "elementary-xfce");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "GNOME"), "Papirus");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "elementary-xfce");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("GNOME")), "Papirus");
     writeFile(channel, R"(<channel><property name="Net"><property name="IconThemeName" type="empty"/>)");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "Papirus");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "Papirus");
     std::string deep = "<channel>";
     for (int level = 0; level < 20000; ++level) {
         deep += "<property name=\"p\">";
     }
     writeFile(channel, deep);
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "Papirus");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "Papirus");
     writeFile(channel, R"(<channel><property name="Net"><property name="IconThemeName" value="../../x"/>)");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "Papirus");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "Papirus");
 }
 
 TEST_F(IconThemeTest, otherSettingsStandInForMissingOnes) {
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "KDE"), "");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("KDE")), "");
     writeFile(World::config() / "kdeglobals", "[Icons]\nTheme=breeze-dark\n");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "XFCE"), "breeze-dark");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "breeze-dark");
     writeFile(World::config() / "kdeglobals", "[Icons]\nTheme=../../etc\n");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), "KDE"), "");
+    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("KDE")), "");
 }
 
 TEST_F(IconThemeTest, firstThemeThatIsInstalledIsTaken) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/systemdock/DesktopDock.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
@@ -16,7 +17,7 @@ protected:
     using Lines = std::vector<std::string>;
 
     [[nodiscard]] std::unique_ptr<DesktopDock> newDock(const char* desktop) {
-        return DesktopDock::of(desktop, folder, log);
+        return DesktopDock::of(CurrentDesktop(desktop), folder, log);
     }
     [[nodiscard]] static double seconds(const std::function<void()>& work) {
         const auto begin = std::chrono::steady_clock::now();

@@ -1,3 +1,4 @@
+#include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/systemdock/DesktopDock.h"
 #include "platform/linux/systemdock/LinuxSystemDockPreferences.h"
 #include "tests/linux/LinesLog.h"
@@ -20,7 +21,7 @@ protected:
     }
     void TearDown() override { ::unsetenv("XDG_CURRENT_DESKTOP"); }
     [[nodiscard]] bool isKnown(std::string_view desktop) {
-        return DesktopDock::of(desktop, folder, log) != nullptr;
+        return DesktopDock::of(CurrentDesktop(desktop), folder, log) != nullptr;
     }
 
     const std::filesystem::path folder = World::config() / "Quillary";

@@ -1,3 +1,4 @@
+#include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/systemdock/DesktopDock.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
@@ -14,7 +15,7 @@ protected:
     void checkFoundIn(const std::filesystem::path& extension) {
         writeFile(extension / "schemas/gschemas.compiled",
                   readFile(QUILLARY_DOCK_SCHEMAS "/gschemas.compiled"));
-        const auto dock = DesktopDock::of("ubuntu:GNOME", folder, log);
+        const auto dock = DesktopDock::of(CurrentDesktop("ubuntu:GNOME"), folder, log);
         ASSERT_NE(dock, nullptr);
         HiderRun run(*dock);
         EXPECT_EQ(run.hide(), away);
@@ -41,9 +42,9 @@ TEST_F(GnomeExtensionTest, damagedSchemasAreNone) {
         World::userData() / "gnome-shell/extensions/dash-to-dock@micxgx.gmail.com/schemas/gschemas.compiled";
     auto bytes = readFile(QUILLARY_DOCK_SCHEMAS "/gschemas.compiled");
     writeFile(file, bytes.substr(0, bytes.size() / 2));
-    EXPECT_EQ(DesktopDock::of("GNOME", folder, log), nullptr);
+    EXPECT_EQ(DesktopDock::of(CurrentDesktop("GNOME"), folder, log), nullptr);
     writeFile(file, "GVariant");
-    EXPECT_EQ(DesktopDock::of("GNOME", folder, log), nullptr);
+    EXPECT_EQ(DesktopDock::of(CurrentDesktop("GNOME"), folder, log), nullptr);
 }
 
 } // namespace
