@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxWorkspace.h"
 
 #include "platform/SystemLog.h"
+#include "platform/linux/LinuxFolders.h"
 #include "platform/linux/glib/AsciiText.h"
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/icons/IconTheme.h"
@@ -160,7 +161,7 @@ std::string LinuxWorkspace::displayName(const std::string& path) const {
     if (plain == "/") {
         return "File System";
     }
-    if (plain == withoutTrailingSlash(g_get_home_dir())) {
+    if (plain == withoutTrailingSlash(LinuxFolders::home())) {
         return "Home";
     }
     // What GFile shows for a local file, without waking the virtual file systems, which wait for the session

@@ -1,6 +1,7 @@
 #include "platform/x11/X11Platform.h"
 
 #include "platform/linux/LinuxBundleInfo.h"
+#include "platform/linux/LinuxFolders.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/SyslogLog.h"
 #include "platform/linux/colours/SchemePalette.h"
@@ -19,11 +20,9 @@
 #include "platform/x11/X11StartupNotification.h"
 #include "platform/x11/X11WindowSource.h"
 
-#include <QDir>
 #include <QGuiApplication>
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace quillary {
 
@@ -151,13 +150,7 @@ std::unique_ptr<PanelWindow> X11Platform::makePanelWindow(QWidget& contents) {
 }
 
 std::filesystem::path X11Platform::applicationSupportDirectory() const {
-    if (const char* configured = std::getenv("XDG_CONFIG_HOME"); configured != nullptr) {
-        std::filesystem::path path(configured);
-        if (path.is_absolute()) {
-            return path;
-        }
-    }
-    return std::filesystem::path(QDir::homePath().toStdString()) / ".config";
+    return LinuxFolders::configuration();
 }
 
 bool sessionHasWindowSystem() {

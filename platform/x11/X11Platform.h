@@ -27,8 +27,7 @@ public:
                                                              const std::string& description,
                                                              std::function<Menu()> menuNeedsUpdate) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWidget& contents) override;
-    /// The XDG configuration folder (XDG Base Directory standard): XDG_CONFIG_HOME when that is an
-    /// absolute path, else ".config" in the home folder.
+    /// The user's configuration folder, `LinuxFolders::configuration`.
     [[nodiscard]] std::filesystem::path applicationSupportDirectory() const override;
 
 private:

@@ -2,6 +2,7 @@
 
 #include "platform/Scheduler.h"
 #include "platform/linux/CurrentDesktop.h"
+#include "platform/linux/LinuxFolders.h"
 
 #include <algorithm>
 #include <set>
@@ -80,10 +81,10 @@ private:
 } // namespace
 
 std::vector<std::filesystem::path> applicationFolders() {
-    std::vector<std::filesystem::path> folders{std::filesystem::path(g_get_user_data_dir()) / "applications"};
-    for (const char* const* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder) {
-        const auto path = (std::filesystem::path(*folder) / "applications").lexically_normal();
-        if (path.is_absolute() && std::find(folders.begin(), folders.end(), path) == folders.end()) {
+    std::vector<std::filesystem::path> folders{LinuxFolders::data() / "applications"};
+    for (const auto& folder : LinuxFolders::systemData()) {
+        const auto path = (folder / "applications").lexically_normal();
+        if (std::ranges::find(folders, path) == folders.end()) {
             folders.push_back(path);
         }
     }
@@ -96,7 +97,7 @@ std::filesystem::path ancestorToWatch(const std::filesystem::path& missing) {
         std::error_code error;
         if (isFolder(folder)) {
             const bool tooMuch = !folder.has_relative_path() ||
-                                 std::filesystem::equivalent(folder, g_get_home_dir(), error) ||
+                                 std::filesystem::equivalent(folder, LinuxFolders::home(), error) ||
                                  std::filesystem::equivalent(folder, "/", error);
             return tooMuch ? std::filesystem::path() : folder;
         }

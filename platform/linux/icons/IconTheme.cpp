@@ -2,6 +2,7 @@
 
 #include "core/BoundedFile.h"
 #include "platform/linux/CurrentDesktop.h"
+#include "platform/linux/LinuxFolders.h"
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/glib/Released.h"
 
@@ -104,14 +105,11 @@ std::vector<std::filesystem::path> themeFolders() {
 
 void addUnthemedFolders() {
     auto folders = QIcon::fallbackSearchPaths();
-    const auto add = [&folders](const std::filesystem::path& folder) {
+    for (const auto& folder : LinuxFolders::systemData()) {
         const auto path = QString::fromStdString((folder / "pixmaps").lexically_normal().string());
         if (!folders.contains(path)) {
             folders.append(path);
         }
-    };
-    for (const char* const* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder) {
-        add(*folder);
     }
     QIcon::setFallbackSearchPaths(folders);
 }
@@ -148,7 +146,7 @@ std::string firstInstalled(const std::vector<std::string>& names,
 }
 
 void apply() {
-    std::vector<std::string> names{chosenByUser(g_get_user_config_dir(), CurrentDesktop::ofSession())};
+    std::vector<std::string> names{chosenByUser(LinuxFolders::configuration(), CurrentDesktop::ofSession())};
     // "hicolor" is what Qt says when it knows of no theme.
     if (const auto found = QIcon::themeName(); found != QStringLiteral("hicolor")) {
         names.push_back(found.toStdString());

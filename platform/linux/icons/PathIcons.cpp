@@ -1,5 +1,6 @@
 #include "platform/linux/icons/PathIcons.h"
 
+#include "platform/linux/LinuxFolders.h"
 #include "platform/linux/glib/FileStart.h"
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/glib/Released.h"
@@ -116,7 +117,7 @@ std::vector<std::string> folderIconNames(const std::string& path) {
     std::vector<std::string> names;
     if (plain == "/") {
         names.emplace_back("drive-harddisk");
-    } else if (plain == withoutTrailingSlash(g_get_home_dir())) {
+    } else if (plain == withoutTrailingSlash(LinuxFolders::home())) {
         names.emplace_back("user-home");
     } else {
         for (const auto& special : specialFolders) {

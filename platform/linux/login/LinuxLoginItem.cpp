@@ -2,12 +2,10 @@
 
 #include "core/AtomicFile.h"
 #include "platform/linux/CurrentDesktop.h"
+#include "platform/linux/LinuxFolders.h"
 #include "platform/linux/login/AutostartEntry.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <sstream>
-#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -16,28 +14,6 @@ namespace quillary {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string variable(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
-
-std::vector<std::string> parts(const std::string& list) {
-    std::vector<std::string> result;
-    std::istringstream stream(list);
-    for (std::string part; std::getline(stream, part, ':');) {
-        if (!part.empty()) {
-            result.push_back(part);
-        }
-    }
-    return result;
-}
-
-// Relative paths in these variables are invalid and count as absent (XDG Base Directory standard).
-fs::path userConfiguration() {
-    const fs::path configured(variable("XDG_CONFIG_HOME"));
-    return configured.is_absolute() ? configured : fs::path(variable("HOME")) / ".config";
-}
 
 bool isThere(const fs::path& file) {
     std::error_code error;
@@ -53,16 +29,13 @@ bool starts(const fs::path& entry) {
 LinuxLoginItem::LinuxLoginItem(Program described) : program(std::move(described)) {}
 
 fs::path LinuxLoginItem::userEntry() const {
-    return userConfiguration() / "autostart" / (program.id + ".desktop");
+    return LinuxFolders::configuration() / "autostart" / (program.id + ".desktop");
 }
 
 std::vector<fs::path> LinuxLoginItem::systemEntries() const {
-    const std::string configured = variable("XDG_CONFIG_DIRS");
     std::vector<fs::path> entries;
-    for (const std::string& folder : parts(configured.empty() ? "/etc/xdg" : configured)) {
-        if (fs::path(folder).is_absolute()) {
-            entries.push_back(fs::path(folder) / "autostart" / (program.id + ".desktop"));
-        }
+    for (const auto& folder : LinuxFolders::systemConfiguration()) {
+        entries.push_back(folder / "autostart" / (program.id + ".desktop"));
     }
     return entries;
 }

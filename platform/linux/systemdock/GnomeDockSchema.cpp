@@ -1,6 +1,7 @@
 #include "platform/linux/systemdock/GnomeDockSchema.h"
 
 #include "core/DockPrefs.h"
+#include "platform/linux/LinuxFolders.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -19,10 +20,8 @@ using Value = Released<GVariant, g_variant_unref>;
 constexpr const char* name = "org.gnome.shell.extensions.dash-to-dock";
 
 std::vector<fs::path> extensionFolders() {
-    std::vector<fs::path> bases{g_get_user_data_dir()};
-    for (const char* const* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder) {
-        bases.emplace_back(*folder);
-    }
+    auto bases = LinuxFolders::systemData();
+    bases.insert(bases.begin(), LinuxFolders::data());
     std::vector<fs::path> folders;
     for (const auto& base : bases) {
         for (const char* extension : {"dash-to-dock@micxgx.gmail.com", "ubuntu-dock@ubuntu.com"}) {

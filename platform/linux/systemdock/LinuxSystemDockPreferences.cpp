@@ -3,6 +3,7 @@
 #include "core/SystemDock.h"
 #include "core/Utf8.h"
 #include "platform/linux/CurrentDesktop.h"
+#include "platform/linux/LinuxFolders.h"
 #include "platform/linux/SyslogLog.h"
 #include "platform/linux/entries/DefaultApplications.h"
 #include "platform/linux/entries/DesktopEntries.h"
@@ -48,9 +49,7 @@ std::vector<std::string> defaults(const EntryIndex& entries) {
 } // namespace
 
 LinuxSystemDockPreferences::LinuxSystemDockPreferences()
-    : folder(std::filesystem::path(g_get_user_config_dir()) / "Quillary"),
-      ownLog(std::make_unique<SyslogLog>()),
-      log(*ownLog) {}
+    : folder(LinuxFolders::ownConfiguration()), ownLog(std::make_unique<SyslogLog>()), log(*ownLog) {}
 
 LinuxSystemDockPreferences::LinuxSystemDockPreferences(std::filesystem::path stateFolder,
                                                        SystemLog& systemLog)
@@ -84,15 +83,14 @@ void LinuxSystemDockPreferences::synchronise() {
 }
 
 std::vector<std::string> LinuxSystemDockPreferences::pinnedItems() const {
-    const auto dockFile =
-        std::filesystem::path(g_get_home_dir()) / "Library/Preferences/com.apple.dock.plist";
+    const auto dockFile = LinuxFolders::home() / "Library/Preferences/com.apple.dock.plist";
     std::error_code error;
     if (std::filesystem::is_regular_file(dockFile, error)) {
         return SystemDock::load(dockFile);
     }
     const EntryIndex entries(readInstalledEntries(applicationFolders()).entries);
     const auto favourites =
-        DesktopFavourites::ofDesktop(CurrentDesktop::ofSession(), g_get_user_config_dir());
+        DesktopFavourites::ofDesktop(CurrentDesktop::ofSession(), LinuxFolders::configuration());
     std::vector<std::string> paths;
     const auto add = [&paths](std::string path) {
         if (!path.empty() && isValidUtf8(path) &&

@@ -1,6 +1,8 @@
+#include "platform/linux/systemdock/LinuxSystemDockPreferences.h"
 #include "tests/linux/systemdock/BusDockTest.h"
 #include "tests/linux/systemdock/FakeService.h"
 
+#include <cstdlib>
 #include <map>
 #include <tuple>
 
@@ -246,6 +248,17 @@ TEST_F(XfcePanelsTest, aServiceThatHasGoneKeepsWhatWasPutAside) {
     EXPECT_EQ(later.hide(), nothing);
     EXPECT_NE(later.show(), nothing);
     EXPECT_EQ(again.all(), own);
+}
+
+TEST_F(XfcePanelsTest, aRelativeConfigurationFolderIsNotWhereValuesArePutAside) {
+    ::setenv("XDG_CURRENT_DESKTOP", "XFCE", 1);
+    ::setenv("XDG_CONFIG_HOME", "relative", 1);
+    LinuxSystemDockPreferences preferences;
+    preferences.write(DockPrefs::hidden);
+    ::setenv("XDG_CONFIG_HOME", World::config().c_str(), 1);
+    ::unsetenv("XDG_CURRENT_DESKTOP");
+    EXPECT_TRUE(std::filesystem::exists(World::home() / ".config/Quillary/system-dock-xfce.json"));
+    EXPECT_FALSE(std::filesystem::exists("relative"));
 }
 
 using NoXfconfTest = BusDockTest;
