@@ -3,10 +3,11 @@
 #include "core/BoundedFile.h"
 #include "platform/linux/entries/ProgramName.h"
 #include "platform/linux/glib/GlibText.h"
-#include "platform/linux/glib/Released.h"
+#include "platform/linux/glib/KeyFile.h"
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include <glib.h>
 
@@ -18,13 +19,11 @@ constexpr std::size_t largestEntry = std::size_t{1} << 20U;
 constexpr std::size_t longestCommand = 8192;
 constexpr std::size_t mostCategories = 64;
 constexpr int longestShownName = 256;
-constexpr std::string_view group = "[Desktop Entry]";
-
-using KeyFile = Released<GKeyFile, g_key_file_unref>;
+constexpr std::string_view mainHeader = "[Desktop Entry]";
 
 // Actions and their translations make most of a file; parsing them too doubles the time of the index.
 std::string_view mainGroup(std::string_view text) {
-    const auto begin = text.starts_with(group) ? 0 : text.find("\n" + std::string(group));
+    const auto begin = text.starts_with(mainHeader) ? 0 : text.find("\n" + std::string(mainHeader));
     if (begin == std::string_view::npos) {
         return {};
     }
@@ -33,36 +32,20 @@ std::string_view mainGroup(std::string_view text) {
     return next == std::string_view::npos ? body : body.substr(0, next + 1);
 }
 
+// The keys of an entry's main group.
 class Keys {
 public:
-    explicit Keys(std::string_view text)
-        : file(g_key_file_new()),
-          valid(!text.empty() && g_key_file_load_from_data(file.get(), text.data(), text.size(),
-                                                           G_KEY_FILE_NONE, nullptr) != 0) {}
+    explicit Keys(KeyFile file) : m_file(std::move(file)) {}
 
-    [[nodiscard]] bool isValid() const { return valid; }
-
-    [[nodiscard]] std::string text(const char* key) const {
-        return takeText(g_key_file_get_string(file.get(), G_KEY_FILE_DESKTOP_GROUP, key, nullptr));
-    }
-
-    [[nodiscard]] std::string localised(const char* key) const {
-        return takeText(
-            g_key_file_get_locale_string(file.get(), G_KEY_FILE_DESKTOP_GROUP, key, nullptr, nullptr));
-    }
-
-    [[nodiscard]] bool flag(const char* key) const {
-        return g_key_file_get_boolean(file.get(), G_KEY_FILE_DESKTOP_GROUP, key, nullptr) != 0;
-    }
-
-    [[nodiscard]] std::vector<std::string> list(const char* key) const {
-        return takeTexts(
-            g_key_file_get_string_list(file.get(), G_KEY_FILE_DESKTOP_GROUP, key, nullptr, nullptr));
-    }
+    [[nodiscard]] std::string text(const char* key) const { return m_file.text(group, key); }
+    [[nodiscard]] std::string localised(const char* key) const { return m_file.localised(group, key); }
+    [[nodiscard]] bool flag(const char* key) const { return m_file.flag(group, key); }
+    [[nodiscard]] std::vector<std::string> list(const char* key) const { return m_file.list(group, key); }
 
 private:
-    KeyFile file;
-    bool valid;
+    static constexpr auto group = G_KEY_FILE_DESKTOP_GROUP;
+
+    KeyFile m_file;
 };
 
 bool meet(const std::vector<std::string>& one, const std::vector<std::string>& other) {
@@ -136,10 +119,11 @@ std::optional<DesktopEntry> readDesktopEntry(const std::string& path, const std:
     if (!bytes) {
         return std::nullopt;
     }
-    const Keys keys(mainGroup(*bytes));
-    if (!keys.isValid()) {
+    auto file = KeyFile::parse(mainGroup(*bytes));
+    if (!file) {
         return std::nullopt;
     }
+    const Keys keys(std::move(*file));
     DesktopEntry entry;
     entry.path = path;
     entry.id = id;

@@ -3,7 +3,7 @@
 #include "core/BoundedFile.h"
 #include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/LinuxFolders.h"
-#include "platform/linux/glib/GlibText.h"
+#include "platform/linux/glib/KeyFile.h"
 #include "platform/linux/glib/Released.h"
 
 #include <QIcon>
@@ -32,13 +32,8 @@ const std::vector<std::string>& common() {
 }
 
 std::string keyFileText(const std::filesystem::path& path, const char* group, const char* key) {
-    const auto text = readBoundedFile(path, largestSettings);
-    const Released<GKeyFile, g_key_file_unref> file(g_key_file_new());
-    if (!text ||
-        g_key_file_load_from_data(file.get(), text->data(), text->size(), G_KEY_FILE_NONE, nullptr) == 0) {
-        return {};
-    }
-    return takeText(g_key_file_get_string(file.get(), group, key, nullptr));
+    const auto file = KeyFile::read(path, largestSettings);
+    return file ? file->text(group, key) : std::string();
 }
 
 std::string ofKde(const std::filesystem::path& configFolder) {

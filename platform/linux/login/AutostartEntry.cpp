@@ -1,8 +1,6 @@
 #include "platform/linux/login/AutostartEntry.h"
 
-#include "core/BoundedFile.h"
-#include "platform/linux/glib/GlibText.h"
-#include "platform/linux/glib/Released.h"
+#include "platform/linux/glib/KeyFile.h"
 
 #include <algorithm>
 
@@ -16,18 +14,8 @@ constexpr std::size_t largestFile = std::size_t{64} << 10U;
 constexpr auto group = G_KEY_FILE_DESKTOP_GROUP;
 constexpr auto enabledKey = "X-GNOME-Autostart-enabled";
 
-using KeyFile = Released<GKeyFile, g_key_file_unref>;
-
-bool holds(GKeyFile* keys, const char* key) {
-    return g_key_file_has_key(keys, group, key, nullptr) != FALSE;
-}
-
-bool flag(GKeyFile* keys, const char* key) {
-    return g_key_file_get_boolean(keys, group, key, nullptr) != FALSE;
-}
-
-bool namesOneOf(GKeyFile* keys, const char* key, const std::vector<std::string>& wanted) {
-    const auto names = takeTexts(g_key_file_get_string_list(keys, group, key, nullptr, nullptr));
+bool namesOneOf(const KeyFile& keys, const char* key, const std::vector<std::string>& wanted) {
+    const auto names = keys.list(group, key);
     return std::ranges::find_first_of(names, wanted) != names.end();
 }
 
@@ -85,26 +73,19 @@ std::string hiddenText(const std::string& name) {
 }
 
 bool starts(const std::filesystem::path& file, const std::vector<std::string>& currentDesktops) {
-    const auto bytes = readBoundedFile(file, largestFile);
-    const KeyFile keys(g_key_file_new());
-    if (!bytes || g_key_file_load_from_data(keys.get(), bytes->data(), bytes->size(), G_KEY_FILE_NONE,
-                                            nullptr) == FALSE) {
+    const auto entry = KeyFile::read(file, largestFile);
+    if (!entry || entry->text(group, G_KEY_FILE_DESKTOP_KEY_TYPE) != G_KEY_FILE_DESKTOP_TYPE_APPLICATION ||
+        entry->text(group, G_KEY_FILE_DESKTOP_KEY_EXEC).empty()) {
         return false;
     }
-    GKeyFile* entry = keys.get();
-    if (takeText(g_key_file_get_string(entry, group, G_KEY_FILE_DESKTOP_KEY_TYPE, nullptr)) !=
-            G_KEY_FILE_DESKTOP_TYPE_APPLICATION ||
-        takeText(g_key_file_get_string(entry, group, G_KEY_FILE_DESKTOP_KEY_EXEC, nullptr)).empty()) {
+    const bool switchedOff = entry->has(group, enabledKey) && !entry->flag(group, enabledKey);
+    if (entry->flag(group, G_KEY_FILE_DESKTOP_KEY_HIDDEN) || switchedOff) {
         return false;
     }
-    const bool switchedOff = holds(entry, enabledKey) && !flag(entry, enabledKey);
-    if (flag(entry, G_KEY_FILE_DESKTOP_KEY_HIDDEN) || switchedOff) {
-        return false;
+    if (entry->has(group, G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN)) {
+        return namesOneOf(*entry, G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN, currentDesktops);
     }
-    if (holds(entry, G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN)) {
-        return namesOneOf(entry, G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN, currentDesktops);
-    }
-    return !namesOneOf(entry, G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN, currentDesktops);
+    return !namesOneOf(*entry, G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN, currentDesktops);
 }
 
 } // namespace quillary::AutostartEntry

@@ -1,8 +1,7 @@
 #include "platform/linux/systemdock/XfcePanel.h"
 
-#include "core/BoundedFile.h"
 #include "platform/linux/glib/GlibText.h"
-#include "platform/linux/glib/Released.h"
+#include "platform/linux/glib/KeyFile.h"
 
 #include <QStringList>
 #include <QXmlStreamReader>
@@ -85,14 +84,8 @@ std::vector<std::string> launcherFiles(std::string_view text) {
 }
 
 std::string sourceOf(const std::filesystem::path& launcher) {
-    const auto text = readBoundedFile(launcher, largestEntry);
-    const Released<GKeyFile, g_key_file_unref> file(g_key_file_new());
-    if (!text ||
-        g_key_file_load_from_data(file.get(), text->data(), text->size(), G_KEY_FILE_NONE, nullptr) == 0) {
-        return {};
-    }
-    const auto uri =
-        takeText(g_key_file_get_string(file.get(), G_KEY_FILE_DESKTOP_GROUP, "X-XFCE-Source", nullptr));
+    const auto file = KeyFile::read(launcher, largestEntry);
+    const auto uri = file ? file->text(G_KEY_FILE_DESKTOP_GROUP, "X-XFCE-Source") : std::string();
     auto path = uri.empty() ? std::string() : takeText(g_filename_from_uri(uri.c_str(), nullptr, nullptr));
     std::error_code error;
     return std::filesystem::is_regular_file(path, error) ? path : std::string();

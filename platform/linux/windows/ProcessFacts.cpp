@@ -1,9 +1,7 @@
 #include "platform/linux/windows/ProcessFacts.h"
 
-#include "core/BoundedFile.h"
 #include "platform/linux/glib/FileStart.h"
-#include "platform/linux/glib/GlibText.h"
-#include "platform/linux/glib/Released.h"
+#include "platform/linux/glib/KeyFile.h"
 
 #include <charconv>
 #include <string_view>
@@ -80,15 +78,8 @@ void readEnvironment(ProcessFacts& facts, const std::filesystem::path& folder) {
 }
 
 std::string flatpakIdOf(const std::filesystem::path& folder) {
-    const auto text = readBoundedFile(folder / "root" / ".flatpak-info", longestSandboxFile);
-    if (!text) {
-        return {};
-    }
-    const Released<GKeyFile, g_key_file_unref> file(g_key_file_new());
-    if (g_key_file_load_from_data(file.get(), text->data(), text->size(), G_KEY_FILE_NONE, nullptr) == 0) {
-        return {};
-    }
-    return takeText(g_key_file_get_string(file.get(), "Application", "name", nullptr));
+    const auto file = KeyFile::read(folder / "root" / ".flatpak-info", longestSandboxFile);
+    return file ? file->text("Application", "name") : std::string();
 }
 
 std::string controlGroupOf(const std::filesystem::path& folder) {
