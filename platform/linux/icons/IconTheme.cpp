@@ -5,6 +5,7 @@
 #include "platform/linux/LinuxFolders.h"
 #include "platform/linux/glib/KeyFile.h"
 #include "platform/linux/glib/Released.h"
+#include "platform/linux/glib/SettingsSchema.h"
 
 #include <QIcon>
 #include <QStringList>
@@ -73,16 +74,13 @@ std::string ofXfce(const std::filesystem::path& configFolder) {
 
 std::string ofGnome() {
     constexpr const char* schemaName = "org.gnome.desktop.interface";
-    auto* source = g_settings_schema_source_get_default();
-    // A missing schema or key ends the program when it is asked for.
-    const Released<GSettingsSchema, g_settings_schema_unref> schema(
-        source != nullptr ? g_settings_schema_source_lookup(source, schemaName, TRUE) : nullptr);
-    if (!schema || g_settings_schema_has_key(schema.get(), "icon-theme") == 0) {
+    constexpr const char* key = "icon-theme";
+    if (!findSettingsSchema(schemaName, {{key, G_VARIANT_TYPE_STRING}})) {
         return {};
     }
     const Released<GSettings, g_object_unref> settings(g_settings_new(schemaName));
     // The schema's own default says nothing about other desktops.
-    const Released<GVariant, g_variant_unref> value(g_settings_get_user_value(settings.get(), "icon-theme"));
+    const Released<GVariant, g_variant_unref> value(g_settings_get_user_value(settings.get(), key));
     return value ? std::string(g_variant_get_string(value.get(), nullptr)) : std::string();
 }
 

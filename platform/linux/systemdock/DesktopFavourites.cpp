@@ -4,6 +4,7 @@
 #include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/glib/Released.h"
+#include "platform/linux/glib/SettingsSchema.h"
 #include "platform/linux/systemdock/XfcePanel.h"
 
 #include <gio/gio.h>
@@ -47,11 +48,7 @@ bool isTaskManager(std::string_view plugin) {
 Items ofGnome() {
     constexpr const char* schemaName = "org.gnome.shell";
     constexpr const char* key = "favorite-apps";
-    auto* source = g_settings_schema_source_get_default();
-    // A missing schema or key ends the program when it is asked for.
-    const Released<GSettingsSchema, g_settings_schema_unref> schema(
-        source != nullptr ? g_settings_schema_source_lookup(source, schemaName, TRUE) : nullptr);
-    if (!schema || g_settings_schema_has_key(schema.get(), key) == 0) {
+    if (!findSettingsSchema(schemaName, {{key, G_VARIANT_TYPE_STRING_ARRAY}})) {
         return std::nullopt;
     }
     const Released<GSettings, g_object_unref> settings(g_settings_new(schemaName));

@@ -35,7 +35,7 @@ Value parsed(const char* text, GSettingsSchema* schema, const char* key) {
 }
 
 bool isFlag(GSettingsSchema* schema, const char* key) {
-    return GnomeDockSchema::hasKey(schema, key, G_VARIANT_TYPE_BOOLEAN);
+    return hasSettingsKey(schema, {key, G_VARIANT_TYPE_BOOLEAN});
 }
 
 } // namespace

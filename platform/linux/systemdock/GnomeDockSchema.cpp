@@ -31,13 +31,9 @@ std::vector<fs::path> extensionFolders() {
     return folders;
 }
 
-// A schema without a path of its own, or without the keys, would end the program when it is used.
 Schema usable(GSettingsSchemaSource* source) {
-    Schema schema(source != nullptr ? g_settings_schema_source_lookup(source, name, TRUE) : nullptr);
-    const bool isUsable = schema && g_settings_schema_get_path(schema.get()) != nullptr &&
-                          hasKey(schema.get(), autohide, G_VARIANT_TYPE_BOOLEAN) &&
-                          hasKey(schema.get(), showDelay, G_VARIANT_TYPE_DOUBLE);
-    return isUsable ? std::move(schema) : nullptr;
+    return findSettingsSchema(name, {{autohide, G_VARIANT_TYPE_BOOLEAN}, {showDelay, G_VARIANT_TYPE_DOUBLE}},
+                              source);
 }
 
 } // namespace
@@ -57,16 +53,8 @@ Schema find() {
     return nullptr;
 }
 
-bool hasKey(GSettingsSchema* schema, const char* key, const GVariantType* type) {
-    if (g_settings_schema_has_key(schema, key) == 0) {
-        return false;
-    }
-    const Key found(g_settings_schema_get_key(schema, key));
-    return g_variant_type_equal(g_settings_schema_key_get_value_type(found.get()), type) != 0;
-}
-
 bool takes(GSettingsSchema* schema, const char* key, GVariant* value) {
-    if (!hasKey(schema, key, g_variant_get_type(value))) {
+    if (!hasSettingsKey(schema, {key, g_variant_get_type(value)})) {
         return false;
     }
     const Key found(g_settings_schema_get_key(schema, key));

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "platform/linux/glib/Released.h"
-
-#include <gio/gio.h>
+#include "platform/linux/glib/SettingsSchema.h"
 
 /// The GSettings schema that Dash to Dock and Ubuntu's dock share.
 namespace quillary::GnomeDockSchema {
 
-using Schema = Released<GSettingsSchema, g_settings_schema_unref>;
+using Schema = SettingsSchema;
 
 inline constexpr const char* autohide = "autohide";
 /// Seconds, a double.
@@ -17,8 +15,6 @@ inline constexpr const char* showDelay = "show-delay";
 /// system's (XDG Base Directory standard). Null when the schema isn't there or hasn't the two keys.
 [[nodiscard]] Schema find();
 
-/// Whether the schema has the key and its values are of that type.
-[[nodiscard]] bool hasKey(GSettingsSchema* schema, const char* key, const GVariantType* type);
 /// Whether the key exists and takes the value.
 [[nodiscard]] bool takes(GSettingsSchema* schema, const char* key, GVariant* value);
 
