@@ -2,6 +2,7 @@
 
 #include "platform/SystemLog.h"
 #include "platform/linux/LinuxFolders.h"
+#include "platform/linux/entries/DesktopEntries.h"
 #include "platform/linux/glib/AsciiText.h"
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/icons/IconTheme.h"
@@ -46,9 +47,9 @@ bool contains(const std::vector<std::uint64_t>& list, std::uint64_t id) {
 
 } // namespace
 
-LinuxWorkspace::LinuxWorkspace(WindowSource& windows, Scheduler& scheduler, SystemLog& log,
-                               const StartupNotification* notification)
-    : m_windows(windows), m_log(log), m_entries(scheduler), m_launcher(scheduler, log, notification) {
+LinuxWorkspace::LinuxWorkspace(WindowSource& windows, DesktopEntries& entries, Scheduler& scheduler,
+                               SystemLog& log, const StartupNotification* notification)
+    : m_windows(windows), m_log(log), m_entries(entries), m_launcher(scheduler, log, notification) {
     connect(&m_windows, &WindowSource::windowsChanged, this, &LinuxWorkspace::tellChanges);
     connect(&m_windows, &WindowSource::activeWindowChanged, this, &LinuxWorkspace::tellChanges);
     connect(&m_windows, &WindowSource::fullScreenChanged, this, &LinuxWorkspace::fullScreenChanged);
@@ -123,6 +124,25 @@ std::optional<RunningApplication> LinuxWorkspace::frontmostApplication() const {
     noteFirstReading();
     const auto* application = activeApplication();
     return application != nullptr ? std::optional(running(*application)) : std::nullopt;
+}
+
+DesktopNow LinuxWorkspace::desktopNow() const {
+    DesktopNow now;
+    const auto& index = m_entries.index();
+    for (const auto& application : refreshed()) {
+        const auto* entry = index.find(EntryIndex::Key::path, application.path);
+        now.entries.push_back({.path = application.path,
+                               .id = application.id,
+                               .sandbox = entry != nullptr ? entry->sandbox : std::string()});
+    }
+    std::ranges::sort(now.entries, {}, &DesktopNow::Entry::path);
+    for (const auto& window : m_windows.windows()) {
+        const auto* owner = m_applications.owner(window.id);
+        if (owner != nullptr && window.pid > 0) {
+            now.windows.push_back({.pid = window.pid, .path = owner->path});
+        }
+    }
+    return now;
 }
 
 std::optional<QRectF> LinuxWorkspace::fullScreenFrame() const {

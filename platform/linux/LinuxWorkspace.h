@@ -1,15 +1,20 @@
 #pragma once
 
 #include "platform/Workspace.h"
-#include "platform/linux/entries/DesktopEntries.h"
+#include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/launch/Launcher.h"
+#include "platform/linux/windows/DesktopNow.h"
 #include "platform/linux/windows/WindowApplications.h"
 
 #include <cstdint>
+#include <optional>
 #include <set>
+#include <string>
+#include <vector>
 
 namespace quillary {
 
+class DesktopEntries;
 class Scheduler;
 class SystemLog;
 class WindowSource;
@@ -22,7 +27,7 @@ class LinuxWorkspace final : public Workspace {
 
 public:
     /// All of them must outlive the workspace; the notification may be null. Does not read anything yet.
-    LinuxWorkspace(WindowSource& windows, Scheduler& scheduler, SystemLog& log,
+    LinuxWorkspace(WindowSource& windows, DesktopEntries& entries, Scheduler& scheduler, SystemLog& log,
                    const StartupNotification* notification = nullptr);
     ~LinuxWorkspace() override;
 
@@ -43,6 +48,10 @@ public:
     void reveal(const std::string& path) override;
     void terminate(const RunningApplication& application) override;
 
+    /// Which processes show windows of which running applications now. Windows that name no process are left
+    /// out.
+    [[nodiscard]] DesktopNow desktopNow() const;
+
 private:
     /// What was last told to listeners.
     struct Told {
@@ -60,7 +69,7 @@ private:
 
     WindowSource& m_windows;
     SystemLog& m_log;
-    DesktopEntries m_entries;
+    DesktopEntries& m_entries;
     Launcher m_launcher;
     mutable WindowApplications m_applications;
     mutable std::optional<Told> m_told;

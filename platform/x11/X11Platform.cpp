@@ -5,6 +5,7 @@
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/SyslogLog.h"
 #include "platform/linux/colours/SchemePalette.h"
+#include "platform/linux/entries/DesktopEntries.h"
 #include "platform/linux/login/LinuxLoginItem.h"
 #include "platform/linux/memory/LinuxMemorySource.h"
 #include "platform/linux/statusbar/QtStatusItem.h"
@@ -48,13 +49,14 @@ struct X11Platform::Parts {
           pointer(std::move(pointerServer), screens),
           windows(*connection, clients, screens, scheduler),
           startup(connection->screenNumber()),
-          workspace(windows, scheduler, log, &startup),
+          workspace(windows, entries, scheduler, log, &startup),
           instance(*connection, startup),
           tray(*connection, "_NET_SYSTEM_TRAY") {}
 
     QtScheduler scheduler;
     SyslogLog log;
-    LinuxSystemDockPreferences systemDock;
+    DesktopEntries entries{scheduler};
+    LinuxSystemDockPreferences systemDock{entries, log};
     std::unique_ptr<X11Connection> connection;
     X11ClientList clients;
     X11Compositor compositor;
@@ -66,7 +68,8 @@ struct X11Platform::Parts {
     X11SingleInstance instance;
     X11SelectionOwner tray;
     SchemePalette palette;
-    LinuxMemorySource memory{windows, workspace};
+    LinuxMemorySource memory{[this] { return workspace.desktopNow(); },
+                             workspace.ownBundleIdentifier().value_or("")};
     LinuxLoginItem loginItem{ownProgram()};
 };
 

@@ -1,4 +1,5 @@
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/entries/DesktopEntries.h"
 #include "platform/linux/icons/IconTheme.h"
 #include "tests/fake/ManualScheduler.h"
 #include "tests/linux/FakeWindowSource.h"
@@ -32,7 +33,7 @@ protected:
         gimp =
             install("gimp.desktop", "Name=GIMP\nName[de]=Bildbearbeitung\nExec=gimp %U\nIcon=no-such-icon");
         files = install("org.test.Files.desktop", "Name=Files\nExec=test-files %U");
-        workspace = std::make_unique<LinuxWorkspace>(source, scheduler, log);
+        workspace = std::make_unique<LinuxWorkspace>(source, entries, scheduler, log);
         QObject::connect(workspace.get(), &Workspace::applicationLaunched,
                          [this] { told.emplace_back("launched"); });
         QObject::connect(workspace.get(), &Workspace::applicationTerminated,
@@ -55,6 +56,7 @@ protected:
     std::string files;
     FakeWindowSource source;
     ManualScheduler scheduler;
+    DesktopEntries entries{scheduler};
     LinesLog log;
     std::unique_ptr<LinuxWorkspace> workspace;
     Strings told;
@@ -118,6 +120,31 @@ TEST_F(LinuxWorkspaceTest, frontmostIsTheActiveWindowsApplication) {
     EXPECT_EQ(workspace->frontmostApplication()->bundlePath, gimp);
     source.active = 2;
     EXPECT_FALSE(workspace->frontmostApplication());
+}
+
+TEST_F(LinuxWorkspaceTest, processesAreNamedWithTheApplicationsWhoseWindowsTheyShow) {
+    const auto packed = install("org.test.Packed.desktop", "Name=P\nExec=packed\nX-Flatpak=org.test.Packed");
+    source.list = {window(1, "Packed"), window(2, "Gimp"), window(3, "", 2), window(4, "Nobody-knows"),
+                   window(5, "Gimp")};
+    source.list[0].pid = 30;
+    source.list[1].pid = 20;
+    source.list[2].pid = 21;
+    source.list[3].pid = 40;
+    const auto now = workspace->desktopNow();
+    ASSERT_EQ(now.entries.size(), 2U);
+    EXPECT_EQ(now.entries[0].path, gimp);
+    EXPECT_EQ(now.entries[0].id, "gimp.desktop");
+    EXPECT_EQ(now.entries[0].sandbox, "");
+    EXPECT_EQ(now.entries[1].path, packed);
+    EXPECT_EQ(now.entries[1].id, "org.test.Packed.desktop");
+    EXPECT_EQ(now.entries[1].sandbox, "org.test.Packed");
+    ASSERT_EQ(now.windows.size(), 3U);
+    EXPECT_EQ(now.windows[0].pid, 30);
+    EXPECT_EQ(now.windows[0].path, packed);
+    EXPECT_EQ(now.windows[1].pid, 20);
+    EXPECT_EQ(now.windows[1].path, gimp);
+    EXPECT_EQ(now.windows[2].pid, 21);
+    EXPECT_EQ(now.windows[2].path, gimp);
 }
 
 TEST_F(LinuxWorkspaceTest, ownIdentifierIsTheInstalledEntrys) {

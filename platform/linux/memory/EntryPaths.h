@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/memory/DesktopNow.h"
+#include "platform/linux/windows/DesktopNow.h"
 
 #include <filesystem>
 #include <string>

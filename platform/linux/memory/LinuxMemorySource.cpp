@@ -1,9 +1,7 @@
 #include "platform/linux/memory/LinuxMemorySource.h"
 
 #include "core/MemoryReaderLinux.h"
-#include "platform/Workspace.h"
 #include "platform/linux/entries/DesktopEntries.h"
-#include "platform/linux/windows/WindowSource.h"
 
 #include <ctime>
 #include <mutex>
@@ -71,14 +69,13 @@ struct LinuxMemorySource::Shared {
     }
 };
 
-LinuxMemorySource::LinuxMemorySource(const WindowSource& windows, const Workspace& workspace,
-                                     const std::filesystem::path& root)
-    : m_owners(windows, workspace), m_shared(std::make_shared<Shared>()) {
+LinuxMemorySource::LinuxMemorySource(Desktop desktop, std::string ownId, const std::filesystem::path& root)
+    : m_desktop(std::move(desktop)), m_shared(std::make_shared<Shared>()) {
     m_shared->root = root;
     m_shared->surroundings = {.processes = ProcFilesystem(root / "proc"),
                               .user = ::geteuid(),
                               .ownPid = static_cast<std::int32_t>(::getpid()),
-                              .ownId = workspace.ownBundleIdentifier().value_or(""),
+                              .ownId = std::move(ownId),
                               .entryFolders = applicationFolders(),
                               .clock = [] { return secondsOf(CLOCK_MONOTONIC); },
                               .processorTime = [] { return secondsOf(CLOCK_THREAD_CPUTIME_ID); }};
@@ -87,7 +84,7 @@ LinuxMemorySource::LinuxMemorySource(const WindowSource& windows, const Workspac
 LinuxMemorySource::~LinuxMemorySource() = default;
 
 MemorySource::Sampler LinuxMemorySource::sampler() {
-    return [shared = m_shared, desktop = m_owners.now()] {
+    return [shared = m_shared, desktop = m_desktop()] {
         const UtilityPriority priority;
         MemorySample sample;
         sample.stats = MemoryReaderLinux::stats(MemoryReaderLinux::texts(shared->root),

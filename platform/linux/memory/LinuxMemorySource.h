@@ -2,10 +2,12 @@
 
 #include "platform/MemorySource.h"
 #include "platform/linux/memory/MemorySweep.h"
-#include "platform/linux/memory/WindowOwners.h"
+#include "platform/linux/windows/DesktopNow.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <string>
 
 namespace quillary {
 
@@ -17,9 +19,11 @@ namespace quillary {
 /// for how closely). Processes of other users do not count.
 class LinuxMemorySource final : public MemorySource {
 public:
-    /// Both must outlive the source, not its samplers. `root` is where "proc" and "sys" stand.
-    LinuxMemorySource(const WindowSource& windows, const Workspace& workspace,
-                      const std::filesystem::path& root = "/");
+    /// Tells which processes show windows of which applications; called on the main thread only.
+    using Desktop = std::function<DesktopNow()>;
+
+    /// `ownId` is this program's desktop file id. `root` is where "proc" and "sys" stand.
+    LinuxMemorySource(Desktop desktop, std::string ownId, const std::filesystem::path& root = "/");
     ~LinuxMemorySource() override;
 
     /// Samplers run as a batch job of the kernel's scheduler: they wait until what the user does leaves time.
@@ -29,7 +33,7 @@ public:
 private:
     struct Shared;
 
-    WindowOwners m_owners;
+    Desktop m_desktop;
     std::shared_ptr<Shared> m_shared;
 };
 

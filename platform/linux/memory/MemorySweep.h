@@ -3,10 +3,10 @@
 #include "core/AppUsage.h"
 #include "core/ProcessSample.h"
 #include "platform/linux/memory/BusyProcesses.h"
-#include "platform/linux/memory/DesktopNow.h"
 #include "platform/linux/memory/EntryPaths.h"
 #include "platform/linux/memory/ProcFilesystem.h"
 #include "platform/linux/memory/ProcessTable.h"
+#include "platform/linux/windows/DesktopNow.h"
 
 #include <cstdint>
 #include <filesystem>

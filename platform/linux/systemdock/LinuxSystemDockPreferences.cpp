@@ -3,8 +3,6 @@
 #include "core/SystemDock.h"
 #include "core/Utf8.h"
 #include "platform/linux/CurrentDesktop.h"
-#include "platform/linux/LinuxFolders.h"
-#include "platform/linux/SyslogLog.h"
 #include "platform/linux/entries/DefaultApplications.h"
 #include "platform/linux/entries/DesktopEntries.h"
 #include "platform/linux/glib/GlibText.h"
@@ -48,21 +46,18 @@ std::vector<std::string> defaults(const EntryIndex& entries) {
 
 } // namespace
 
-LinuxSystemDockPreferences::LinuxSystemDockPreferences()
-    : folder(LinuxFolders::ownConfiguration()), ownLog(std::make_unique<SyslogLog>()), log(*ownLog) {}
-
-LinuxSystemDockPreferences::LinuxSystemDockPreferences(std::filesystem::path stateFolder,
-                                                       SystemLog& systemLog)
-    : folder(std::move(stateFolder)), log(systemLog) {}
+LinuxSystemDockPreferences::LinuxSystemDockPreferences(const DesktopEntries& entries, SystemLog& log,
+                                                       std::filesystem::path stateFolder)
+    : m_entries(entries), m_log(log), m_stateFolder(std::move(stateFolder)) {}
 
 LinuxSystemDockPreferences::~LinuxSystemDockPreferences() = default;
 
 DesktopDock* LinuxSystemDockPreferences::dock() const {
-    if (!isLookedFor) {
-        isLookedFor = true;
-        found = DesktopDock::of(CurrentDesktop::ofSession(), folder, log);
+    if (!m_isDockLookedFor) {
+        m_isDockLookedFor = true;
+        m_dock = DesktopDock::of(CurrentDesktop::ofSession(), m_stateFolder, m_log);
     }
-    return found.get();
+    return m_dock.get();
 }
 
 DockPrefs LinuxSystemDockPreferences::read() const {
@@ -88,13 +83,12 @@ std::vector<std::string> LinuxSystemDockPreferences::pinnedItems() const {
     if (std::filesystem::is_regular_file(dockFile, error)) {
         return SystemDock::load(dockFile);
     }
-    const EntryIndex entries(readInstalledEntries(applicationFolders()).entries);
+    const auto& entries = m_entries.index();
     const auto favourites =
         DesktopFavourites::ofDesktop(CurrentDesktop::ofSession(), LinuxFolders::configuration());
     std::vector<std::string> paths;
     const auto add = [&paths](std::string path) {
-        if (!path.empty() && isValidUtf8(path) &&
-            std::find(paths.begin(), paths.end(), path) == paths.end()) {
+        if (!path.empty() && isValidUtf8(path) && std::ranges::find(paths, path) == paths.end()) {
             paths.push_back(std::move(path));
         }
     };

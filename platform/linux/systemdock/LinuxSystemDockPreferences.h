@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/SystemDockPreferences.h"
+#include "platform/linux/LinuxFolders.h"
 
 #include <filesystem>
 #include <memory>
@@ -8,6 +9,7 @@
 namespace quillary {
 
 class DesktopDock;
+class DesktopEntries;
 class SystemLog;
 
 /// The desktop's own dock: Dash to Dock and Ubuntu's dock, Xfce's panels and Plasma's, each hidden with its
@@ -15,10 +17,10 @@ class SystemLog;
 /// nothing is ever asked.
 class LinuxSystemDockPreferences final : public SystemDockPreferences {
 public:
-    /// Keeps what belongs to the user while the dock is hidden in Quillary's folder of user configuration
-    /// (XDG Base Directory standard), and tells the system's log.
-    LinuxSystemDockPreferences();
-    LinuxSystemDockPreferences(std::filesystem::path stateFolder, SystemLog& systemLog);
+    /// `entries` and `log` must outlive this. While the dock is hidden, the user's own values are kept in
+    /// `stateFolder`.
+    LinuxSystemDockPreferences(const DesktopEntries& entries, SystemLog& log,
+                               std::filesystem::path stateFolder = LinuxFolders::ownConfiguration());
     ~LinuxSystemDockPreferences() override;
     LinuxSystemDockPreferences(const LinuxSystemDockPreferences&) = delete;
     LinuxSystemDockPreferences& operator=(const LinuxSystemDockPreferences&) = delete;
@@ -34,19 +36,19 @@ public:
 
     /// The items of a macOS Dock when its preference file stands under the home folder; else the favourites
     /// of the desktop in use with the file manager before them; else file manager, browser, terminal, text
-    /// editor and settings. Entries that aren't installed are left out,
-    /// and paths that are no UTF-8, which the settings could not keep.
+    /// editor and settings. Entries that aren't installed are left out, and paths that are not UTF-8, which
+    /// the settings could not keep.
     [[nodiscard]] std::vector<std::string> pinnedItems() const override;
 
 private:
     [[nodiscard]] DesktopDock* dock() const;
 
-    std::filesystem::path folder;
-    std::unique_ptr<SystemLog> ownLog;
-    SystemLog& log;
-    // Found at the first need.
-    mutable bool isLookedFor = false;
-    mutable std::unique_ptr<DesktopDock> found;
+    const DesktopEntries& m_entries;
+    SystemLog& m_log;
+    std::filesystem::path m_stateFolder;
+    // Looked for when it is first needed; null also when the desktop has none.
+    mutable bool m_isDockLookedFor = false;
+    mutable std::unique_ptr<DesktopDock> m_dock;
 };
 
 } // namespace quillary

@@ -1,6 +1,9 @@
+#include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/entries/DesktopEntries.h"
 #include "platform/linux/memory/LinuxMemorySource.h"
-#include "tests/fake/FakePlatform.h"
+#include "tests/fake/ManualScheduler.h"
 #include "tests/linux/FakeWindowSource.h"
+#include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
 #include "tests/linux/memory/ProcTree.h"
 
@@ -22,22 +25,16 @@ class LinuxMemorySourceTest : public WorldTest {
 protected:
     void SetUp() override {
         WorldTest::SetUp();
-        workspace.ownIdentifier = "quillary.desktop";
-        browser = run("browser", "StartupWMClass=Browser");
-        editor = run("editor", "StartupWMClass=Editor");
+        browser = install("browser.desktop", "Name=browser\nExec=browser\nStartupWMClass=Browser");
+        editor = install("editor.desktop", "Name=editor\nExec=editor\nStartupWMClass=Editor");
         put(10, 3000);
         put(11, 2000);
     }
 
-    /// Installs an entry and lets its application run.
-    std::string run(const std::string& name, const std::string& line) {
-        auto path = install(name + ".desktop", "Name=" + name + "\nExec=" + name + "\n" + line);
-        workspace.running.push_back({.handle = workspace.running.size() + 1,
-                                     .policy = ActivationPolicy::regular,
-                                     .bundlePath = path,
-                                     .bundleIdentifier = name + ".desktop"});
-        return path;
+    [[nodiscard]] LinuxMemorySource newSource(const std::filesystem::path& root) {
+        return {[this] { return workspace.desktopNow(); }, "quillary.desktop", root};
     }
+    [[nodiscard]] LinuxMemorySource newSource() { return newSource(tree.root()); }
     void put(std::int32_t pid, std::uint64_t kibibytes) const {
         tree.put({.pid = pid, .anonymous = kibibytes, .exact = ProcEntry::Exact{.anonymous = kibibytes}});
     }
@@ -51,7 +48,10 @@ protected:
 
     ProcTree tree;
     FakeWindowSource windows;
-    FakeWorkspace workspace;
+    ManualScheduler scheduler;
+    DesktopEntries entries{scheduler};
+    LinesLog log;
+    LinuxWorkspace workspace{windows, entries, scheduler, log};
     std::string browser;
     std::string editor;
 };
@@ -60,25 +60,24 @@ TEST_F(LinuxMemorySourceTest, applicationsAreFoundByTheirWindows) {
     show(10, "Browser");
     show(11, "Editor");
     show(12, "Unknown");
-    LinuxMemorySource source(windows, workspace, tree.root());
+    auto source = newSource();
     EXPECT_THAT(source.sampler()().applications, ElementsAre(AppUsage{browser, "browser", {10}, 3'072'000},
                                                              AppUsage{editor, "editor", {11}, 2'048'000}));
 }
 
 TEST_F(LinuxMemorySourceTest, applicationsThatAppearLaterAreFoundToo) {
     show(10, "Browser");
-    show(11, "Viewer");
-    LinuxMemorySource source(windows, workspace, tree.root());
+    auto source = newSource();
     EXPECT_EQ(source.sampler()().applications.size(), 1U);
-    const auto viewer = run("viewer", "StartupWMClass=Viewer");
+    show(11, "Editor");
     EXPECT_THAT(source.sampler()().applications, ElementsAre(AppUsage{browser, "browser", {10}, 3'072'000},
-                                                             AppUsage{viewer, "viewer", {11}, 2'048'000}));
+                                                             AppUsage{editor, "editor", {11}, 2'048'000}));
 }
 
 TEST_F(LinuxMemorySourceTest, machineFiguresComeFromTheSameRoot) {
     writeFile(tree.proc() / "meminfo", "MemTotal: 4096 kB\nAnonPages: 1024 kB\nActive(anon): 1024 kB\n");
     writeFile(tree.proc() / "pressure/memory", "some avg10=12.00\nfull avg10=1.00\n");
-    LinuxMemorySource source(windows, workspace, tree.root());
+    auto source = newSource();
     EXPECT_EQ(
         source.sampler()().stats,
         (MemoryStats{
@@ -89,7 +88,7 @@ TEST_F(LinuxMemorySourceTest, aSamplerOutlivesItsSource) {
     show(10, "Browser");
     MemorySource::Sampler sampler;
     {
-        LinuxMemorySource source(windows, workspace, tree.root());
+        auto source = newSource();
         sampler = source.sampler();
     }
     windows.list.clear();
@@ -98,7 +97,7 @@ TEST_F(LinuxMemorySourceTest, aSamplerOutlivesItsSource) {
 
 TEST_F(LinuxMemorySourceTest, samplesMayOverlap) {
     show(10, "Browser");
-    LinuxMemorySource source(windows, workspace, tree.root());
+    auto source = newSource();
     std::vector<std::thread> threads;
     threads.reserve(8);
     for (int i = 0; i < 8; ++i) {
@@ -115,7 +114,7 @@ TEST_F(LinuxMemorySourceTest, samplesMayOverlap) {
 }
 
 TEST_F(LinuxMemorySourceTest, theThreadHasItsPriorityBackAfterwards) {
-    LinuxMemorySource source(windows, workspace, tree.root());
+    auto source = newSource();
     const auto before = ::sched_getscheduler(0);
     static_cast<void>(source.sampler()());
     EXPECT_EQ(::sched_getscheduler(0), before);
@@ -123,14 +122,14 @@ TEST_F(LinuxMemorySourceTest, theThreadHasItsPriorityBackAfterwards) {
 
 TEST_F(LinuxMemorySourceTest, aRootWithoutProcessesGivesNothing) {
     show(10, "Browser");
-    LinuxMemorySource source(windows, workspace, tree.root() / "nowhere");
+    auto source = newSource(tree.root() / "nowhere");
     EXPECT_EQ(source.sampler()(), MemorySample());
 }
 
 TEST_F(LinuxMemorySourceTest, entriesThatCannotBeReadAreLeftOut) {
     show(10, "Browser");
     writeFile(browser, "no entry");
-    LinuxMemorySource source(windows, workspace, tree.root());
+    auto source = newSource();
     EXPECT_THAT(source.sampler()().applications, IsEmpty());
 }
 

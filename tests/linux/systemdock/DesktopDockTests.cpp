@@ -1,6 +1,8 @@
 #include "platform/linux/CurrentDesktop.h"
+#include "platform/linux/entries/DesktopEntries.h"
 #include "platform/linux/systemdock/DesktopDock.h"
 #include "platform/linux/systemdock/LinuxSystemDockPreferences.h"
+#include "tests/fake/ManualScheduler.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
 #include "tests/linux/systemdock/HiderRun.h"
@@ -26,6 +28,8 @@ protected:
 
     const std::filesystem::path folder = World::config() / "Quillary";
     LinesLog log;
+    ManualScheduler scheduler;
+    const DesktopEntries entries{scheduler};
 };
 
 TEST_F(DesktopDockTest, desktopsAreKnownByTheirWholeNames) {
@@ -45,7 +49,7 @@ TEST_F(DesktopDockTest, gnomeWithoutTheExtensionHasNoDock) {
 
 TEST_F(DesktopDockTest, otherDesktopsCountAsHiddenAndKeepNothing) {
     ::setenv("XDG_CURRENT_DESKTOP", "MATE", 1);
-    LinuxSystemDockPreferences dock(folder, log);
+    LinuxSystemDockPreferences dock(entries, log, folder);
     EXPECT_EQ(dock.read(), (DockPrefs{true, 1000.0}));
     dock.write(DockPrefs{});
     dock.synchronise();
@@ -58,7 +62,7 @@ TEST_F(DesktopDockTest, otherDesktopsCountAsHiddenAndKeepNothing) {
 TEST_F(DesktopDockTest, aKnownDesktopWithoutASessionBusIsLeftAloneSilently) {
     for (const char* desktop : {"XFCE", "KDE"}) {
         ::setenv("XDG_CURRENT_DESKTOP", desktop, 1);
-        LinuxSystemDockPreferences dock(folder, log);
+        LinuxSystemDockPreferences dock(entries, log, folder);
         EXPECT_EQ(dock.read(), away) << desktop;
         dock.write(away);
         dock.write(DockPrefs{});

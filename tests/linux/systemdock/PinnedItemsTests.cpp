@@ -1,6 +1,9 @@
+#include "platform/linux/entries/DesktopEntries.h"
 #include "platform/linux/systemdock/DesktopFavourites.h"
 #include "platform/linux/systemdock/LinuxSystemDockPreferences.h"
 #include "platform/linux/systemdock/XfcePanel.h"
+#include "tests/fake/ManualScheduler.h"
+#include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
 
 #include <gtest/gtest.h>
@@ -32,11 +35,14 @@ protected:
     std::string files;
     std::string browser;
     std::string editor;
-    const LinuxSystemDockPreferences preferences = {};
+    ManualScheduler scheduler;
+    const DesktopEntries entries{scheduler};
+    LinesLog log;
+    const LinuxSystemDockPreferences preferences{entries, log};
 };
 
 TEST_F(PinnedItemsTest, countsAsHiddenAndStaysSo) {
-    LinuxSystemDockPreferences dock;
+    LinuxSystemDockPreferences dock(entries, log);
     dock.write(DockPrefs::hidden);
     dock.synchronise();
     dock.restart();

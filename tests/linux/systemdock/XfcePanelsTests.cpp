@@ -1,4 +1,6 @@
+#include "platform/linux/entries/DesktopEntries.h"
 #include "platform/linux/systemdock/LinuxSystemDockPreferences.h"
+#include "tests/fake/ManualScheduler.h"
 #include "tests/linux/systemdock/BusDockTest.h"
 #include "tests/linux/systemdock/FakeService.h"
 
@@ -253,7 +255,9 @@ TEST_F(XfcePanelsTest, aServiceThatHasGoneKeepsWhatWasPutAside) {
 TEST_F(XfcePanelsTest, aRelativeConfigurationFolderIsNotWhereValuesArePutAside) {
     ::setenv("XDG_CURRENT_DESKTOP", "XFCE", 1);
     ::setenv("XDG_CONFIG_HOME", "relative", 1);
-    LinuxSystemDockPreferences preferences;
+    ManualScheduler scheduler;
+    const DesktopEntries entries(scheduler);
+    LinuxSystemDockPreferences preferences(entries, log);
     preferences.write(DockPrefs::hidden);
     ::setenv("XDG_CONFIG_HOME", World::config().c_str(), 1);
     ::unsetenv("XDG_CURRENT_DESKTOP");

@@ -1,4 +1,5 @@
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/entries/DesktopEntries.h"
 #include "tests/fake/ManualScheduler.h"
 #include "tests/linux/FakeWindowSource.h"
 #include "tests/linux/LinesLog.h"
@@ -67,7 +68,8 @@ protected:
     FakeWindowSource source;
     ManualScheduler scheduler;
     LinesLog log;
-    LinuxWorkspace workspace{source, scheduler, log};
+    DesktopEntries entries{scheduler};
+    LinuxWorkspace workspace{source, entries, scheduler, log};
 };
 
 TEST_F(WindowProcessesTest, severalProcessesOfOneEntryAreOneApplication) {

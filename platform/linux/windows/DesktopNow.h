@@ -6,7 +6,7 @@
 
 namespace quillary {
 
-/// What the window system tells of the applications at one moment: a small copy for another thread.
+/// Which processes show windows of which applications at one moment: a small copy for another thread.
 struct DesktopNow {
     /// The desktop entry of an application that shows windows.
     struct Entry {
@@ -23,8 +23,9 @@ struct DesktopNow {
         std::string path;
     };
 
+    /// Sorted by path.
     std::vector<Entry> entries;
-    /// In the order of the windows.
+    /// In the order in which the windows were first shown.
     std::vector<Window> windows;
 };
 
