@@ -48,8 +48,13 @@ bool contains(const std::vector<std::uint64_t>& list, std::uint64_t id) {
 } // namespace
 
 LinuxWorkspace::LinuxWorkspace(WindowSource& windows, DesktopEntries& entries, Scheduler& scheduler,
-                               SystemLog& log, const StartupNotification* notification)
-    : m_windows(windows), m_log(log), m_entries(entries), m_launcher(scheduler, log, notification) {
+                               SystemLog& log, const StartupNotification* notification,
+                               std::string sessionIconTheme)
+    : m_windows(windows),
+      m_log(log),
+      m_entries(entries),
+      m_launcher(scheduler, log, notification),
+      m_sessionIconTheme(std::move(sessionIconTheme)) {
     connect(&m_windows, &WindowSource::windowsChanged, this, &LinuxWorkspace::tellChanges);
     connect(&m_windows, &WindowSource::activeWindowChanged, this, &LinuxWorkspace::tellChanges);
     connect(&m_windows, &WindowSource::fullScreenChanged, this, &LinuxWorkspace::fullScreenChanged);
@@ -191,7 +196,7 @@ std::string LinuxWorkspace::displayName(const std::string& path) const {
 
 QIcon LinuxWorkspace::icon(const std::string& path) const {
     if (!m_iconsReady) {
-        IconTheme::apply();
+        IconTheme::apply(m_sessionIconTheme);
         m_iconsReady = true;
     }
     if (isFolder(path)) {

@@ -26,9 +26,10 @@ class LinuxWorkspace final : public Workspace {
     Q_OBJECT
 
 public:
-    /// All of them must outlive the workspace; the notification may be null. Does not read anything yet.
+    /// All of them must outlive the workspace; the notification may be null. `sessionIconTheme` is the icon
+    /// theme that the session's settings manager names, if one runs. Does not read anything yet.
     LinuxWorkspace(WindowSource& windows, DesktopEntries& entries, Scheduler& scheduler, SystemLog& log,
-                   const StartupNotification* notification = nullptr);
+                   const StartupNotification* notification = nullptr, std::string sessionIconTheme = {});
     ~LinuxWorkspace() override;
 
     [[nodiscard]] std::vector<RunningApplication> runningApplications() const override;
@@ -73,6 +74,7 @@ private:
     Launcher m_launcher;
     mutable WindowApplications m_applications;
     mutable std::optional<Told> m_told;
+    std::string m_sessionIconTheme;
     mutable bool m_iconsReady = false;
 };
 

@@ -20,6 +20,7 @@
 #include "platform/x11/X11SingleInstance.h"
 #include "platform/x11/X11StartupNotification.h"
 #include "platform/x11/X11WindowSource.h"
+#include "platform/x11/X11Xsettings.h"
 
 #include <QGuiApplication>
 
@@ -49,7 +50,7 @@ struct X11Platform::Parts {
           pointer(std::move(pointerServer), screens),
           windows(*connection, clients, screens, scheduler),
           startup(connection->screenNumber()),
-          workspace(windows, entries, scheduler, log, &startup),
+          workspace(windows, entries, scheduler, log, &startup, xsettingsIconTheme(*connection)),
           instance(*connection, startup),
           tray(*connection, "_NET_SYSTEM_TRAY") {}
 

@@ -1,6 +1,5 @@
 #include "platform/linux/icons/IconTheme.h"
 
-#include "core/BoundedFile.h"
 #include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/LinuxFolders.h"
 #include "platform/linux/glib/KeyFile.h"
@@ -9,7 +8,6 @@
 
 #include <QIcon>
 #include <QStringList>
-#include <QXmlStreamReader>
 
 #include <gio/gio.h>
 
@@ -18,14 +16,11 @@
 
 namespace quillary::IconTheme {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr std::size_t largestSettings = std::size_t{1} << 20U;
-constexpr qsizetype deepestProperty = 16;
 
-// Found on most systems, with the most complete ones first.
+// Found on most systems, the most complete ones first.
 const std::vector<std::string>& common() {
     static const std::vector<std::string> names{"Adwaita",    "breeze", "Papirus", "Yaru",
                                                 "elementary", "oxygen", "gnome",   "hicolor"};
@@ -45,33 +40,6 @@ std::string ofGtk(const std::filesystem::path& configFolder) {
     return keyFileText(configFolder / "gtk-3.0" / "settings.ini", "Settings", "gtk-icon-theme-name");
 }
 
-std::string ofXfce(const std::filesystem::path& configFolder) {
-    const auto text =
-        readBoundedFile(configFolder / "xfce4/xfconf/xfce-perchannel-xml/xsettings.xml", largestSettings);
-    if (!text) {
-        return {};
-    }
-    QXmlStreamReader reader(QByteArray::fromRawData(text->data(), static_cast<qsizetype>(text->size())));
-    const QStringList wanted{u"Net"_s, u"IconThemeName"_s};
-    QStringList names;
-    while (!reader.atEnd() && names.size() < deepestProperty) {
-        const auto token = reader.readNext();
-        if (reader.name() != u"property"_s) {
-            continue;
-        }
-        if (token == QXmlStreamReader::StartElement) {
-            const auto attributes = reader.attributes();
-            names.append(attributes.value(u"name"_s).toString());
-            if (names == wanted) {
-                return attributes.value(u"value"_s).toString().toStdString();
-            }
-        } else if (token == QXmlStreamReader::EndElement && !names.isEmpty()) {
-            names.removeLast();
-        }
-    }
-    return {};
-}
-
 std::string ofGnome() {
     constexpr const char* schemaName = "org.gnome.desktop.interface";
     constexpr const char* key = "icon-theme";
@@ -79,7 +47,7 @@ std::string ofGnome() {
         return {};
     }
     const Released<GSettings, g_object_unref> settings(g_settings_new(schemaName));
-    // The schema's own default says nothing about other desktops.
+    // The schema's default is GNOME's own theme, whatever desktop runs.
     const Released<GVariant, g_variant_unref> value(g_settings_get_user_value(settings.get(), key));
     return value ? std::string(g_variant_get_string(value.get(), nullptr)) : std::string();
 }
@@ -114,11 +82,7 @@ std::string chosenByUser(const std::filesystem::path& configFolder, const Curren
     const auto gtk = [&configFolder] { return ofGtk(configFolder); };
     const auto kde = [&configFolder] { return ofKde(configFolder); };
     using Order = std::vector<std::function<std::string()>>;
-    Order order = desktop.is("KDE") ? Order{kde, gtk, gnome} : Order{gnome, gtk, kde};
-    if (desktop.is("XFCE")) {
-        order.insert(order.begin(), [&configFolder] { return ofXfce(configFolder); });
-    }
-    for (const auto& read : order) {
+    for (const auto& read : desktop.is("KDE") ? Order{kde, gtk, gnome} : Order{gnome, gtk, kde}) {
         if (auto name = read(); isFolderName(name)) {
             return name;
         }
@@ -129,18 +93,20 @@ std::string chosenByUser(const std::filesystem::path& configFolder, const Curren
 std::string firstInstalled(const std::vector<std::string>& names,
                            const std::vector<std::filesystem::path>& folders) {
     const auto installed = [&folders](const std::string& name) {
-        return isFolderName(name) && std::any_of(folders.begin(), folders.end(), [&name](const auto& folder) {
+        return isFolderName(name) && std::ranges::any_of(folders, [&name](const auto& folder) {
                    std::error_code error;
                    return std::filesystem::is_regular_file(folder / name / "index.theme", error);
                });
     };
-    const auto place = std::find_if(names.begin(), names.end(), installed);
+    const auto place = std::ranges::find_if(names, installed);
     return place == names.end() ? std::string() : *place;
 }
 
-void apply() {
-    std::vector<std::string> names{chosenByUser(LinuxFolders::configuration(), CurrentDesktop::ofSession())};
-    // "hicolor" is what Qt says when it knows of no theme.
+void apply(const std::string& ofSession) {
+    std::vector<std::string> names{
+        !ofSession.empty() ? ofSession
+                           : chosenByUser(LinuxFolders::configuration(), CurrentDesktop::ofSession())};
+    // Qt names "hicolor" when it knows no theme.
     if (const auto found = QIcon::themeName(); found != QStringLiteral("hicolor")) {
         names.push_back(found.toStdString());
     }

@@ -3,6 +3,8 @@
 #include "platform/linux/icons/PathIcons.h"
 #include "tests/linux/World.h"
 
+#include <QIcon>
+
 #include <gtest/gtest.h>
 
 namespace quillary::test {
@@ -20,29 +22,30 @@ TEST_F(IconThemeTest, settingsOfTheDesktopInUseComeFirst) {
     EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "Papirus");
 }
 
-TEST_F(IconThemeTest, xfceHasSettingsOfItsOwn) {
-    const auto channel = World::config() / "xfce4/xfconf/xfce-perchannel-xml/xsettings.xml";
-    writeFile(World::config() / "gtk-3.0/settings.ini", "[Settings]\ngtk-icon-theme-name=Papirus\n");
-    writeFile(channel, R"(<?xml version="1.0" encoding="UTF-8"?>
-<channel name="xsettings" version="1.0">
-  <property name="IconThemeName" type="string" value="elsewhere"/>
-  <property name="Net" type="empty">
-    <property name="ThemeName" type="string" value="Greybird"/>
-    <property name="IconThemeName" type="string" value="elementary-xfce"/>
-  </property>
-</channel>)");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "elementary-xfce");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("GNOME")), "Papirus");
-    writeFile(channel, R"(<channel><property name="Net"><property name="IconThemeName" type="empty"/>)");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "Papirus");
-    std::string deep = "<channel>";
-    for (int level = 0; level < 20000; ++level) {
-        deep += "<property name=\"p\">";
+TEST_F(IconThemeTest, theSessionsThemeComesBeforeThatOfTheFiles) {
+    for (const char* name : {"Session", "File"}) {
+        writeFile(World::userData() / "icons" / name / "index.theme", "[Icon Theme]\nName=x\n");
     }
-    writeFile(channel, deep);
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "Papirus");
-    writeFile(channel, R"(<channel><property name="Net"><property name="IconThemeName" value="../../x"/>)");
-    EXPECT_EQ(IconTheme::chosenByUser(World::config(), CurrentDesktop("XFCE")), "Papirus");
+    writeFile(World::config() / "gtk-3.0/settings.ini", "[Settings]\ngtk-icon-theme-name=File\n");
+    const auto folders = QIcon::themeSearchPaths();
+    const auto fallbacks = QIcon::fallbackSearchPaths();
+    const auto theme = QIcon::themeName();
+    const auto fallbackTheme = QIcon::fallbackThemeName();
+    QIcon::setThemeSearchPaths({QString::fromStdString((World::userData() / "icons").string())});
+    IconTheme::apply("Session");
+    EXPECT_EQ(QIcon::themeName(), QStringLiteral("Session"));
+    QIcon::setThemeName(QStringLiteral("hicolor"));
+    IconTheme::apply("");
+    EXPECT_EQ(QIcon::themeName(), QStringLiteral("File"));
+    QIcon::setThemeName(QStringLiteral("hicolor"));
+    for (const char* unusable : {"../icons/File", "NotInstalled", ".hidden", "/"}) {
+        IconTheme::apply(unusable);
+        EXPECT_EQ(QIcon::themeName(), QStringLiteral("hicolor")) << unusable;
+    }
+    QIcon::setThemeSearchPaths(folders);
+    QIcon::setFallbackSearchPaths(fallbacks);
+    QIcon::setFallbackThemeName(fallbackTheme);
+    QIcon::setThemeName(theme);
 }
 
 TEST_F(IconThemeTest, otherSettingsStandInForMissingOnes) {
