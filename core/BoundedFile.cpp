@@ -11,6 +11,13 @@
 namespace quillary {
 
 std::optional<std::string> readBoundedFile(const std::filesystem::path& path, std::size_t limit) {
+    // One byte more than allowed is asked for, to tell a file at the limit from a larger one.
+    auto content = readFileStart(path, limit + 1);
+    return content && content->size() <= limit ? std::move(content) : std::nullopt;
+}
+
+std::optional<std::string> readFileStart(const std::filesystem::path& path, std::size_t limit) {
+    constexpr std::size_t chunk = std::size_t{64} * 1024;
     // Without O_NONBLOCK opening a pipe would wait for a writer.
     const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status {};
@@ -18,21 +25,35 @@ std::optional<std::string> readBoundedFile(const std::filesystem::path& path, st
         return std::nullopt;
     }
     std::string content;
-    constexpr std::size_t chunk = std::size_t{64} * 1024;
-    // One byte more than allowed is asked for, to tell a file at the limit from a larger one.
-    while (content.size() <= limit) {
-        const std::size_t length = content.size();
-        content.resize(length + std::min(chunk, limit + 1 - length));
-        const ssize_t count = ::read(file.get(), content.data() + length, content.size() - length);
-        content.resize(length + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-        if (count == 0) {
-            return content;
+    while (content.size() < limit) {
+        const auto length = content.size();
+        content.resize(length + std::min(chunk, limit - length));
+        const auto count = readInto(std::span(content).subspan(length), file);
+        if (!count) {
+            return std::nullopt;
         }
+        const bool isAtEnd = length + *count < content.size();
+        content.resize(length + *count);
+        if (isAtEnd) {
+            break;
+        }
+    }
+    return content;
+}
+
+std::optional<std::size_t> readInto(std::span<char> buffer, const FileDescriptor& file) {
+    std::size_t length = 0;
+    while (length < buffer.size()) {
+        const auto count = ::read(file.get(), buffer.data() + length, buffer.size() - length);
         if (count < 0 && errno != EINTR) {
             return std::nullopt;
         }
+        if (count == 0) {
+            break;
+        }
+        length += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
     }
-    return std::nullopt;
+    return length;
 }
 
 } // namespace quillary

@@ -1,5 +1,6 @@
 #include "core/FileUrl.h"
 
+#include "core/AsciiText.h"
 #include "core/Utf8.h"
 
 #include <uriparser/Uri.h>
@@ -20,13 +21,6 @@ struct FreeUri {
 
 std::string_view text(const UriTextRangeA& range) {
     return range.first == nullptr ? std::string_view{} : std::string_view(range.first, range.afterLast);
-}
-
-bool equalIgnoringCase(std::string_view left, std::string_view right) {
-    const auto lower = [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    };
-    return std::ranges::equal(left, right, {}, lower, lower);
 }
 
 bool isOnThisHost(const UriUriA& uri) {

@@ -1,9 +1,9 @@
 #include "platform/linux/LinuxWorkspace.h"
 
+#include "core/Paths.h"
 #include "platform/SystemLog.h"
 #include "platform/linux/LinuxFolders.h"
 #include "platform/linux/entries/DesktopEntries.h"
-#include "platform/linux/glib/AsciiText.h"
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/icons/PathIcons.h"
@@ -18,7 +18,6 @@ namespace quillary {
 
 namespace {
 
-constexpr std::string_view entrySuffix = ".desktop";
 constexpr std::string_view bundleSuffix = ".app";
 constexpr const char* ownId = "quillary.desktop";
 
@@ -27,18 +26,6 @@ RunningApplication running(const WindowApplication& application) {
             .policy = ActivationPolicy::regular,
             .bundlePath = application.path,
             .bundleIdentifier = application.id};
-}
-
-bool isFolder(const std::string& path) {
-    std::error_code error;
-    return std::filesystem::is_directory(path, error);
-}
-
-std::string withoutTrailingSlash(std::string path) {
-    while (path.size() > 1 && path.ends_with('/')) {
-        path.pop_back();
-    }
-    return path;
 }
 
 bool contains(const std::vector<std::uint64_t>& list, std::uint64_t id) {
@@ -182,11 +169,11 @@ std::string LinuxWorkspace::displayName(const std::string& path) const {
     if (const auto entry = entryAt(path); entry && !entry->hidden) {
         return entry->localisedName;
     }
-    const auto plain = withoutTrailingSlash(path);
+    const auto plain = withoutTrailingSlashes(path);
     if (plain == "/") {
         return "File System";
     }
-    if (plain == withoutTrailingSlash(LinuxFolders::home())) {
+    if (plain == withoutTrailingSlashes(LinuxFolders::home())) {
         return "Home";
     }
     // What GFile shows for a local file, without waking the virtual file systems, which wait for the session

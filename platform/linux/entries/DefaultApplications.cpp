@@ -1,6 +1,5 @@
 #include "platform/linux/entries/DefaultApplications.h"
 
-#include "platform/linux/glib/AsciiText.h"
 #include "platform/linux/glib/Released.h"
 
 #include <gio/gdesktopappinfo.h>

@@ -1,5 +1,7 @@
 #include "platform/linux/entries/DesktopEntries.h"
 
+#include "core/Paths.h"
+#include "core/Utf8.h"
 #include "platform/Scheduler.h"
 #include "platform/linux/CurrentDesktop.h"
 #include "platform/linux/LinuxFolders.h"
@@ -9,7 +11,6 @@
 #include <utility>
 
 #include <dirent.h>
-#include <glib.h>
 #include <sys/stat.h>
 
 namespace quillary {
@@ -20,11 +21,6 @@ constexpr std::size_t mostFiles = 20000;
 constexpr int deepestLevel = 8;
 // Package managers write many files: read them once when they have finished.
 constexpr double settlingSeconds = 0.5;
-
-bool isFolder(const std::filesystem::path& path) {
-    std::error_code error;
-    return std::filesystem::is_directory(path, error);
-}
 
 // Reads one tree of entries; ids are made of the path below it.
 class Walk {
@@ -47,11 +43,10 @@ public:
         std::vector<std::string> subfolders;
         while (const dirent* item = ::readdir(stream)) {
             const std::string name = static_cast<const char*>(item->d_name);
-            if (name.starts_with('.') || ++m_count > mostFiles ||
-                g_utf8_validate(name.c_str(), -1, nullptr) == 0) {
+            if (name.starts_with('.') || ++m_count > mostFiles || !isValidUtf8(name)) {
                 continue;
             }
-            if (name.ends_with(".desktop") && item->d_type != DT_DIR) {
+            if (name.ends_with(entrySuffix) && item->d_type != DT_DIR) {
                 files.push_back(name);
             } else if (item->d_type == DT_DIR || item->d_type == DT_LNK || item->d_type == DT_UNKNOWN) {
                 subfolders.push_back(name);

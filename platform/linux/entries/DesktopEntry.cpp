@@ -108,9 +108,12 @@ void readCommand(DesktopEntry& entry, const std::string& command) {
 
 } // namespace
 
+std::string_view withoutEntrySuffix(std::string_view id) {
+    return id.ends_with(entrySuffix) ? id.substr(0, id.size() - entrySuffix.size()) : id;
+}
+
 std::string DesktopEntry::stem() const {
-    constexpr std::string_view suffix = ".desktop";
-    return id.ends_with(suffix) ? id.substr(0, id.size() - suffix.size()) : id;
+    return std::string(withoutEntrySuffix(id));
 }
 
 std::optional<DesktopEntry> readDesktopEntry(const std::string& path, const std::string& id,

@@ -3,9 +3,16 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillary {
+
+/// What the file names of desktop entries end in.
+inline constexpr std::string_view entrySuffix = ".desktop";
+
+/// A desktop file id without ".desktop".
+[[nodiscard]] std::string_view withoutEntrySuffix(std::string_view id);
 
 /// What the program needs to know of one installed application (the XDG Desktop Entry standard, 1.5). Texts
 /// are UTF-8 and empty when the key is absent.

@@ -1,6 +1,6 @@
 #include "platform/linux/entries/EntryIndex.h"
 
-#include "platform/linux/glib/AsciiText.h"
+#include "core/AsciiText.h"
 
 #include <algorithm>
 #include <tuple>
@@ -17,11 +17,6 @@ constexpr std::array<std::string_view, 12> sharedTails = {"desktop", "app", "app
                                                           "main",    "gui", "ui",          "window",
                                                           "linux",   "x11", "stable",      "git"};
 
-std::string_view withoutSuffix(std::string_view id) {
-    constexpr std::string_view suffix = ".desktop";
-    return id.ends_with(suffix) ? id.substr(0, id.size() - suffix.size()) : id;
-}
-
 std::string folded(EntryIndex::Key key, std::string_view word) {
     return key == EntryIndex::Key::path ? std::string(word) : lowered(word);
 }
@@ -32,7 +27,7 @@ std::string_view spelling(EntryIndex::Key key, const DesktopEntry& entry) {
     case EntryIndex::Key::startupWmClass:
         return entry.startupWmClass;
     case EntryIndex::Key::id:
-        return withoutSuffix(entry.id);
+        return withoutEntrySuffix(entry.id);
     case EntryIndex::Key::program:
         return entry.program;
     case EntryIndex::Key::sandbox:
@@ -122,7 +117,7 @@ void EntryIndex::sortBuckets() {
 
 const DesktopEntry* EntryIndex::find(Key key, std::string_view word) const {
     if (key == Key::id) {
-        word = withoutSuffix(word);
+        word = withoutEntrySuffix(word);
     }
     if (word.empty() || word.size() > longestWord) {
         return nullptr;

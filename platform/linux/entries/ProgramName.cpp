@@ -1,6 +1,7 @@
 #include "platform/linux/entries/ProgramName.h"
 
-#include "platform/linux/glib/AsciiText.h"
+#include "core/AsciiText.h"
+#include "core/Paths.h"
 
 #include <algorithm>
 #include <array>

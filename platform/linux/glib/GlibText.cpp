@@ -24,4 +24,8 @@ std::string fileUri(const std::string& path) {
     return takeText(g_filename_to_uri(path.c_str(), nullptr, nullptr));
 }
 
+std::string pathOfStoredUri(const std::string& uri) {
+    return takeText(g_filename_from_uri(uri.c_str(), nullptr, nullptr));
+}
+
 } // namespace quillary

@@ -1,7 +1,8 @@
 #include "platform/linux/icons/PathIcons.h"
 
+#include "core/BoundedFile.h"
+#include "core/Paths.h"
 #include "platform/linux/LinuxFolders.h"
-#include "platform/linux/glib/FileStart.h"
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/glib/Released.h"
 #include "platform/linux/icons/PlainIcon.h"
@@ -68,13 +69,6 @@ std::string withoutExtension(const std::string& name) {
     return name;
 }
 
-std::string withoutTrailingSlash(std::string path) {
-    while (path.size() > 1 && path.ends_with('/')) {
-        path.pop_back();
-    }
-    return path;
-}
-
 std::vector<std::string> contentTypeIconNames(const std::string& path) {
     gboolean uncertain = FALSE;
     auto type = takeText(g_content_type_guess(path.c_str(), nullptr, 0, &uncertain));
@@ -113,16 +107,16 @@ QIcon ofEntry(const std::string& iconKey) {
 }
 
 std::vector<std::string> folderIconNames(const std::string& path) {
-    const auto plain = withoutTrailingSlash(path);
+    const auto plain = withoutTrailingSlashes(path);
     std::vector<std::string> names;
     if (plain == "/") {
         names.emplace_back("drive-harddisk");
-    } else if (plain == withoutTrailingSlash(LinuxFolders::home())) {
+    } else if (plain == withoutTrailingSlashes(LinuxFolders::home())) {
         names.emplace_back("user-home");
     } else {
         for (const auto& special : specialFolders) {
             const char* folder = g_get_user_special_dir(special.folder);
-            if (folder != nullptr && plain == withoutTrailingSlash(folder)) {
+            if (folder != nullptr && plain == withoutTrailingSlashes(folder)) {
                 names.emplace_back(special.iconName);
             }
         }

@@ -1,5 +1,6 @@
 #include "platform/linux/launch/EntryLaunch.h"
 
+#include "core/Paths.h"
 #include "platform/linux/bus/SessionBus.h"
 #include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/glib/GlibText.h"
@@ -209,13 +210,6 @@ std::string startHandler(const std::string& path, const StartupOrigin& origin) {
     return reason.empty() ? reason : entryStem(entry) + ": " + reason;
 }
 
-std::string withoutTrailingSlash(std::string path) {
-    while (path.size() > 1 && path.ends_with('/')) {
-        path.pop_back();
-    }
-    return path;
-}
-
 std::string show(const std::string& path, const StartupOrigin& origin) {
     std::error_code status;
     if (std::filesystem::symlink_status(path, status).type() == std::filesystem::file_type::not_found) {
@@ -248,7 +242,7 @@ std::string open(const std::string& path, const StartupOrigin& origin) {
 }
 
 std::string reveal(const std::string& path, const StartupOrigin& origin) {
-    return outcome("reveal", path, show(withoutTrailingSlash(path), origin));
+    return outcome("reveal", path, show(withoutTrailingSlashes(path), origin));
 }
 
 } // namespace quillary::EntryLaunch

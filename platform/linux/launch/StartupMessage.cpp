@@ -1,6 +1,6 @@
 #include "platform/linux/launch/StartupMessage.h"
 
-#include <glib.h>
+#include "core/Utf8.h"
 
 namespace quillary {
 
@@ -25,8 +25,7 @@ std::string quoted(const std::string& text) {
 
 void append(std::string& message, const char* key, const std::string& value) {
     const auto part = std::string(" ") + key + "=" + quoted(value);
-    const bool isText = g_utf8_validate(value.data(), static_cast<gssize>(value.size()), nullptr) != 0;
-    if (!value.empty() && isText && message.size() + part.size() <= longestMessage) {
+    if (!value.empty() && isValidUtf8(value) && message.size() + part.size() <= longestMessage) {
         message += part;
     }
 }

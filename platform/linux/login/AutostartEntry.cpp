@@ -1,5 +1,6 @@
 #include "platform/linux/login/AutostartEntry.h"
 
+#include "core/Utf8.h"
 #include "platform/linux/glib/KeyFile.h"
 
 #include <algorithm>
@@ -59,9 +60,7 @@ std::string quotedArgument(std::string_view argument) {
 
 std::optional<std::string> text(const std::string& name, const std::string& icon,
                                 const std::string& program) {
-    const bool isText =
-        g_utf8_validate(program.data(), static_cast<gssize>(program.size()), nullptr) != FALSE;
-    if (!isText || program.find('=') != std::string::npos) {
+    if (!isValidUtf8(program) || program.find('=') != std::string::npos) {
         return std::nullopt;
     }
     return "[Desktop Entry]\nType=Application\nName=" + escapedValue(name) + "\nIcon=" + escapedValue(icon) +

@@ -1,6 +1,8 @@
 #include "platform/linux/memory/EntryPaths.h"
 
-#include "platform/linux/glib/AsciiText.h"
+#include "core/AsciiText.h"
+#include "core/Paths.h"
+#include "platform/linux/entries/DesktopEntry.h"
 
 #include <algorithm>
 #include <system_error>
@@ -10,12 +12,11 @@ namespace quillary {
 
 namespace {
 
-constexpr std::string_view suffix = ".desktop";
 constexpr std::size_t longestFileName = 255;
 constexpr std::size_t longestPath = 4096;
 
 std::string fileOf(std::string_view id) {
-    return std::string(id) + (id.ends_with(suffix) ? "" : std::string(suffix));
+    return std::string(id) + (id.ends_with(entrySuffix) ? "" : std::string(entrySuffix));
 }
 
 bool isFile(const std::filesystem::path& path) {
@@ -65,7 +66,7 @@ std::string EntryPaths::bySandbox(std::string_view name) {
 }
 
 std::string EntryPaths::byPath(const std::string& path) {
-    if (!path.starts_with('/') || !path.ends_with(suffix) || path.size() > longestPath) {
+    if (!path.starts_with('/') || !path.ends_with(entrySuffix) || path.size() > longestPath) {
         return {};
     }
     auto known = byId(baseName(path));

@@ -1,10 +1,10 @@
 #include "platform/linux/memory/ProcFilesystem.h"
 
+#include "core/BoundedFile.h"
 #include "core/FileDescriptor.h"
 #include "core/ProcListLinux.h"
 
 #include <array>
-#include <cerrno>
 #include <string_view>
 #include <utility>
 
@@ -26,18 +26,7 @@ std::string_view read(const std::string& path, Buffer& buffer) {
     if (!file.isOpen()) {
         return {};
     }
-    std::size_t length = 0;
-    while (length < buffer.size()) {
-        const auto count = ::read(file.get(), buffer.data() + length, buffer.size() - length);
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
-        if (count <= 0) {
-            break;
-        }
-        length += static_cast<std::size_t>(count);
-    }
-    return {buffer.data(), length};
+    return {buffer.data(), readInto(buffer, file).value_or(0)};
 }
 
 } // namespace

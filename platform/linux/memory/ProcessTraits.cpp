@@ -1,7 +1,7 @@
 #include "platform/linux/memory/ProcessTraits.h"
 
+#include "core/Paths.h"
 #include "platform/linux/entries/ProgramName.h"
-#include "platform/linux/glib/AsciiText.h"
 
 #include <algorithm>
 #include <array>

@@ -27,12 +27,11 @@ std::string resolved(const std::string& item, const EntryIndex& entries) {
     if (item == "preferred://filemanager") {
         return DefaultApplications::fileManager(entries);
     }
-    auto path =
-        item.starts_with("file:") ? takeText(g_filename_from_uri(item.c_str(), nullptr, nullptr)) : item;
+    const auto path = item.starts_with("file:") ? pathOfStoredUri(item) : item;
     if (path.starts_with('/')) {
         std::error_code error;
-        return path.ends_with(".desktop") && std::filesystem::is_regular_file(path, error) ? path
-                                                                                           : std::string();
+        return path.ends_with(entrySuffix) && std::filesystem::is_regular_file(path, error) ? path
+                                                                                            : std::string();
     }
     const auto* entry =
         entries.find(EntryIndex::Key::id, item.starts_with(byId) ? item.substr(byId.size()) : item);

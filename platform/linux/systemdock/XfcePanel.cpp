@@ -86,7 +86,7 @@ std::vector<std::string> launcherFiles(std::string_view text) {
 std::string sourceOf(const std::filesystem::path& launcher) {
     const auto file = KeyFile::read(launcher, largestEntry);
     const auto uri = file ? file->text(G_KEY_FILE_DESKTOP_GROUP, "X-XFCE-Source") : std::string();
-    auto path = uri.empty() ? std::string() : takeText(g_filename_from_uri(uri.c_str(), nullptr, nullptr));
+    auto path = pathOfStoredUri(uri);
     std::error_code error;
     return std::filesystem::is_regular_file(path, error) ? path : std::string();
 }

@@ -1,13 +1,12 @@
 #include "platform/linux/windows/ProcessFacts.h"
 
-#include "platform/linux/glib/FileStart.h"
+#include "core/BoundedFile.h"
+#include "core/Utf8.h"
 #include "platform/linux/glib/KeyFile.h"
 
 #include <charconv>
 #include <string_view>
 #include <system_error>
-
-#include <glib.h>
 
 namespace quillary {
 
@@ -19,10 +18,6 @@ constexpr std::size_t longestEnvironment = std::size_t{1} << 20U;
 constexpr std::size_t longestGroupList = 16384;
 constexpr std::size_t longestSandboxFile = 65536;
 constexpr std::string_view deletedMark = " (deleted)";
-
-bool isUtf8(std::string_view text) {
-    return g_utf8_validate_len(text.data(), text.size(), nullptr) != 0;
-}
 
 // Calls the visitor with each part until it returns false.
 template<typename Visitor>
@@ -39,7 +34,7 @@ void split(std::string_view text, char separator, Visitor visit) {
 std::string executableOf(const std::filesystem::path& folder) {
     std::error_code error;
     auto path = std::filesystem::read_symlink(folder / "exe", error).string();
-    if (error || !isUtf8(path)) {
+    if (error || !isValidUtf8(path)) {
         return {};
     }
     // A program that was replaced by an update still runs as what it was.
@@ -53,7 +48,7 @@ std::vector<std::string> argumentsOf(const std::filesystem::path& folder) {
     const auto text = readFileStart(folder / "cmdline", longestCommandLine).value_or("");
     std::vector<std::string> arguments;
     split(text, '\0', [&arguments](std::string_view word) {
-        arguments.emplace_back(isUtf8(word) ? word : std::string_view());
+        arguments.emplace_back(isValidUtf8(word) ? word : std::string_view());
         return arguments.size() < mostArguments;
     });
     return arguments;
@@ -68,9 +63,9 @@ void readEnvironment(ProcessFacts& facts, const std::filesystem::path& folder) {
         if (variable.starts_with(pidName)) {
             variable.remove_prefix(pidName.size());
             std::from_chars(variable.data(), variable.data() + variable.size(), facts.launchedEntryPid);
-        } else if (variable.starts_with(entryName) && isUtf8(variable)) {
+        } else if (variable.starts_with(entryName) && isValidUtf8(variable)) {
             facts.launchedEntry = variable.substr(entryName.size());
-        } else if (variable.starts_with(snapName) && isUtf8(variable)) {
+        } else if (variable.starts_with(snapName) && isValidUtf8(variable)) {
             facts.sandbox = variable.substr(snapName.size());
         }
         return true;
@@ -88,7 +83,7 @@ std::string controlGroupOf(const std::filesystem::path& folder) {
     split(text, '\n', [&result](std::string_view line) {
         constexpr std::string_view unified = "0::";
         constexpr std::string_view systemd = ":name=systemd:";
-        if (!isUtf8(line)) {
+        if (!isValidUtf8(line)) {
             return true;
         }
         // Beside a hierarchy of systemd's own the unified one is there too, but says "/".

@@ -1,6 +1,7 @@
 #include "platform/linux/windows/UnitName.h"
 
-#include "platform/linux/glib/AsciiText.h"
+#include "core/Paths.h"
+#include "core/Utf8.h"
 
 #include <vector>
 
@@ -120,7 +121,8 @@ std::string unescapeUnitPart(std::string_view text) {
         }
         text.remove_prefix(escaped ? 4 : 1);
     }
-    return g_utf8_validate_len(result.data(), result.size(), nullptr) != 0 ? result : std::string();
+    const bool isText = result.find('\0') == std::string::npos && isValidUtf8(result);
+    return isText ? result : std::string();
 }
 
 } // namespace quillary

@@ -1,7 +1,8 @@
 #include "platform/linux/windows/WindowMatcher.h"
 
+#include "core/AsciiText.h"
+#include "core/Paths.h"
 #include "platform/linux/entries/ProgramName.h"
-#include "platform/linux/glib/AsciiText.h"
 #include "platform/linux/windows/UnitName.h"
 
 #include <algorithm>
@@ -71,9 +72,7 @@ std::string applicationId(const Evidence& evidence) {
 }
 
 std::string tailOf(std::string_view word) {
-    constexpr std::string_view suffix = ".desktop";
-    return std::string(
-        reverseDnsTail(word.ends_with(suffix) ? word.substr(0, word.size() - suffix.size()) : word));
+    return std::string(reverseDnsTail(withoutEntrySuffix(word)));
 }
 
 std::string applicationIdTail(const Evidence& evidence) {
