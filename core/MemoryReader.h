@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-/// Reads the machine's memory figures. Any thread may; nothing fails: a figure that the system does not tell
-/// is 0, its pressure `normal`.
+/// Reads the machine's memory figures from Darwin's kernel. Any thread may call it. Nothing fails: a figure
+/// that the system does not give is 0, a pressure `normal`.
 namespace quillary::MemoryReader {
 
 [[nodiscard]] MemoryStats read();

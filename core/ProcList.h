@@ -5,8 +5,8 @@
 
 namespace quillary::ProcList {
 
-/// The ids of the processes that run now, in the system's own order; each above 0. Empty when the system does
-/// not tell.
+/// The ids of the processes that run now on Darwin, in the system's own order; each above 0. Empty when the
+/// system does not give them.
 [[nodiscard]] std::vector<std::int32_t> allPIDs();
 
 } // namespace quillary::ProcList

@@ -13,8 +13,8 @@ namespace quillary {
 class FootprintEstimate {
 public:
     /// The cheap figure of now.
-    void setUnshared(std::uint64_t bytes) { m_unshared = bytes; }
-    [[nodiscard]] std::uint64_t unshared() const { return m_unshared; }
+    void setResident(std::uint64_t bytes) { m_resident = bytes; }
+    [[nodiscard]] std::uint64_t resident() const { return m_resident; }
     /// An exact reading at this moment (seconds), to be set after the cheap figure of the same moment.
     /// Nothing: the process lets nobody read it; then the cheap figure stands. `family` is how much the
     /// processes of the same application have taken on and given up so far, all together.
@@ -28,12 +28,12 @@ public:
 private:
     struct Reading {
         std::optional<std::uint64_t> exact;
-        std::uint64_t unshared = 0;
+        std::uint64_t resident = 0;
         double moment = 0;
         std::uint64_t family = 0;
     };
 
-    std::uint64_t m_unshared = 0;
+    std::uint64_t m_resident = 0;
     std::optional<Reading> m_reading;
 };
 

@@ -1,7 +1,7 @@
 #include "platform/linux/memory/LinuxMemorySource.h"
 
-#include "core/MemoryReaderLinux.h"
 #include "platform/linux/entries/DesktopEntries.h"
+#include "platform/linux/memory/MachineMemory.h"
 
 #include <ctime>
 #include <mutex>
@@ -87,8 +87,8 @@ MemorySource::Sampler LinuxMemorySource::sampler() {
     return [shared = m_shared, desktop = m_desktop()] {
         const UtilityPriority priority;
         MemorySample sample;
-        sample.stats = MemoryReaderLinux::stats(MemoryReaderLinux::texts(shared->root),
-                                                static_cast<std::uint64_t>(::getpagesize()));
+        sample.stats = MachineMemory::stats(MachineMemory::texts(shared->root),
+                                            static_cast<std::uint64_t>(::getpagesize()));
         auto table = shared->copy();
         sample.applications = MemorySweep(shared->surroundings, shared->busy, table).run(desktop);
         shared->keep(std::move(table));

@@ -84,7 +84,7 @@ void MemorySweep::survey() {
         }
     }
     for (const auto& [pid, gone] : m_table.records) {
-        m_table.families[gone.application] += gone.estimate.unshared();
+        m_table.families[gone.application] += gone.estimate.resident();
     }
     m_table.records = std::move(met);
 }
@@ -149,19 +149,19 @@ void MemorySweep::readCheaply(std::vector<Owned>& owned) {
     std::erase_if(owned, [this](const Owned& process) {
         auto& record = *process.record;
         const auto turn = m_table.samples + static_cast<std::uint64_t>(process.pid);
-        const bool isDue = record.sightings == 1 || record.residentThen != record.stat.residentPages ||
+        const bool isDue = record.sightings == 1 || record.pagesThen != record.stat.residentPages ||
                            turn % samplesBetweenCheapReadings == 0;
         if (!isDue) {
             return false;
         }
-        const auto unshared = m_surroundings.processes.unsharedSum(process.pid).value_or(0);
+        const auto resident = m_surroundings.processes.resident(process.pid).value_or(0);
         if (!isStill(process.pid, record)) {
             return true;
         }
-        record.residentThen = record.stat.residentPages;
-        const auto before = record.estimate.unshared();
-        m_table.families[record.application] += std::max(before, unshared) - std::min(before, unshared);
-        record.estimate.setUnshared(unshared);
+        record.pagesThen = record.stat.residentPages;
+        const auto before = record.estimate.resident();
+        m_table.families[record.application] += std::max(before, resident) - std::min(before, resident);
+        record.estimate.setResident(resident);
         return false;
     });
 }
@@ -184,10 +184,10 @@ void MemorySweep::readExactly(std::vector<Owned>& owned) {
         const auto begin = m_surroundings.processorTime();
         auto& record = *process->record;
         m_busy.tryReading({process->pid, record.stat.startTime}, [&, pid = process->pid] {
-            const auto unshared = m_surroundings.processes.unsharedSum(pid);
+            const auto resident = m_surroundings.processes.resident(pid);
             const auto exact = m_surroundings.processes.footprint(pid);
-            if (unshared && isStill(pid, record)) {
-                record.estimate.setUnshared(*unshared);
+            if (resident && isStill(pid, record)) {
+                record.estimate.setResident(*resident);
                 record.estimate.setExact(exact, now, m_table.families[record.application]);
             }
         });

@@ -2,12 +2,15 @@
 
 #include "core/BoundedFile.h"
 #include "core/FileDescriptor.h"
-#include "core/ProcListLinux.h"
 
 #include <array>
+#include <charconv>
+#include <memory>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -29,13 +32,35 @@ std::string_view read(const std::string& path, Buffer& buffer) {
     return {buffer.data(), readInto(buffer, file).value_or(0)};
 }
 
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+// 0 when the name is none of a process.
+std::int32_t pidOf(std::string_view name) {
+    std::int32_t pid = 0;
+    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), pid);
+    const bool isNumber = error == std::errc() && end == name.data() + name.size();
+    return isNumber && pid > 0 && name.front() != '0' ? pid : 0;
+}
+
 } // namespace
 
 ProcFilesystem::ProcFilesystem(std::filesystem::path root)
     : m_root(std::move(root)), m_prefix(m_root.string() + "/"), m_reader(m_root) {}
 
 std::vector<std::int32_t> ProcFilesystem::pids() const {
-    return ProcListLinux::pids(m_root);
+    std::vector<std::int32_t> result;
+    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(m_root.c_str()));
+    if (!folder) {
+        return result;
+    }
+    while (const auto* entry = ::readdir(folder.get())) {
+        if (const auto pid = pidOf(static_cast<const char*>(entry->d_name)); pid > 0) {
+            result.push_back(pid);
+        }
+    }
+    return result;
 }
 
 std::optional<uid_t> ProcFilesystem::owner(std::int32_t pid) const {
@@ -49,9 +74,9 @@ std::optional<ProcTexts::Stat> ProcFilesystem::stat(std::int32_t pid) const {
     return ProcTexts::stat(read(m_prefix + std::to_string(pid) + "/stat", buffer));
 }
 
-std::optional<std::uint64_t> ProcFilesystem::unsharedSum(std::int32_t pid) const {
+std::optional<std::uint64_t> ProcFilesystem::resident(std::int32_t pid) const {
     Buffer buffer;
-    return ProcTexts::unsharedSum(read(m_prefix + std::to_string(pid) + "/status", buffer));
+    return ProcTexts::resident(read(m_prefix + std::to_string(pid) + "/status", buffer));
 }
 
 std::optional<std::uint64_t> ProcFilesystem::footprint(std::int32_t pid) const {

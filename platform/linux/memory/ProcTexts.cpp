@@ -10,9 +10,6 @@ namespace quillary::ProcTexts {
 namespace {
 
 constexpr std::size_t longestCommand = 64;
-constexpr std::uint64_t bytesPerKibibyte = 1024;
-// An exbibyte: no process has more, and sums of a few of them fit into 64 bits.
-constexpr std::uint64_t mostKibibytes = std::uint64_t{1} << 50U;
 
 template<typename Number>
 std::optional<Number> number(std::string_view word) {
@@ -32,8 +29,8 @@ std::string_view wordAt(std::string_view& text, int index) {
     return word;
 }
 
-// Bytes of a line "Name:   123 kB". The lines are asked for in their order, so each search goes on where the
-// last one ended; a name that is not there leaves the text as it is.
+} // namespace
+
 std::optional<std::uint64_t> lineBytes(std::string_view& text, std::string_view name) {
     for (auto place = text.find(name); place != std::string_view::npos; place = text.find(name, place + 1)) {
         if (place != 0 && text[place - 1] != '\n') {
@@ -48,8 +45,6 @@ std::optional<std::uint64_t> lineBytes(std::string_view& text, std::string_view 
     }
     return std::nullopt;
 }
-
-} // namespace
 
 std::optional<Stat> stat(std::string_view text) {
     // The name may hold spaces, parentheses and line breaks; no field behind it has a parenthesis.
@@ -75,7 +70,7 @@ std::optional<Stat> stat(std::string_view text) {
                 .residentPages = static_cast<std::uint64_t>(std::max<std::int64_t>(*resident, 0))};
 }
 
-std::optional<std::uint64_t> unsharedSum(std::string_view status) {
+std::optional<std::uint64_t> resident(std::string_view status) {
     // The process chose the name at the start, but the kernel writes a line break in it as "\n".
     const auto anonymous = lineBytes(status, "RssAnon:");
     const auto shared = lineBytes(status, "RssShmem:");

@@ -23,7 +23,7 @@ struct ProcessTable {
         /// Path of the last application that the process showed windows of.
         std::string shown;
         /// Pages in memory when the cheap figure was last asked for.
-        std::uint64_t residentThen = 0;
+        std::uint64_t pagesThen = 0;
         FootprintEstimate estimate;
         /// Path of the application that it belonged to.
         std::string application;

@@ -8,9 +8,9 @@ namespace quillary::test {
 
 namespace {
 
-FootprintEstimate read(std::uint64_t unshared, std::uint64_t exact) {
+FootprintEstimate read(std::uint64_t resident, std::uint64_t exact) {
     FootprintEstimate estimate;
-    estimate.setUnshared(unshared);
+    estimate.setResident(resident);
     estimate.setExact(exact, 100, 0);
     return estimate;
 }
@@ -18,7 +18,7 @@ FootprintEstimate read(std::uint64_t unshared, std::uint64_t exact) {
 TEST(FootprintEstimate, isTheCheapFigureUntilTheExactOneIsKnown) {
     FootprintEstimate estimate;
     EXPECT_EQ(estimate.bytes(), 0U);
-    estimate.setUnshared(1000);
+    estimate.setResident(1000);
     EXPECT_EQ(estimate.bytes(), 1000U);
     estimate.setExact(700, 1, 0);
     EXPECT_EQ(estimate.bytes(), 700U);
@@ -26,44 +26,44 @@ TEST(FootprintEstimate, isTheCheapFigureUntilTheExactOneIsKnown) {
 
 TEST(FootprintEstimate, growthIsTheProcesssOwn) {
     auto estimate = read(1000, 700);
-    estimate.setUnshared(1500);
+    estimate.setResident(1500);
     EXPECT_EQ(estimate.bytes(), 1200U);
 }
 
 TEST(FootprintEstimate, whatAProcessGivesUpWasItsOwn) {
     auto estimate = read(1000, 700);
-    estimate.setUnshared(500);
+    estimate.setResident(500);
     EXPECT_EQ(estimate.bytes(), 200U);
-    estimate.setUnshared(300);
+    estimate.setResident(300);
     EXPECT_EQ(estimate.bytes(), 0U);
-    estimate.setUnshared(0);
+    estimate.setResident(0);
     EXPECT_EQ(estimate.bytes(), 0U);
 }
 
 TEST(FootprintEstimate, ofAProcessThatNobodyMayReadTheCheapFigureStands) {
     FootprintEstimate estimate;
-    estimate.setUnshared(1000);
+    estimate.setResident(1000);
     estimate.setExact(std::nullopt, 100, 0);
-    estimate.setUnshared(800);
+    estimate.setResident(800);
     EXPECT_EQ(estimate.bytes(), 800U);
     EXPECT_EQ(estimate.doubt(100, 0), 200.0);
 }
 
 TEST(FootprintEstimate, doubtGrowsWithChangeAndTime) {
     FootprintEstimate estimate;
-    estimate.setUnshared(1000);
+    estimate.setResident(1000);
     EXPECT_EQ(estimate.doubt(5000, 0), 1000.0);
     estimate.setExact(700, 100, 0);
     EXPECT_EQ(estimate.doubt(100, 0), 0.0);
     EXPECT_EQ(estimate.doubt(220, 0), 100.0);
-    estimate.setUnshared(600);
+    estimate.setResident(600);
     EXPECT_EQ(estimate.doubt(160, 0), 430.0);
     EXPECT_EQ(estimate.doubt(50, 0), 400.0);
 }
 
 TEST(FootprintEstimate, whatOthersOfItsFamilyDoIsDoubtfulAsFarAsItShares) {
     FootprintEstimate estimate;
-    estimate.setUnshared(1000);
+    estimate.setResident(1000);
     estimate.setExact(700, 100, 5000);
     EXPECT_EQ(estimate.doubt(100, 5000), 0.0);
     EXPECT_EQ(estimate.doubt(100, 5200), 200.0);

@@ -46,14 +46,14 @@ TEST(ProcTexts, negativePagesAreNone) {
     EXPECT_EQ(ProcTexts::stat(text)->residentPages, 0U);
 }
 
-TEST(ProcTexts, unsharedSumIsAnonymousSharedAndSwap) {
+TEST(ProcTexts, residentIsAnonymousSharedAndSwap) {
     const std::string text =
         "Name:\tRssAnon: 7\nVmRSS:\t   900 kB\nRssAnon:\t     300 kB\nRssFile:\t      50 kB\n"
         "RssShmem:\t      20 kB\nVmSwap:\t       4 kB\n";
-    EXPECT_EQ(ProcTexts::unsharedSum(text), 324U * 1024U);
-    EXPECT_EQ(ProcTexts::unsharedSum(text.substr(0, text.find("VmSwap"))), 320U * 1024U);
-    EXPECT_EQ(ProcTexts::unsharedSum("Name:\tkthreadd\nThreads:\t1\n"), std::nullopt);
-    EXPECT_EQ(ProcTexts::unsharedSum(""), std::nullopt);
+    EXPECT_EQ(ProcTexts::resident(text), 324U * 1024U);
+    EXPECT_EQ(ProcTexts::resident(text.substr(0, text.find("VmSwap"))), 320U * 1024U);
+    EXPECT_EQ(ProcTexts::resident("Name:\tkthreadd\nThreads:\t1\n"), std::nullopt);
+    EXPECT_EQ(ProcTexts::resident(""), std::nullopt);
 }
 
 TEST(ProcTexts, footprintLeavesOutFilesAndWhatWasLazilyFreed) {
@@ -90,7 +90,7 @@ TEST(ProcTexts, anyBytesAreTaken) {
         const auto figure = ProcTexts::footprint(text).value_or(0);
         EXPECT_LE(figure, std::uint64_t{3} << 60U);
         static_cast<void>(ProcTexts::stat(text));
-        static_cast<void>(ProcTexts::unsharedSum(text));
+        static_cast<void>(ProcTexts::resident(text));
     }
 }
 

@@ -1,26 +1,19 @@
-#include "core/MemoryReaderLinux.h"
+#include "platform/linux/memory/MachineMemory.h"
 
 #include "core/BoundedFile.h"
-#include "core/MemoryReader.h"
+#include "platform/linux/memory/ProcTexts.h"
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
 #include <system_error>
 
-#include <unistd.h>
-
-namespace quillary {
-
-namespace MemoryReaderLinux {
+namespace quillary::MachineMemory {
 
 namespace {
 
 constexpr std::size_t largestFile = std::size_t{64} * 1024;
 constexpr std::size_t mostZramDevices = 64;
-constexpr std::uint64_t bytesPerKibibyte = 1024;
-// An exbibyte: no machine has more, and sums of a few of them fit into 64 bits.
-constexpr std::uint64_t mostBytes = std::uint64_t{1} << 60U;
+constexpr std::uint64_t mostBytes = ProcTexts::mostKibibytes * ProcTexts::bytesPerKibibyte;
 constexpr double wholeTime = 100.0;
 constexpr double stallThatIsNoticed = 10.0;
 
@@ -50,8 +43,7 @@ std::string_view afterLineStart(std::string_view text, std::string_view word) {
 }
 
 std::uint64_t meminfoBytes(std::string_view meminfo, std::string_view name) {
-    const auto kibibytes = leadingNumber(afterLineStart(meminfo, std::string(name) + ":"));
-    return kibibytes <= mostBytes / bytesPerKibibyte ? kibibytes * bytesPerKibibyte : 0;
+    return ProcTexts::lineBytes(meminfo, name).value_or(0);
 }
 
 std::uint64_t difference(std::uint64_t left, std::uint64_t right) {
@@ -59,7 +51,7 @@ std::uint64_t difference(std::uint64_t left, std::uint64_t right) {
 }
 
 std::uint64_t compressedBytes(const Texts& texts) {
-    std::uint64_t sum = meminfoBytes(texts.meminfo, "Zswap");
+    std::uint64_t sum = meminfoBytes(texts.meminfo, "Zswap:");
     for (const std::string_view device : texts.zramDevices) {
         constexpr int fieldsBefore = 2;
         std::string_view rest = device;
@@ -105,48 +97,27 @@ Texts texts(const std::filesystem::path& root) {
 
 MemoryStats stats(const Texts& texts, std::uint64_t pageSize) {
     const std::string_view meminfo = texts.meminfo;
-    return {.total = meminfoBytes(meminfo, "MemTotal"),
+    return {.total = meminfoBytes(meminfo, "MemTotal:"),
             .used = usedBytes(texts, pageSize),
-            .swapUsed = difference(meminfoBytes(meminfo, "SwapTotal"), meminfoBytes(meminfo, "SwapFree")),
-            .pressure = memoryPressureFromKernelLevel(kernelLevel(texts.pressure))};
+            .swapUsed = difference(meminfoBytes(meminfo, "SwapTotal:"), meminfoBytes(meminfo, "SwapFree:")),
+            .pressure = pressure(texts.pressure)};
 }
 
 std::uint64_t usedBytes(const Texts& texts, std::uint64_t pageSize) {
     const auto bytes = [&texts](std::string_view name) { return meminfoBytes(texts.meminfo, name); };
-    const auto anonymous = bytes("AnonPages") + bytes("Shmem");
-    const auto listed = bytes("Active(anon)") + bytes("Inactive(anon)") + bytes("Mlocked");
-    const auto wired = bytes("Unevictable") + bytes("SUnreclaim") + bytes("KernelStack") +
-                       bytes("PageTables") + bytes("SecPageTables") + bytes("Percpu");
+    const auto anonymous = bytes("AnonPages:") + bytes("Shmem:");
+    const auto listed = bytes("Active(anon):") + bytes("Inactive(anon):") + bytes("Mlocked:");
+    const auto wired = bytes("Unevictable:") + bytes("SUnreclaim:") + bytes("KernelStack:") +
+                       bytes("PageTables:") + bytes("SecPageTables:") + bytes("Percpu:");
     return MemoryStats::usedBytes(pageSize, anonymous / pageSize, difference(anonymous, listed) / pageSize,
                                   wired / pageSize, compressedBytes(texts) / pageSize);
 }
 
-int kernelLevel(std::string_view pressure) {
-    constexpr int normal = 1;
-    constexpr int warning = 2;
-    constexpr int critical = 4;
-    if (stall(pressure, "full ") >= stallThatIsNoticed) {
-        return critical;
+MemoryPressure pressure(std::string_view text) {
+    if (stall(text, "full ") >= stallThatIsNoticed) {
+        return MemoryPressure::critical;
     }
-    return stall(pressure, "some ") >= stallThatIsNoticed ? warning : normal;
+    return stall(text, "some ") >= stallThatIsNoticed ? MemoryPressure::warning : MemoryPressure::normal;
 }
 
-} // namespace MemoryReaderLinux
-
-namespace {
-
-std::uint64_t pageSize() {
-    return static_cast<std::uint64_t>(::getpagesize());
-}
-
-} // namespace
-
-MemoryStats MemoryReader::read() {
-    return MemoryReaderLinux::stats(MemoryReaderLinux::texts("/"), pageSize());
-}
-
-std::uint64_t MemoryReader::used() {
-    return MemoryReaderLinux::usedBytes(MemoryReaderLinux::texts("/"), pageSize());
-}
-
-} // namespace quillary
+} // namespace quillary::MachineMemory

@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-/// What Linux's own figures mean in the words of `MemoryStats`. Pure but for `texts`; odd text gives 0, never
-/// a failure.
-namespace quillary::MemoryReaderLinux {
+/// The machine's memory as `MemoryStats` defines it, from Linux's own figures. Only `texts` reads anything; a
+/// figure that is missing or cannot be right counts as 0, a pressure as `normal`.
+namespace quillary::MachineMemory {
 
 /// Contents of the files that hold the figures; empty when a file is missing.
 struct Texts {
@@ -37,14 +37,12 @@ struct Texts {
 /// - compressed: Zswap and the third figure of each zram device.
 [[nodiscard]] std::uint64_t usedBytes(const Texts& texts, std::uint64_t pageSize);
 
-/// The pressure level in Darwin's numbers (1 normal, 2 warning, 4 critical) from the kernel's pressure stall
-/// information (its documentation, "PSI").
+/// The pressure by the kernel's pressure stall information (its documentation, "PSI").
 ///
 /// Darwin warns once the compressor has to work for programs to go on, and calls it critical when that no
 /// longer suffices. So here: a warning when some process stood still for want of memory during 10 % of the
-/// last ten seconds ("some avg10"), which people notice as stutter; critical when all that had work to do
-/// stood still for 10 % ("full avg10"), which they notice as a machine that hangs. Text that says nothing is
-/// normal.
-[[nodiscard]] int kernelLevel(std::string_view pressure);
+/// last ten seconds ("some avg10"), which people notice as stutter; critical when all processes with work to
+/// do stood still for 10 % ("full avg10"), which they notice as a machine that hangs.
+[[nodiscard]] MemoryPressure pressure(std::string_view text);
 
-} // namespace quillary::MemoryReaderLinux
+} // namespace quillary::MachineMemory

@@ -1,0 +1,45 @@
+#include "platform/linux/memory/ProcFilesystem.h"
+#include "tests/linux/memory/ProcTree.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include <unistd.h>
+
+namespace quillary::test {
+
+namespace {
+
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+TEST(ProcFilesystem, processesAreEntriesWithNumbers) {
+    const ProcTree tree;
+    for (const char* name : {"1", "42", "2147483647", "2147483648", "0", "-5", "007", "12a", "self", "+3"}) {
+        std::filesystem::create_directories(tree.proc() / name);
+    }
+    EXPECT_THAT(ProcFilesystem(tree.proc()).pids(), UnorderedElementsAre(1, 42, 2147483647));
+    EXPECT_THAT(ProcFilesystem(tree.proc() / "nowhere").pids(), IsEmpty());
+}
+
+TEST(ProcFilesystem, thisProcessIsListed) {
+    const auto pids = ProcFilesystem().pids();
+    EXPECT_EQ(std::ranges::count(pids, ::getpid()), 1);
+    EXPECT_TRUE(std::ranges::all_of(pids, [](std::int32_t pid) { return pid > 0; }));
+}
+
+TEST(ProcFilesystem, aProcessThatHasEndedHasNoFigures) {
+    const ProcTree tree;
+    const ProcFilesystem processes(tree.proc());
+    EXPECT_FALSE(processes.owner(10));
+    EXPECT_FALSE(processes.stat(10));
+    EXPECT_FALSE(processes.resident(10));
+    EXPECT_FALSE(processes.footprint(10));
+}
+
+} // namespace
+
+} // namespace quillary::test
