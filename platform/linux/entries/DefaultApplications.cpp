@@ -30,9 +30,9 @@ std::string byContentType(const EntryIndex& entries, const char* type) {
     return entry != nullptr ? entry->path : std::string();
 }
 
-std::string byAlternative(const EntryIndex& entries, const std::string& name) {
+std::string byAlternative(const EntryIndex& entries, const std::filesystem::path& link) {
     std::error_code error;
-    const auto target = std::filesystem::read_symlink("/etc/alternatives/" + name, error);
+    const auto target = std::filesystem::read_symlink(link, error);
     if (error) {
         return {};
     }
@@ -55,15 +55,14 @@ std::string browser(const EntryIndex& entries) {
     return byContentType(entries, "x-scheme-handler/http");
 }
 
-std::string terminal(const EntryIndex& entries) {
-    if (auto chosen = byAlternative(entries, "x-terminal-emulator"); !chosen.empty()) {
+std::string terminal(const EntryIndex& entries, const std::filesystem::path& alternatives) {
+    if (auto chosen = byAlternative(entries, alternatives / "x-terminal-emulator"); !chosen.empty()) {
         return chosen;
     }
     const auto& all = entries.entries();
-    const auto place = std::find_if(all.begin(), all.end(), [](const DesktopEntry& entry) {
-        const auto& categories = entry.categories;
+    const auto place = std::ranges::find_if(all, [](const DesktopEntry& entry) {
         return !entry.noDisplay && !entry.tryExecMissing &&
-               std::find(categories.begin(), categories.end(), "TerminalEmulator") != categories.end();
+               std::ranges::find(entry.categories, "TerminalEmulator") != entry.categories.end();
     });
     return place == all.end() ? std::string() : place->path;
 }

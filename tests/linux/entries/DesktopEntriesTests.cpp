@@ -7,6 +7,16 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <set>
+#include <string_view>
+#include <utility>
+
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
 namespace quillary::test {
 
 namespace {
@@ -143,6 +153,58 @@ TEST_F(DesktopEntriesTest, folderThatAppearsStepByStepIsRead) {
     scheduler.advance(0.5);
     EXPECT_EQ(entries.index().entries().size(), 1U);
 }
+
+// The folders that this process watches by inotify(7), as (device, inode).
+std::set<std::pair<std::uint64_t, std::uint64_t>> watchedFolders() {
+    std::set<std::pair<std::uint64_t, std::uint64_t>> result;
+    for (const auto& file : std::filesystem::directory_iterator("/proc/self/fdinfo")) {
+        std::ifstream lines(file.path());
+        for (std::string line; std::getline(lines, line);) {
+            const auto inode = line.find(" ino:");
+            const auto device = line.find(" sdev:");
+            if (line.starts_with("inotify ") && inode != std::string::npos && device != std::string::npos) {
+                result.emplace(std::stoull(line.substr(device + 6), nullptr, 16),
+                               std::stoull(line.substr(inode + 5), nullptr, 16));
+            }
+        }
+    }
+    return result;
+}
+
+bool isWatched(const std::filesystem::path& folder) {
+    struct stat status = {};
+    // The kernel's own form of a device number, which fdinfo shows: 20 bits of minor number.
+    constexpr unsigned minorBits = 20;
+    return ::stat(folder.c_str(), &status) == 0 &&
+           watchedFolders().contains(
+               {std::uint64_t{::major(status.st_dev)} << minorBits | ::minor(status.st_dev), status.st_ino});
+}
+
+// What of ~/.local/share/applications is there, and the folder that is watched for it.
+class WatchedHomeTest : public DesktopEntriesTest,
+                        public testing::WithParamInterface<std::pair<const char*, const char*>> {};
+
+TEST_P(WatchedHomeTest, theHomeFolderIsNotWatched) {
+    const auto [existing, watched] = GetParam();
+    std::filesystem::create_directories(World::home() / existing);
+    ::setenv("XDG_DATA_HOME", (World::home() / ".local/share").c_str(), 1);
+    ManualScheduler scheduler;
+    const DesktopEntries entries(scheduler);
+    ::setenv("XDG_DATA_HOME", World::userData().c_str(), 1);
+    EXPECT_TRUE(entries.index().entries().empty());
+    EXPECT_FALSE(isWatched(World::home()));
+    EXPECT_TRUE(isWatched(World::systemData() / "applications"));
+    EXPECT_EQ(isWatched(World::home() / ".local"), std::string_view(watched) == ".local");
+    EXPECT_EQ(isWatched(World::home() / ".local/share"), std::string_view(watched) == ".local/share");
+    EXPECT_EQ(isWatched(World::home() / ".local/share/applications"),
+              std::string_view(watched) == ".local/share/applications");
+}
+
+INSTANTIATE_TEST_SUITE_P(Folders, WatchedHomeTest,
+                         testing::Values(std::pair("", ""), std::pair(".local", ".local"),
+                                         std::pair(".local/share", ".local/share"),
+                                         std::pair(".local/share/applications",
+                                                   ".local/share/applications")));
 
 TEST_F(DesktopEntriesTest, watchesAtMostTwoFoldersUpAndNeverTheHomeFolder) {
     const auto home = World::home();

@@ -20,6 +20,9 @@ TEST(ProgramName, commandLinesGiveTheProgramThatTheyRun) {
         {{"/opt/idea/bin/idea.sh", "%f"}, "idea"},
         {{"python3", "/usr/bin/terminator"}, "terminator"},
         {{"/usr/bin/python3.11", "-m", "meld"}, "meld"},
+        // A module has no folder that could name it, so that a name which many share stands.
+        {{"python3", "-m", "app"}, "app"},
+        {{"sh", "-m", "/usr/games/doom.sh"}, "doom"},
         {{"python3", "-Es", "/usr/share/solaar/main.py"}, "solaar"},
         {{"/usr/bin/python3"}, ""},
         {{"python3", "-c", "print()"}, ""},

@@ -161,6 +161,44 @@ TEST_F(MemorySweepTest, whatASiblingGaveUpIsTheOthersAtOnce) {
     EXPECT_THAT(sample(), IsEmpty());
 }
 
+// So small that the time since the exact reading alone leaves no doubt worth another one.
+TEST_F(MemorySweepTest, aSmallProcessIsReadAgainWhenASiblingGivesUpWhatTheyShared) {
+    tree.put(window(10, 100, 50));
+    auto child = window(11, 100, 50);
+    child.parent = 10;
+    tree.put(child);
+    show(10, browser);
+    EXPECT_EQ(bytesOf(browser), 100 * mebibyte * kib);
+    auto less = window(10, 10, 10);
+    less.resident = 50;
+    tree.put(less);
+    child.exact = ProcEntry::Exact{.anonymous = 100 * mebibyte};
+    tree.put(child);
+    EXPECT_EQ(bytesOf(browser), 110 * mebibyte * kib);
+}
+
+TEST_F(MemorySweepTest, aSmallProcessIsReadAgainWhenASiblingEnds) {
+    tree.put(window(10, 100, 50));
+    auto child = window(11, 100, 50);
+    child.parent = 10;
+    tree.put(child);
+    show(10, browser);
+    show(11, browser);
+    EXPECT_EQ(bytesOf(browser), 100 * mebibyte * kib);
+    tree.remove(10);
+    child.exact = ProcEntry::Exact{.anonymous = 100 * mebibyte};
+    tree.put(child);
+    EXPECT_EQ(bytesOf(browser), 100 * mebibyte * kib);
+}
+
+TEST_F(MemorySweepTest, aSmallProcessWhoseFamilyKeepsWhatItHasIsNotReadAgain) {
+    tree.put(window(10, 100, 50));
+    show(10, browser);
+    EXPECT_EQ(bytesOf(browser), 50 * mebibyte * kib);
+    tree.put(window(10, 100, 70));
+    EXPECT_EQ(bytesOf(browser), 50 * mebibyte * kib);
+}
+
 TEST_F(MemorySweepTest, whatNobodyMayReadCountsByItsCheapFigure) {
     auto forbidden = window(10, 50, 0);
     forbidden.exact.reset();
@@ -220,6 +258,21 @@ TEST_F(MemorySweepTest, aProcessMovedToAGroupOfItsOwnAfterItsStartIsLookedAtAgai
     process.group = "/user.slice/app.slice/app-quillary-editor-10.scope";
     tree.put(process);
     EXPECT_EQ(bytesOf(editor), 3 * mebibyte * kib);
+}
+
+TEST_F(MemorySweepTest, aProcessIsLookedAtInItsFirstThreeSamples) {
+    auto early = window(10, 3, 3);
+    auto late = window(11, 5, 5);
+    tree.put(early);
+    tree.put(late);
+    EXPECT_THAT(sample(), IsEmpty());
+    EXPECT_THAT(sample(), IsEmpty());
+    early.group = "/user.slice/app.slice/app-quillary-editor-10.scope";
+    tree.put(early);
+    EXPECT_EQ(bytesOf(editor), 3 * mebibyte * kib);
+    late.group = "/user.slice/app.slice/app-quillary-browser-11.scope";
+    tree.put(late);
+    EXPECT_EQ(bytesOf(browser), 0U);
 }
 
 TEST_F(MemorySweepTest, aFlatpaksWindowDoesNotClaimAStranger) {
