@@ -20,9 +20,9 @@ public:
     void show(const QRegion& region, QSize size, NSWindow* window);
 
 private:
-    NSVisualEffectView* view = nil;
-    QRegion shown;
-    QSize shownSize;
+    NSVisualEffectView* m_view = nil;
+    QRegion m_region;
+    QSize m_size;
 };
 
 } // namespace quillary

@@ -31,30 +31,30 @@ NSVisualEffectView* makeView(NSView* contents) {
 } // namespace
 
 MacBlur::~MacBlur() {
-    [view removeFromSuperview];
+    [m_view removeFromSuperview];
 }
 
 void MacBlur::show(const QRegion& region, QSize size, NSWindow* window) {
     NSView* contents = [window contentView];
-    const bool elsewhere = view != nil && [view superview] != [contents superview];
-    if (region == shown && size == shownSize && !elsewhere) {
+    const bool elsewhere = m_view != nil && [m_view superview] != [contents superview];
+    if (region == m_region && size == m_size && !elsewhere) {
         return;
     }
-    shown = region;
-    shownSize = size;
+    m_region = region;
+    m_size = size;
     if (elsewhere) {
-        [view removeFromSuperview];
-        view = nil;
+        [m_view removeFromSuperview];
+        m_view = nil;
     }
     if (region.isEmpty() || size.isEmpty() || contents == nil) {
-        [view setHidden:YES];
+        [m_view setHidden:YES];
         return;
     }
-    if (view == nil) {
-        view = makeView(contents);
+    if (m_view == nil) {
+        m_view = makeView(contents);
     }
-    [view setHidden:NO];
-    [view setMaskImage:maskOf(region, size)];
+    [m_view setHidden:NO];
+    [m_view setMaskImage:maskOf(region, size)];
 }
 
 } // namespace quillary

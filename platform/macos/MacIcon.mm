@@ -46,21 +46,21 @@ QImage rendered(NSImage* picture, QSize size) {
 
 class ImageEngine final : public QIconEngine {
 public:
-    explicit ImageEngine(NSImage* image) : picture(image) {}
+    explicit ImageEngine(NSImage* picture) : m_picture(picture) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
         const double ratio = painter->device()->devicePixelRatio();
-        painter->drawImage(rect, rendered(picture, (QSizeF(rect.size()) * ratio).toSize()));
+        painter->drawImage(rect, rendered(m_picture, (QSizeF(rect.size()) * ratio).toSize()));
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
-        return QPixmap::fromImage(rendered(picture, size));
+        return QPixmap::fromImage(rendered(m_picture, size));
     }
 
-    [[nodiscard]] QIconEngine* clone() const override { return new ImageEngine(picture); }
+    [[nodiscard]] QIconEngine* clone() const override { return new ImageEngine(m_picture); }
 
 private:
-    NSImage* picture;
+    NSImage* m_picture;
 };
 
 } // namespace

@@ -12,7 +12,7 @@ public:
     [[nodiscard]] Sampler sampler() override;
 
 private:
-    AppMemorySource source;
+    AppMemorySource m_source;
 };
 
 } // namespace quillary

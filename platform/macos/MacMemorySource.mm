@@ -18,10 +18,10 @@ std::optional<std::string> ownBundle() {
 
 } // namespace
 
-MacMemorySource::MacMemorySource() : source(ownBundle()) {}
+MacMemorySource::MacMemorySource() : m_source(ownBundle()) {}
 
 MemorySource::Sampler MacMemorySource::sampler() {
-    return [copy = source] {
+    return [copy = m_source] {
         if (pthread_main_np() == 0) {
             // Nobody waits for figures: they yield to what people do wait for.
             pthread_set_qos_class_self_np(QOS_CLASS_UTILITY, 0);

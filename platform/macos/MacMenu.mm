@@ -10,13 +10,13 @@
 @end
 
 @implementation QuillaryMenuItem {
-    quillary::Menu line;
-    quillary::MacMenu::Chosen chosen;
+    quillary::Menu m_line;
+    quillary::MacMenu::Chosen m_chosen;
 }
 
-- (void)standFor:(const quillary::ClosureMenuItem&)item chosen:(const quillary::MacMenu::Chosen&)handler {
-    line = {item};
-    chosen = handler;
+- (void)standFor:(const quillary::ClosureMenuItem&)item chosen:(const quillary::MacMenu::Chosen&)chosen {
+    m_line = {item};
+    m_chosen = chosen;
     [self setTarget:self];
     [self setAction:@selector(fire:)];
 }
@@ -24,10 +24,10 @@
 - (void)fire:(id)sender {
     static_cast<void>(sender);
     // What it does may take this entry's menu away.
-    const quillary::Menu kept = line;
-    const quillary::MacMenu::Chosen handler = chosen;
-    if (!kept.empty() && handler) {
-        handler(kept.front());
+    const quillary::Menu kept = m_line;
+    const quillary::MacMenu::Chosen chosen = m_chosen;
+    if (!kept.empty() && chosen) {
+        chosen(kept.front());
     }
 }
 

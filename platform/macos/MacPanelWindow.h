@@ -24,7 +24,7 @@ public:
     ~MacPanelWindow() override;
 
     void setFrame(const QRect& frame) override;
-    [[nodiscard]] QRect frame() const override { return target; }
+    [[nodiscard]] QRect frame() const override { return m_frame; }
     /// Does nothing.
     void setInputRegion(const QRegion& region) override;
     void setIgnoresMouseEvents(bool ignores) override;
@@ -34,7 +34,7 @@ public:
     [[nodiscard]] bool blursBehind() const override { return true; }
     void setBlurRegion(const QRegion& region) override;
     void orderFront() override;
-    void popUpMenu(Menu menu, QPoint location, std::function<void()> whenClosed) override;
+    void popUpMenu(Menu menu, QPoint location, std::function<void()> closed) override;
     void close() override;
     [[nodiscard]] bool isVisible() const override;
     [[nodiscard]] QImage grab() override;
@@ -46,12 +46,12 @@ private:
     void applyBlur();
 
     struct Native;
-    std::unique_ptr<Native> native;
-    QPointer<QWidget> contents;
-    QRect target;
-    QRegion blurRegion;
-    bool ignoresMouse = true;
-    bool closed = false;
+    std::unique_ptr<Native> m_native;
+    QPointer<QWidget> m_contents;
+    QRect m_frame;
+    QRegion m_blurRegion;
+    bool m_ignoresMouse = true;
+    bool m_closed = false;
 };
 
 } // namespace quillary

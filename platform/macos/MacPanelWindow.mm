@@ -35,7 +35,7 @@ struct MacPanelWindow::Native {
     MacBlur blur;
 };
 
-MacPanelWindow::MacPanelWindow(QWidget& widget) : native(std::make_unique<Native>()), contents(&widget) {
+MacPanelWindow::MacPanelWindow(QWidget& widget) : m_native(std::make_unique<Native>()), m_contents(&widget) {
     // Of these the toolkit makes a panel; it may become key, as panels that take keys do.
     widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     widget.setAttribute(Qt::WA_TranslucentBackground);
@@ -49,13 +49,13 @@ MacPanelWindow::MacPanelWindow(QWidget& widget) : native(std::make_unique<Native
 
 MacPanelWindow::~MacPanelWindow() {
     MacPopUpMenu::drop(*this);
-    if (contents) {
-        contents->removeEventFilter(this);
+    if (m_contents) {
+        m_contents->removeEventFilter(this);
     }
 }
 
 void MacPanelWindow::dress() {
-    NSWindow* window = contents && !closed ? windowOf(*contents) : nil;
+    NSWindow* window = m_contents && !m_closed ? windowOf(*m_contents) : nil;
     if (window == nil) {
         return;
     }
@@ -76,7 +76,7 @@ void MacPanelWindow::dress() {
 }
 
 bool MacPanelWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == contents) {
+    if (watched == m_contents) {
         switch (event->type()) {
         // The toolkit makes a window anew, or dresses it its own way, at these moments.
         case QEvent::WinIdChange:
@@ -100,12 +100,12 @@ bool MacPanelWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MacPanelWindow::setFrame(const QRect& frame) {
-    if (frame == target || closed) {
+    if (frame == m_frame || m_closed) {
         return;
     }
-    target = frame;
-    if (contents) {
-        contents->setGeometry(frame);
+    m_frame = frame;
+    if (m_contents) {
+        m_contents->setGeometry(frame);
         applyBlur();
     }
 }
@@ -113,63 +113,63 @@ void MacPanelWindow::setFrame(const QRect& frame) {
 void MacPanelWindow::setInputRegion(const QRegion& /*region*/) {}
 
 void MacPanelWindow::setIgnoresMouseEvents(bool ignores) {
-    if (ignores == ignoresMouse) {
+    if (ignores == m_ignoresMouse) {
         return;
     }
-    ignoresMouse = ignores;
-    if (contents && !closed) {
-        [windowOf(*contents) setIgnoresMouseEvents:ignores ? YES : NO];
+    m_ignoresMouse = ignores;
+    if (m_contents && !m_closed) {
+        [windowOf(*m_contents) setIgnoresMouseEvents:ignores ? YES : NO];
     }
 }
 
 void MacPanelWindow::setVisibleShape(const QRegion& /*region*/) {}
 
 void MacPanelWindow::setBlurRegion(const QRegion& region) {
-    blurRegion = region;
+    m_blurRegion = region;
     applyBlur();
 }
 
 void MacPanelWindow::applyBlur() {
-    NSWindow* window = contents && !closed ? windowOf(*contents) : nil;
+    NSWindow* window = m_contents && !m_closed ? windowOf(*m_contents) : nil;
     if (window != nil) {
-        native->blur.show(blurRegion, target.size(), window);
+        m_native->blur.show(m_blurRegion, m_frame.size(), window);
     }
 }
 
 void MacPanelWindow::orderFront() {
-    if (!contents || closed) {
+    if (!m_contents || m_closed) {
         return;
     }
-    if (!contents->isVisible()) {
-        contents->show();
+    if (!m_contents->isVisible()) {
+        m_contents->show();
         dress();
     }
-    [windowOf(*contents) orderFrontRegardless];
+    [windowOf(*m_contents) orderFrontRegardless];
 }
 
-void MacPanelWindow::popUpMenu(Menu menu, QPoint location, std::function<void()> whenClosed) {
-    if (contents && !closed) {
-        MacPopUpMenu::popUp(std::move(menu), *contents, location, *this, std::move(whenClosed));
+void MacPanelWindow::popUpMenu(Menu menu, QPoint location, std::function<void()> closed) {
+    if (m_contents && !m_closed) {
+        MacPopUpMenu::popUp(std::move(menu), *m_contents, location, *this, std::move(closed));
     }
 }
 
 void MacPanelWindow::close() {
-    if (closed) {
+    if (m_closed) {
         return;
     }
-    closed = true;
+    m_closed = true;
     MacPopUpMenu::drop(*this);
-    if (contents) {
-        contents->hide();
+    if (m_contents) {
+        m_contents->hide();
     }
 }
 
 bool MacPanelWindow::isVisible() const {
-    return contents && !closed && contents->isVisible();
+    return m_contents && !m_closed && m_contents->isVisible();
 }
 
 QImage MacPanelWindow::grab() {
-    return contents && !closed ? contents->grab().toImage() : QImage();
+    return m_contents && !m_closed ? m_contents->grab().toImage() : QImage();
 }
 
 } // namespace quillary

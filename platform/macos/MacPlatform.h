@@ -32,9 +32,9 @@ public:
 
 private:
     struct Parts;
-    explicit MacPlatform(std::unique_ptr<Parts> made);
+    explicit MacPlatform(std::unique_ptr<Parts> parts);
 
-    std::unique_ptr<Parts> parts;
+    std::unique_ptr<Parts> m_parts;
 };
 
 } // namespace quillary

@@ -36,7 +36,7 @@ struct MacPlatform::Parts {
     MacLoginItem loginItem;
 };
 
-MacPlatform::MacPlatform(std::unique_ptr<Parts> made) : parts(std::move(made)) {}
+MacPlatform::MacPlatform(std::unique_ptr<Parts> parts) : m_parts(std::move(parts)) {}
 
 MacPlatform::~MacPlatform() = default;
 
@@ -50,39 +50,39 @@ std::unique_ptr<MacPlatform> MacPlatform::open() {
 }
 
 Screens& MacPlatform::screens() {
-    return parts->screens;
+    return m_parts->screens;
 }
 
 Workspace& MacPlatform::workspace() {
-    return parts->workspace;
+    return m_parts->workspace;
 }
 
 SystemDockPreferences& MacPlatform::systemDock() {
-    return parts->systemDock;
+    return m_parts->systemDock;
 }
 
 PointerMonitor& MacPlatform::pointer() {
-    return parts->pointer;
+    return m_parts->pointer;
 }
 
 Scheduler& MacPlatform::scheduler() {
-    return parts->scheduler;
+    return m_parts->scheduler;
 }
 
 SystemLog& MacPlatform::log() {
-    return parts->log;
+    return m_parts->log;
 }
 
 SingleInstance& MacPlatform::instance() {
-    return parts->instance;
+    return m_parts->instance;
 }
 
 MemorySource& MacPlatform::memory() {
-    return parts->memory;
+    return m_parts->memory;
 }
 
 LoginItem& MacPlatform::loginItem() {
-    return parts->loginItem;
+    return m_parts->loginItem;
 }
 
 BundleInfo MacPlatform::bundleInfo() const {

@@ -27,10 +27,10 @@ private:
     void tell();
 
     struct Native;
-    std::unique_ptr<Native> native;
-    MovementPace pace;
-    QElapsedTimer clock;
-    QTimer pending;
+    std::unique_ptr<Native> m_native;
+    MovementPace m_pace;
+    QElapsedTimer m_clock;
+    QTimer m_pending;
 };
 
 } // namespace quillary

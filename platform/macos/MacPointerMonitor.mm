@@ -22,30 +22,30 @@ struct MacPointerMonitor::Native {
     id local = nil;
 };
 
-MacPointerMonitor::MacPointerMonitor() : native(std::make_unique<Native>()) {
-    clock.start();
-    pending.setSingleShot(true);
-    pending.setTimerType(Qt::PreciseTimer);
-    connect(&pending, &QTimer::timeout, this, &MacPointerMonitor::tell);
+MacPointerMonitor::MacPointerMonitor() : m_native(std::make_unique<Native>()) {
+    m_clock.start();
+    m_pending.setSingleShot(true);
+    m_pending.setTimerType(Qt::PreciseTimer);
+    connect(&m_pending, &QTimer::timeout, this, &MacPointerMonitor::tell);
 
     const QPointer<MacPointerMonitor> self(this);
-    native->global = [NSEvent addGlobalMonitorForEventsMatchingMask:movements
-                                                            handler:^(NSEvent*) {
+    m_native->global = [NSEvent addGlobalMonitorForEventsMatchingMask:movements
+                                                              handler:^(NSEvent*) {
+                                                                if (self) {
+                                                                    self->follow();
+                                                                }
+                                                              }];
+    m_native->local = [NSEvent addLocalMonitorForEventsMatchingMask:movements
+                                                            handler:^NSEvent*(NSEvent* event) {
                                                               if (self) {
                                                                   self->follow();
                                                               }
+                                                              return event;
                                                             }];
-    native->local = [NSEvent addLocalMonitorForEventsMatchingMask:movements
-                                                          handler:^NSEvent*(NSEvent* event) {
-                                                            if (self) {
-                                                                self->follow();
-                                                            }
-                                                            return event;
-                                                          }];
 }
 
 MacPointerMonitor::~MacPointerMonitor() {
-    for (id monitor : {native->global, native->local}) {
+    for (id monitor : {m_native->global, m_native->local}) {
         if (monitor != nil) {
             [NSEvent removeMonitor:monitor];
         }
@@ -62,18 +62,18 @@ void MacPointerMonitor::refresh() {
 }
 
 void MacPointerMonitor::follow() {
-    const double wait = pace.wait(static_cast<double>(clock.nsecsElapsed()) * 1e-9);
+    const double wait = m_pace.wait(static_cast<double>(m_clock.nsecsElapsed()) * 1e-9);
     if (wait <= 0) {
         tell();
-    } else if (!pending.isActive()) {
-        pending.start(static_cast<int>(std::ceil(wait * 1000.0)));
+    } else if (!m_pending.isActive()) {
+        m_pending.start(static_cast<int>(std::ceil(wait * 1000.0)));
     }
 }
 
 void MacPointerMonitor::tell() {
-    pending.stop();
+    m_pending.stop();
     const QPointF place = location();
-    if (pace.tells(place, static_cast<double>(clock.nsecsElapsed()) * 1e-9)) {
+    if (m_pace.tells(place, static_cast<double>(m_clock.nsecsElapsed()) * 1e-9)) {
         Q_EMIT moved(place);
     }
 }

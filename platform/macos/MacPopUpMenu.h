@@ -32,15 +32,15 @@ public:
 private:
     struct Native;
 
-    MacPopUpMenu(Menu menu, QWidget& window, QPoint place, QObject& owner, std::function<void()> whenClosed);
+    MacPopUpMenu(Menu menu, QWidget& window, QPoint location, QObject& owner, std::function<void()> closed);
     void open();
     void finish();
 
-    Menu items;
-    QPoint location;
-    std::function<void()> closed;
-    std::optional<ClosureMenuItem> chosen;
-    std::unique_ptr<Native> native;
+    Menu m_menu;
+    QPoint m_location;
+    std::function<void()> m_closed;
+    std::optional<ClosureMenuItem> m_chosen;
+    std::unique_ptr<Native> m_native;
 };
 
 } // namespace quillary

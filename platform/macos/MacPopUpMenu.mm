@@ -37,24 +37,24 @@ struct MacPopUpMenu::Native {
     QPointer<QWidget> window;
 };
 
-MacPopUpMenu::MacPopUpMenu(Menu menu, QWidget& window, QPoint place, QObject& owner,
-                           std::function<void()> whenClosed)
+MacPopUpMenu::MacPopUpMenu(Menu menu, QWidget& window, QPoint location, QObject& owner,
+                           std::function<void()> closed)
     : QObject(&owner),
-      items(std::move(menu)),
-      location(place),
-      closed(std::move(whenClosed)),
-      native(std::make_unique<Native>()) {
+      m_menu(std::move(menu)),
+      m_location(location),
+      m_closed(std::move(closed)),
+      m_native(std::make_unique<Native>()) {
     const QPointer<MacPopUpMenu> self(this);
-    native->window = &window;
-    native->menu = MacMenu::make(items, [self](const ClosureMenuItem& item) {
+    m_native->window = &window;
+    m_native->menu = MacMenu::make(m_menu, [self](const ClosureMenuItem& item) {
         if (self) {
-            self->chosen = item;
+            self->m_chosen = item;
         }
     });
 }
 
 MacPopUpMenu::~MacPopUpMenu() {
-    [native->menu cancelTrackingWithoutAnimation];
+    [m_native->menu cancelTrackingWithoutAnimation];
 }
 
 void MacPopUpMenu::popUp(Menu menu, QWidget& window, QPoint location, QObject& owner,
@@ -84,15 +84,15 @@ void MacPopUpMenu::open() {
         QTimer::singleShot(openPause, this, &MacPopUpMenu::open);
         return;
     }
-    if (!native->window) {
+    if (!m_native->window) {
         finish();
         return;
     }
     const QPointer guard(this);
-    NSMenu* menu = native->menu;
-    NSView* view = (__bridge NSView*)reinterpret_cast<void*>(native->window->winId());
+    NSMenu* menu = m_native->menu;
+    NSView* view = (__bridge NSView*)reinterpret_cast<void*>(m_native->window->winId());
     ++loops();
-    [menu popUpMenuPositioningItem:nil atLocation:NSMakePoint(location.x(), location.y()) inView:view];
+    [menu popUpMenuPositioningItem:nil atLocation:NSMakePoint(m_location.x(), m_location.y()) inView:view];
     --loops();
     if (guard) {
         // The system tells of the choice before or just after this: what follows waits for the event loop.
@@ -105,16 +105,16 @@ void MacPopUpMenu::finish() {
         return;
     }
     current().clear();
-    [native->menu cancelTrackingWithoutAnimation];
+    [m_native->menu cancelTrackingWithoutAnimation];
     deleteLater();
     // What runs now may destroy the owner, and this with it.
-    const auto entry = std::move(chosen);
-    const auto whenClosed = std::move(closed);
+    const auto entry = std::move(m_chosen);
+    const auto closed = std::move(m_closed);
     if (entry) {
         entry->fire();
     }
-    if (whenClosed) {
-        whenClosed();
+    if (closed) {
+        closed();
     }
 }
 

@@ -26,8 +26,8 @@ private:
 
     [[nodiscard]] std::uint64_t handleOf(NSRunningApplication* application);
 
-    std::vector<Entry> entries;
-    std::uint64_t lastHandle = 0;
+    std::vector<Entry> m_entries;
+    std::uint64_t m_lastHandle = 0;
 };
 
 } // namespace quillary

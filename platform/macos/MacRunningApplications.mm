@@ -17,7 +17,7 @@ std::optional<std::string> ifAny(NSString* text) {
 
 std::vector<RunningApplication> MacRunningApplications::list() {
     NSArray<NSRunningApplication*>* running = [[NSWorkspace sharedWorkspace] runningApplications];
-    std::erase_if(entries, [running](const Entry& entry) {
+    std::erase_if(m_entries, [running](const Entry& entry) {
         return [entry.application isTerminated] && ![running containsObject:entry.application];
     });
     std::vector<RunningApplication> found;
@@ -36,18 +36,18 @@ RunningApplication MacRunningApplications::describe(NSRunningApplication* applic
 }
 
 NSRunningApplication* MacRunningApplications::find(std::uint64_t handle) const {
-    const auto found = std::ranges::find(entries, handle, &Entry::handle);
-    return found == entries.end() ? nil : found->application;
+    const auto found = std::ranges::find(m_entries, handle, &Entry::handle);
+    return found == m_entries.end() ? nil : found->application;
 }
 
 std::uint64_t MacRunningApplications::handleOf(NSRunningApplication* application) {
     const auto known = std::ranges::find_if(
-        entries, [application](const Entry& entry) { return [entry.application isEqual:application]; });
-    if (known != entries.end()) {
+        m_entries, [application](const Entry& entry) { return [entry.application isEqual:application]; });
+    if (known != m_entries.end()) {
         return known->handle;
     }
-    entries.push_back({.handle = ++lastHandle, .application = application});
-    return lastHandle;
+    m_entries.push_back({.handle = ++m_lastHandle, .application = application});
+    return m_lastHandle;
 }
 
 } // namespace quillary

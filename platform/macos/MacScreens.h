@@ -23,7 +23,7 @@ public:
 
 private:
     struct Native;
-    std::unique_ptr<Native> native;
+    std::unique_ptr<Native> m_native;
 };
 
 } // namespace quillary

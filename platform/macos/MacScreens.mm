@@ -40,10 +40,10 @@ struct MacScreens::Native {
     NotificationToken parameters;
 };
 
-MacScreens::MacScreens() : native(std::make_unique<Native>()) {
-    native->parameters = NotificationToken([NSNotificationCenter defaultCenter],
-                                           NSApplicationDidChangeScreenParametersNotification,
-                                           [this](NSNotification*) { Q_EMIT changed(); });
+MacScreens::MacScreens() : m_native(std::make_unique<Native>()) {
+    m_native->parameters = NotificationToken([NSNotificationCenter defaultCenter],
+                                             NSApplicationDidChangeScreenParametersNotification,
+                                             [this](NSNotification*) { Q_EMIT changed(); });
 }
 
 MacScreens::~MacScreens() = default;

@@ -16,18 +16,18 @@
 @end
 
 @implementation QuillaryReopenHandler {
-    std::function<void()> handler;
+    std::function<void()> m_reopened;
 }
 
 - (void)call:(std::function<void()>)reopened {
-    handler = std::move(reopened);
+    m_reopened = std::move(reopened);
 }
 
 - (void)handleReopen:(NSAppleEventDescriptor*)event withReplyEvent:(NSAppleEventDescriptor*)reply {
     static_cast<void>(event);
     static_cast<void>(reply);
-    if (handler) {
-        handler();
+    if (m_reopened) {
+        m_reopened();
     }
 }
 
@@ -54,10 +54,10 @@ struct MacSingleInstance::Native {
     NotificationToken opened;
 };
 
-MacSingleInstance::MacSingleInstance() : native(std::make_unique<Native>()) {}
+MacSingleInstance::MacSingleInstance() : m_native(std::make_unique<Native>()) {}
 
 MacSingleInstance::~MacSingleInstance() {
-    if (native->handler != nil) {
+    if (m_native->handler != nil) {
         [[NSAppleEventManager sharedAppleEventManager] removeEventHandlerForEventClass:kCoreEventClass
                                                                             andEventID:kAEReopenApplication];
     }
@@ -79,28 +79,28 @@ bool MacSingleInstance::claim() {
             return false;
         }
     }
-    native->opened = NotificationToken([NSDistributedNotificationCenter defaultCenter], openedAgain,
-                                       [this](NSNotification*) { Q_EMIT reopened(); });
+    m_native->opened = NotificationToken([NSDistributedNotificationCenter defaultCenter], openedAgain,
+                                         [this](NSNotification*) { Q_EMIT reopened(); });
     // AppKit installs handlers of its own while it finishes launching; ours must come after them.
     if ([[NSRunningApplication currentApplication] isFinishedLaunching]) {
         followReopening();
     } else {
-        native->launched = NotificationToken([NSNotificationCenter defaultCenter],
-                                             NSApplicationDidFinishLaunchingNotification,
-                                             [this](NSNotification*) { followReopening(); });
+        m_native->launched = NotificationToken([NSNotificationCenter defaultCenter],
+                                               NSApplicationDidFinishLaunchingNotification,
+                                               [this](NSNotification*) { followReopening(); });
     }
     return true;
 }
 
 void MacSingleInstance::followReopening() {
     const QPointer<MacSingleInstance> self(this);
-    native->handler = [[QuillaryReopenHandler alloc] init];
-    [native->handler call:[self] {
+    m_native->handler = [[QuillaryReopenHandler alloc] init];
+    [m_native->handler call:[self] {
         if (self) {
             Q_EMIT self->reopened();
         }
     }];
-    [[NSAppleEventManager sharedAppleEventManager] setEventHandler:native->handler
+    [[NSAppleEventManager sharedAppleEventManager] setEventHandler:m_native->handler
                                                        andSelector:@selector(handleReopen:withReplyEvent:)
                                                      forEventClass:kCoreEventClass
                                                         andEventID:kAEReopenApplication];

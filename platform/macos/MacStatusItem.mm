@@ -13,15 +13,15 @@
 @end
 
 @implementation QuillaryMenuSource {
-    std::function<quillary::Menu()> source;
+    std::function<quillary::Menu()> m_source;
 }
 
 - (void)ask:(std::function<quillary::Menu()>)menuSource {
-    source = std::move(menuSource);
+    m_source = std::move(menuSource);
 }
 
 - (void)menuNeedsUpdate:(NSMenu*)menu {
-    quillary::MacMenu::fill(menu, source ? source() : quillary::Menu(),
+    quillary::MacMenu::fill(menu, m_source ? m_source() : quillary::Menu(),
                             [](const quillary::ClosureMenuItem& item) { item.fire(); });
 }
 
@@ -55,24 +55,24 @@ struct MacStatusItem::Native {
 
 MacStatusItem::MacStatusItem(const QIcon& symbol, const std::string& description,
                              std::function<Menu()> menuNeedsUpdate)
-    : native(std::make_unique<Native>()) {
-    native->source = [[QuillaryMenuSource alloc] init];
-    [native->source ask:std::move(menuNeedsUpdate)];
+    : m_native(std::make_unique<Native>()) {
+    m_native->source = [[QuillaryMenuSource alloc] init];
+    [m_native->source ask:std::move(menuNeedsUpdate)];
     NSMenu* menu = MacMenu::make({}, nullptr);
-    [menu setDelegate:native->source];
+    [menu setDelegate:m_native->source];
 
-    native->item = [[NSStatusBar systemStatusBar] statusItemWithLength:NSSquareStatusItemLength];
-    [[native->item button] setImage:symbolImage(symbol, description)];
-    [native->item setMenu:menu];
+    m_native->item = [[NSStatusBar systemStatusBar] statusItemWithLength:NSSquareStatusItemLength];
+    [[m_native->item button] setImage:symbolImage(symbol, description)];
+    [m_native->item setMenu:menu];
 }
 
 MacStatusItem::~MacStatusItem() {
-    [[native->item menu] setDelegate:nil];
-    [[NSStatusBar systemStatusBar] removeStatusItem:native->item];
+    [[m_native->item menu] setDelegate:nil];
+    [[NSStatusBar systemStatusBar] removeStatusItem:m_native->item];
 }
 
 bool MacStatusItem::isShown() const {
-    return [native->item isVisible];
+    return [m_native->item isVisible];
 }
 
 } // namespace quillary

@@ -37,7 +37,7 @@ private:
     void follow(const std::string& notification);
 
     struct Native;
-    std::unique_ptr<Native> native;
+    std::unique_ptr<Native> m_native;
 };
 
 } // namespace quillary

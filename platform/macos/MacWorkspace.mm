@@ -47,11 +47,11 @@ struct MacWorkspace::Native {
     std::vector<NotificationToken> observers;
 };
 
-MacWorkspace::MacWorkspace() : native(std::make_unique<Native>()) {
+MacWorkspace::MacWorkspace() : m_native(std::make_unique<Native>()) {
     NSNotificationCenter* center = [[NSWorkspace sharedWorkspace] notificationCenter];
     for (const auto change :
          {WorkspaceChange::launched, WorkspaceChange::terminated, WorkspaceChange::activated}) {
-        native->observers.emplace_back(center, nameOf(change), [this](NSNotification* notification) {
+        m_native->observers.emplace_back(center, nameOf(change), [this](NSNotification* notification) {
             follow(MacText::plain([notification name]));
         });
     }
@@ -76,12 +76,12 @@ void MacWorkspace::follow(const std::string& notification) {
 }
 
 std::vector<RunningApplication> MacWorkspace::runningApplications() const {
-    return native->applications.list();
+    return m_native->applications.list();
 }
 
 std::optional<RunningApplication> MacWorkspace::frontmostApplication() const {
     NSRunningApplication* front = [[NSWorkspace sharedWorkspace] frontmostApplication];
-    return front == nil ? std::nullopt : std::optional(native->applications.describe(front));
+    return front == nil ? std::nullopt : std::optional(m_native->applications.describe(front));
 }
 
 std::optional<QRectF> MacWorkspace::fullScreenFrame() const {
@@ -136,7 +136,7 @@ void MacWorkspace::reveal(const std::string& path) {
 }
 
 void MacWorkspace::terminate(const RunningApplication& application) {
-    [native->applications.find(application.handle) terminate];
+    [m_native->applications.find(application.handle) terminate];
 }
 
 } // namespace quillary

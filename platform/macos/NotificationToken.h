@@ -23,9 +23,9 @@ public:
 
 private:
     // Gone with this, so that a notification which waits in the queue calls nobody.
-    std::shared_ptr<Handler> handler;
-    NSNotificationCenter* observed = nil;
-    id token = nil;
+    std::shared_ptr<Handler> m_handler;
+    NSNotificationCenter* m_center = nil;
+    id m_token = nil;
 };
 
 } // namespace quillary
