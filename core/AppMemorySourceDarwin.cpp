@@ -1,7 +1,6 @@
 #include "core/AppMemoryGrouping.h"
 #include "core/AppMemorySource.h"
 #include "core/ProcList.h"
-#include "core/RepairedUtf8.h"
 
 #include <array>
 #include <string_view>
@@ -35,7 +34,7 @@ std::string executable(std::int32_t pid) {
         return {};
     }
     const std::string_view whole(buffer.data(), buffer.size());
-    return repairedUtf8(whole.substr(0, whole.find('\0')));
+    return std::string(whole.substr(0, whole.find('\0')));
 }
 
 std::uint64_t footprint(std::int32_t pid) {

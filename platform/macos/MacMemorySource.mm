@@ -29,6 +29,10 @@ MemorySource::Sampler MacMemorySource::sampler() {
         MemorySample sample;
         sample.stats = MemoryReader::read();
         sample.applications = copy.sample();
+        for (auto& application : sample.applications) {
+            application.id = MacText::wellFormed(application.id);
+            application.name = MacText::wellFormed(application.name);
+        }
         return sample;
     };
 }

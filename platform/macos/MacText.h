@@ -15,6 +15,8 @@ namespace quillary::MacText {
 [[nodiscard]] NSString* native(std::string_view text);
 /// Empty for nil.
 [[nodiscard]] std::string plain(NSString* _Nullable text);
+/// The bytes as UTF-8 with U+FFFD for each part that is none.
+[[nodiscard]] std::string wellFormed(std::string_view bytes);
 /// Absent for nil and for what is no text.
 [[nodiscard]] std::optional<std::string> plainIfText(id _Nullable value);
 /// A file URL; the path is absolute.

@@ -1,20 +1,19 @@
 #import "platform/macos/MacText.h"
 
-#include "core/RepairedUtf8.h"
+#include <QString>
 
 namespace quillary::MacText {
 
 NSString* native(std::string_view text) {
-    const std::string repaired = repairedUtf8(text);
-    NSString* made = [[NSString alloc] initWithBytes:repaired.data()
-                                              length:repaired.size()
-                                            encoding:NSUTF8StringEncoding];
-    return made != nil ? made : @"";
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toNSString();
 }
 
 std::string plain(NSString* text) {
-    const char* bytes = [text UTF8String];
-    return bytes == nullptr ? std::string() : std::string(bytes);
+    return QString::fromNSString(text).toStdString();
+}
+
+std::string wellFormed(std::string_view bytes) {
+    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size())).toStdString();
 }
 
 std::optional<std::string> plainIfText(id value) {

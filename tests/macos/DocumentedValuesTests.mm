@@ -3,6 +3,8 @@
 #include "core/MemoryReader.h"
 #include "core/ProcList.h"
 
+#include <QString>
+
 #import <gtest/gtest.h>
 
 #include <algorithm>
@@ -17,7 +19,7 @@ namespace {
 
 TEST(DocumentedValues, areThoseOfTheSystem) {
 #define NUMBER(name, value) EXPECT_EQ(static_cast<double>(name), static_cast<double>(value));
-#define TEXT(name, value) EXPECT_STREQ([name UTF8String], value);
+#define TEXT(name, value) EXPECT_EQ(QString::fromNSString(name), QStringLiteral(value));
 #include "tests/macos/DocumentedValues.def"
 #undef NUMBER
 #undef TEXT

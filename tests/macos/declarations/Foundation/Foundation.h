@@ -19,7 +19,6 @@ NS_ASSUME_NONNULL_BEGIN
 @class NSArray<ObjectType>, NSDate, NSError, NSOperationQueue, NSString, NSURL;
 
 typedef double NSTimeInterval;
-typedef NSUInteger NSStringEncoding;
 typedef NSString* NSNotificationName;
 typedef NSString* NSErrorDomain;
 typedef CGPoint NSPoint;
@@ -68,15 +67,7 @@ static inline NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat w, CGFloat h) {
     return r;
 }
 
-enum : NSStringEncoding {
-    NSUTF8StringEncoding = 4,
-};
-
 @interface NSString : NSObject <NSCopying>
-@property(nullable, readonly) const char* UTF8String;
-- (nullable instancetype)initWithBytes:(const void*)bytes
-                                length:(NSUInteger)len
-                              encoding:(NSStringEncoding)encoding;
 @end
 
 // The compiler makes literals of this class; its layout is fixed by the ABI.
