@@ -27,12 +27,10 @@ MacActivation::MacActivation() {
 }
 
 bool MacActivation::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Show || event->type() == QEvent::ZOrderChange) {
-        const auto* widget = qobject_cast<QWidget*>(watched);
-        if (widget != nullptr && widget->isWindow() && !event->spontaneous() &&
-            bringsForward(event->type(), widget->windowType())) {
-            bringForward();
-        }
+    const auto* widget = qobject_cast<QWidget*>(watched);
+    if (widget != nullptr && widget->isWindow() && !event->spontaneous() &&
+        bringsForward(event->type(), widget->windowType())) {
+        bringForward();
     }
     return QObject::eventFilter(watched, event);
 }

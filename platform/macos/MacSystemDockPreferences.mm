@@ -27,7 +27,7 @@ CFStringRef delayKey() {
 PreferenceValue valueOf(CFStringRef key) {
     const CFOwned<CFPropertyListRef> value(CFPreferencesCopyAppValue(key, domain()));
     if (!value) {
-        return {PreferenceValue::Absent()};
+        return {};
     }
     const CFTypeID type = CFGetTypeID(value.get());
     if (type == CFBooleanGetTypeID()) {
@@ -38,7 +38,7 @@ PreferenceValue valueOf(CFStringRef key) {
         CFNumberGetValue(static_cast<CFNumberRef>(value.get()), kCFNumberDoubleType, &number) != 0) {
         return {number};
     }
-    return {PreferenceValue::Other()};
+    return {};
 }
 
 // Null takes the key away.

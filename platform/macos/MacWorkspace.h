@@ -34,8 +34,6 @@ public:
     void terminate(const RunningApplication& application) override;
 
 private:
-    void follow(const std::string& notification);
-
     struct Native;
     std::unique_ptr<Native> m_native;
 };

@@ -5,7 +5,6 @@
 #import "platform/macos/MacRunningApplications.h"
 #import "platform/macos/MacText.h"
 #import "platform/macos/NotificationToken.h"
-#include "platform/macos/WorkspaceChange.h"
 
 #include <vector>
 
@@ -26,20 +25,6 @@ Completion logFailure(std::string what) {
     };
 }
 
-NSString* nameOf(WorkspaceChange change) {
-    switch (change) {
-    case WorkspaceChange::launched:
-        return NSWorkspaceDidLaunchApplicationNotification;
-    case WorkspaceChange::terminated:
-        return NSWorkspaceDidTerminateApplicationNotification;
-    case WorkspaceChange::activated:
-        return NSWorkspaceDidActivateApplicationNotification;
-    case WorkspaceChange::none:
-        break;
-    }
-    return @"";
-}
-
 } // namespace
 
 struct MacWorkspace::Native {
@@ -49,31 +34,17 @@ struct MacWorkspace::Native {
 
 MacWorkspace::MacWorkspace() : m_native(std::make_unique<Native>()) {
     NSNotificationCenter* center = [[NSWorkspace sharedWorkspace] notificationCenter];
-    for (const auto change :
-         {WorkspaceChange::launched, WorkspaceChange::terminated, WorkspaceChange::activated}) {
-        m_native->observers.emplace_back(center, nameOf(change), [this](NSNotification* notification) {
-            follow(MacText::plain([notification name]));
+    const auto forward = [this, center](NSNotificationName name, void (Workspace::*signal)()) {
+        m_native->observers.emplace_back(center, name, [this, signal](NSNotification*) {
+            Q_EMIT(this->*signal)();
         });
-    }
+    };
+    forward(NSWorkspaceDidLaunchApplicationNotification, &Workspace::applicationLaunched);
+    forward(NSWorkspaceDidTerminateApplicationNotification, &Workspace::applicationTerminated);
+    forward(NSWorkspaceDidActivateApplicationNotification, &Workspace::applicationActivated);
 }
 
 MacWorkspace::~MacWorkspace() = default;
-
-void MacWorkspace::follow(const std::string& notification) {
-    switch (workspaceChange(notification)) {
-    case WorkspaceChange::launched:
-        Q_EMIT applicationLaunched();
-        break;
-    case WorkspaceChange::terminated:
-        Q_EMIT applicationTerminated();
-        break;
-    case WorkspaceChange::activated:
-        Q_EMIT applicationActivated();
-        break;
-    case WorkspaceChange::none:
-        break;
-    }
-}
 
 std::vector<RunningApplication> MacWorkspace::runningApplications() const {
     return m_native->applications.list();

@@ -5,23 +5,15 @@
 
 namespace quillary {
 
-/// A value of some preference, as far as the program tells them apart.
+/// The value of a preference that should be a switch or a number of seconds.
 struct PreferenceValue {
-    /// Not set.
-    struct Absent {
-        bool operator==(const Absent&) const = default;
-    };
-    /// Text, a date, a list: nothing that a switch or a number of seconds could be.
-    struct Other {
-        bool operator==(const Other&) const = default;
-    };
+    /// `std::monostate` for a preference that is not set or has another type: text, a date, a list.
+    std::variant<std::monostate, bool, double> held;
 
-    std::variant<Absent, Other, bool, double> held;
-
-    /// A boolean, or a number that is exactly 0 or 1, as preferences written by hand hold them; absent for
-    /// everything else.
+    /// The boolean, also when a hand-written preference holds it as the number 0 or 1; absent for every other
+    /// value.
     [[nodiscard]] std::optional<bool> boolean() const;
-    /// A finite number; absent for everything else, a boolean among it.
+    /// The number; absent for a boolean and for a number that is not finite.
     [[nodiscard]] std::optional<double> number() const;
 };
 

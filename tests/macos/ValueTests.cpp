@@ -1,7 +1,6 @@
 #include "platform/macos/ApplicationPolicy.h"
 #include "platform/macos/DisplayNumber.h"
 #include "platform/macos/PreferenceValue.h"
-#include "platform/macos/WorkspaceChange.h"
 
 #include <gtest/gtest.h>
 
@@ -26,8 +25,6 @@ TEST(PreferenceValue, onlyTheNumbersZeroAndOneAreBooleans) {
 }
 
 TEST(PreferenceValue, textsAndAbsentValuesAreNeitherBooleanNorNumber) {
-    EXPECT_EQ(PreferenceValue{PreferenceValue::Other()}.boolean(), std::nullopt);
-    EXPECT_EQ(PreferenceValue{PreferenceValue::Other()}.number(), std::nullopt);
     EXPECT_EQ(PreferenceValue{}.boolean(), std::nullopt);
     EXPECT_EQ(PreferenceValue{}.number(), std::nullopt);
 }
@@ -67,19 +64,6 @@ TEST(ApplicationPolicy, theDocumentedValues) {
 TEST(ApplicationPolicy, unknownValuesStandInNoDock) {
     EXPECT_EQ(activationPolicy(3), ActivationPolicy::prohibited);
     EXPECT_EQ(activationPolicy(-1), ActivationPolicy::prohibited);
-}
-
-TEST(WorkspaceChange, threeNotificationsTellOfRunningApplications) {
-    EXPECT_EQ(workspaceChange("NSWorkspaceDidLaunchApplicationNotification"), WorkspaceChange::launched);
-    EXPECT_EQ(workspaceChange("NSWorkspaceDidTerminateApplicationNotification"), WorkspaceChange::terminated);
-    EXPECT_EQ(workspaceChange("NSWorkspaceDidActivateApplicationNotification"), WorkspaceChange::activated);
-}
-
-TEST(WorkspaceChange, othersTellNothing) {
-    EXPECT_EQ(workspaceChange("NSWorkspaceWillLaunchApplicationNotification"), WorkspaceChange::none);
-    EXPECT_EQ(workspaceChange("NSWorkspaceDidDeactivateApplicationNotification"), WorkspaceChange::none);
-    EXPECT_EQ(workspaceChange("NSWorkspaceDidHideApplicationNotification"), WorkspaceChange::none);
-    EXPECT_EQ(workspaceChange(""), WorkspaceChange::none);
 }
 
 } // namespace
