@@ -12,15 +12,15 @@ constexpr double frame = 0.008;
 } // namespace
 
 double MovementPace::wait(double now) const {
-    return lastTime ? std::clamp(*lastTime + frame - now, 0.0, frame) : 0.0;
+    return m_lastTime ? std::clamp(*m_lastTime + frame - now, 0.0, frame) : 0.0;
 }
 
 bool MovementPace::tells(QPointF place, double now) {
-    if (lastPlace && *lastPlace == place) {
+    if (m_lastPlace && *m_lastPlace == place) {
         return false;
     }
-    lastPlace = place;
-    lastTime = now;
+    m_lastPlace = place;
+    m_lastTime = now;
     return true;
 }
 

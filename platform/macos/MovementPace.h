@@ -16,8 +16,8 @@ public:
     [[nodiscard]] bool tells(QPointF place, double now);
 
 private:
-    std::optional<QPointF> lastPlace;
-    std::optional<double> lastTime;
+    std::optional<QPointF> m_lastPlace;
+    std::optional<double> m_lastTime;
 };
 
 } // namespace quillary

@@ -3,7 +3,7 @@
 namespace quillary {
 
 QPointF ScreenCoordinates::point(double x, double y) const {
-    return {x, height - y};
+    return {x, m_primaryHeight - y};
 }
 
 QRectF ScreenCoordinates::rect(double x, double y, double width, double rectHeight) const {

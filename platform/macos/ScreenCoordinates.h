@@ -11,14 +11,14 @@ namespace quillary {
 class ScreenCoordinates {
 public:
     /// The height of the primary screen's frame, points.
-    explicit ScreenCoordinates(double primaryHeight) : height(primaryHeight) {}
+    explicit ScreenCoordinates(double primaryHeight) : m_primaryHeight(primaryHeight) {}
 
     [[nodiscard]] QPointF point(double x, double y) const;
     /// `x` and `y` name the corner that AppKit calls a rectangle's origin, its bottom-left one.
     [[nodiscard]] QRectF rect(double x, double y, double width, double rectHeight) const;
 
 private:
-    double height;
+    double m_primaryHeight;
 };
 
 } // namespace quillary

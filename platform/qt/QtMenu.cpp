@@ -84,27 +84,27 @@ void replayClick(QPoint position) {
 
 } // namespace
 
-QtMenu::QtMenu(Menu items, const Place& where, QObject& owner, std::function<void()> whenClosed)
+QtMenu::QtMenu(Menu menu, const Place& place, QObject& owner, std::function<void()> closed)
     : QObject(&owner),
-      menu(std::move(items)),
-      place(where),
-      closed(std::move(whenClosed)),
-      widget(std::make_unique<QMenu>()) {
-    fill(*widget, menu);
-    connect(widget.get(), &QMenu::triggered, this, [this](const QAction* action) {
-        const auto found = entries.find(action);
-        chosen = found == entries.end() ? nullptr : found->second;
+      m_menu(std::move(menu)),
+      m_place(place),
+      m_closed(std::move(closed)),
+      m_widget(std::make_unique<QMenu>()) {
+    fill(*m_widget, m_menu);
+    connect(m_widget.get(), &QMenu::triggered, this, [this](const QAction* action) {
+        const auto found = m_entries.find(action);
+        m_chosen = found == m_entries.end() ? nullptr : found->second;
         // An assistive technology chooses entries without closing the menu.
-        widget->close();
+        m_widget->close();
     });
     // The choice is told after this: what follows waits for the event loop.
-    connect(widget.get(), &QMenu::aboutToHide, this, &QtMenu::finish, Qt::QueuedConnection);
+    connect(m_widget.get(), &QMenu::aboutToHide, this, &QtMenu::finish, Qt::QueuedConnection);
 }
 
 QtMenu::~QtMenu() {
-    if (widget) {
-        widget->disconnect(this);
-        widget.reset();
+    if (m_widget) {
+        m_widget->disconnect(this);
+        m_widget.reset();
     }
 }
 
@@ -138,7 +138,7 @@ bool QtMenu::isOpen() {
 
 void QtMenu::fill(QMenu& shown, const Menu& items) {
     shown.installEventFilter(this);
-    const int width = std::max(place.frame.width() - titleMargin, titleMargin);
+    const int width = std::max(m_place.frame.width() - titleMargin, titleMargin);
     for (const auto& item : items) {
         const auto title = shownTitle(item.title, shown, width);
         switch (item.kind) {
@@ -161,7 +161,7 @@ void QtMenu::fill(QMenu& shown, const Menu& items) {
                     Qt::CTRL | Qt::Key(QChar::fromLatin1(item.keyEquivalent).toUpper().unicode())));
                 action->setShortcutVisibleInContextMenu(true);
             }
-            entries.emplace(action, &item);
+            m_entries.emplace(action, &item);
             break;
         }
         }
@@ -169,16 +169,16 @@ void QtMenu::fill(QMenu& shown, const Menu& items) {
 }
 
 void QtMenu::open() {
-    widget->popup(place.corner);
+    m_widget->popup(m_place.corner);
     holdGrab();
 }
 
 void QtMenu::holdGrab() {
-    auto* window = widget ? widget->windowHandle() : nullptr;
-    if (window == nullptr || !widget->isVisible() || ++grabAttempts > mostGrabAttempts) {
+    auto* window = m_widget ? m_widget->windowHandle() : nullptr;
+    if (window == nullptr || !m_widget->isVisible() || ++m_grabAttempts > mostGrabAttempts) {
         return;
     }
-    if (place.grab && !place.grab(*window)) {
+    if (m_place.grab && !m_place.grab(*window)) {
         QTimer::singleShot(grabPause, this, &QtMenu::holdGrab);
     }
 }
@@ -198,8 +198,8 @@ bool QtMenu::eventFilter(QObject* watched, QEvent* event) {
 
 // Below and to the right of the point, as far as there is room; else on the other side.
 QPoint QtMenu::cornerOf(QSize size) const {
-    const QRect& frame = place.frame;
-    QPoint corner = place.corner;
+    const QRect& frame = m_place.frame;
+    QPoint corner = m_place.corner;
     if (corner.x() + size.width() > frame.x() + frame.width()) {
         corner.rx() -= size.width();
     }
@@ -211,9 +211,9 @@ QPoint QtMenu::cornerOf(QSize size) const {
 
 // The toolkit places menus by what it believes of the screens, which is out of date after some changes.
 void QtMenu::fit(QMenu& shown) const {
-    const QRect& frame = place.frame;
+    const QRect& frame = m_place.frame;
     const QSize size = shown.size();
-    QPoint corner = &shown == widget.get() ? cornerOf(size) : shown.pos();
+    QPoint corner = &shown == m_widget.get() ? cornerOf(size) : shown.pos();
     if (const auto* above = qobject_cast<QMenu*>(shown.parentWidget())) {
         const bool overRight = corner.x() + size.width() > frame.x() + frame.width();
         if (overRight && corner.x() >= above->geometry().center().x()) {
@@ -228,7 +228,7 @@ void QtMenu::fit(QMenu& shown) const {
 }
 
 QAction* QtMenu::equivalentOf(const QKeyEvent& event) const {
-    for (const auto& [action, item] : entries) {
+    for (const auto& [action, item] : m_entries) {
         if (item->enabled && item->keyEquivalent != 0 &&
             event.key() == QChar::fromLatin1(item->keyEquivalent).toUpper().unicode()) {
             return const_cast<QAction*>(action);
@@ -239,21 +239,21 @@ QAction* QtMenu::equivalentOf(const QKeyEvent& event) const {
 
 void QtMenu::handlePress(const QMouseEvent& event) {
     const QPoint position = event.globalPosition().toPoint();
-    auto menus = widget->findChildren<QMenu*>();
-    menus.append(widget.get());
+    auto menus = m_widget->findChildren<QMenu*>();
+    menus.append(m_widget.get());
     const bool inside = std::any_of(menus.begin(), menus.end(), [position](const QMenu* candidate) {
         return candidate->isVisible() && candidate->geometry().contains(position);
     });
     if (!inside && event.button() == Qt::RightButton) {
-        clickedElsewhere = position;
+        m_clickedElsewhere = position;
     }
 }
 
 bool QtMenu::handleKey(QMenu& shown, const QKeyEvent& event) {
     if (event.modifiers() == Qt::ControlModifier) {
         if (const auto* action = equivalentOf(event)) {
-            chosen = entries.at(action);
-            widget->close();
+            m_chosen = m_entries.at(action);
+            m_widget->close();
             return true;
         }
         return false;
@@ -267,26 +267,26 @@ bool QtMenu::handleKey(QMenu& shown, const QKeyEvent& event) {
 }
 
 void QtMenu::finish() {
-    if (std::exchange(finished, true)) {
+    if (std::exchange(m_finished, true)) {
         return;
     }
     if (openMenu() == this) {
         openMenu().clear();
     }
-    widget->disconnect(this);
-    widget->hide();
+    m_widget->disconnect(this);
+    m_widget->hide();
     deleteLater();
     // What runs now may destroy the owner, and this with it.
-    const auto keptMenu = std::move(menu);
-    const auto whenClosed = std::move(closed);
-    const auto* entry = chosen;
-    const auto click = clickedElsewhere;
-    widget.release()->deleteLater();
+    const auto keptMenu = std::move(m_menu);
+    const auto closed = std::move(m_closed);
+    const auto* entry = m_chosen;
+    const auto click = m_clickedElsewhere;
+    m_widget.release()->deleteLater();
     if (entry != nullptr) {
         entry->fire();
     }
-    if (whenClosed) {
-        whenClosed();
+    if (closed) {
+        closed();
     }
     if (click) {
         replayClick(*click);

@@ -67,17 +67,17 @@ private:
     [[nodiscard]] QAction* equivalentOf(const QKeyEvent& event) const;
     void finish();
 
-    Menu menu;
-    Place place;
-    std::function<void()> closed;
-    std::unique_ptr<QMenu> widget;
+    Menu m_menu;
+    Place m_place;
+    std::function<void()> m_closed;
+    std::unique_ptr<QMenu> m_widget;
     // The entries of the menu and its submenus.
-    std::unordered_map<const QAction*, const ClosureMenuItem*> entries;
-    const ClosureMenuItem* chosen = nullptr;
+    std::unordered_map<const QAction*, const ClosureMenuItem*> m_entries;
+    const ClosureMenuItem* m_chosen = nullptr;
     // Where a click of the right button closed it, in global points.
-    std::optional<QPoint> clickedElsewhere;
-    int grabAttempts = 0;
-    bool finished = false;
+    std::optional<QPoint> m_clickedElsewhere;
+    int m_grabAttempts = 0;
+    bool m_finished = false;
 };
 
 } // namespace quillary

@@ -19,19 +19,19 @@ constexpr std::chrono::milliseconds patienceAtTheEnd{200};
 class QtTask final : public ScheduledTask {
 public:
     QtTask(double seconds, bool repeats, std::function<void()> work) {
-        timer.setSingleShot(!repeats);
-        timer.setTimerType(seconds >= 1.0 ? Qt::CoarseTimer : Qt::PreciseTimer);
-        timer.setInterval(static_cast<int>(std::lround(seconds * 1000.0)));
+        m_timer.setSingleShot(!repeats);
+        m_timer.setTimerType(seconds >= 1.0 ? Qt::CoarseTimer : Qt::PreciseTimer);
+        m_timer.setInterval(static_cast<int>(std::lround(seconds * 1000.0)));
         // The work may destroy this task, and its own closure with it: run a copy.
-        QObject::connect(&timer, &QTimer::timeout, &timer, [work = std::move(work)] {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [work = std::move(work)] {
             const auto running = work;
             running();
         });
-        timer.start();
+        m_timer.start();
     }
 
 private:
-    QTimer timer;
+    QTimer m_timer;
 };
 
 } // namespace
@@ -44,15 +44,15 @@ struct QtScheduler::Workers {
     QObject* receiver = nullptr;
 };
 
-QtScheduler::QtScheduler() : workers(std::make_shared<Workers>()) {
-    workers->receiver = new QObject;
-    clock.start();
+QtScheduler::QtScheduler() : m_workers(std::make_shared<Workers>()) {
+    m_workers->receiver = new QObject;
+    m_clock.start();
 }
 
 QtScheduler::~QtScheduler() {
-    std::unique_lock guard(workers->lock);
-    delete std::exchange(workers->receiver, nullptr);
-    workers->finished.wait_for(guard, patienceAtTheEnd, [this] { return workers->underWay == 0; });
+    std::unique_lock guard(m_workers->lock);
+    delete std::exchange(m_workers->receiver, nullptr);
+    m_workers->finished.wait_for(guard, patienceAtTheEnd, [this] { return m_workers->underWay == 0; });
 }
 
 std::unique_ptr<ScheduledTask> QtScheduler::after(double seconds, std::function<void()> work) {
@@ -65,10 +65,10 @@ std::unique_ptr<ScheduledTask> QtScheduler::every(double seconds, std::function<
 
 void QtScheduler::onWorker(std::function<std::function<void()>()> work) {
     {
-        const std::lock_guard guard(workers->lock);
-        ++workers->underWay;
+        const std::lock_guard guard(m_workers->lock);
+        ++m_workers->underWay;
     }
-    std::thread([work = std::move(work), shared = workers]() mutable {
+    std::thread([work = std::move(work), shared = m_workers]() mutable {
         auto then = work();
         work = nullptr;
         const std::lock_guard guard(shared->lock);
@@ -81,7 +81,7 @@ void QtScheduler::onWorker(std::function<std::function<void()>()> work) {
 }
 
 double QtScheduler::now() const {
-    return static_cast<double>(clock.nsecsElapsed()) * 1e-9;
+    return static_cast<double>(m_clock.nsecsElapsed()) * 1e-9;
 }
 
 } // namespace quillary

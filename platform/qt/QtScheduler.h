@@ -23,8 +23,8 @@ private:
     struct Workers;
 
     // Shared with the threads, which may outlive this.
-    std::shared_ptr<Workers> workers;
-    QElapsedTimer clock;
+    std::shared_ptr<Workers> m_workers;
+    QElapsedTimer m_clock;
 };
 
 } // namespace quillary

@@ -27,35 +27,36 @@ std::vector<xcb_window_t> readWindows(X11Connection& connection, xcb_atom_t prop
 
 } // namespace
 
-X11ClientList::X11ClientList(X11Connection& server, Scheduler& clock) : connection(server), scheduler(clock) {
-    select(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-    connect(&connection, &X11Connection::eventReceived, this, &X11ClientList::handleEvent);
-    connect(&connection, &X11Connection::settled, this, &X11ClientList::handleSettled);
+X11ClientList::X11ClientList(X11Connection& connection, Scheduler& scheduler)
+    : m_connection(connection), m_scheduler(scheduler) {
+    select(m_connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    connect(&m_connection, &X11Connection::eventReceived, this, &X11ClientList::handleEvent);
+    connect(&m_connection, &X11Connection::settled, this, &X11ClientList::handleSettled);
     update();
 }
 
 X11ClientList::~X11ClientList() = default;
 
 std::vector<xcb_window_t> X11ClientList::stackingOrder() const {
-    return managed() ? readWindows(connection, connection.atoms().netClientListStacking)
+    return managed() ? readWindows(m_connection, m_connection.atoms().netClientListStacking)
                      : std::vector<xcb_window_t>{};
 }
 
 void X11ClientList::select(xcb_window_t window, std::uint32_t mask) {
-    xcb_change_window_attributes(connection.xcb(), window, XCB_CW_EVENT_MASK, &mask);
+    xcb_change_window_attributes(m_connection.xcb(), window, XCB_CW_EVENT_MASK, &mask);
 }
 
 void X11ClientList::handleEvent(const xcb_generic_event_t* event) {
     if (eventKind(event) == XCB_PROPERTY_NOTIFY) {
         const auto* notify = eventAs<xcb_property_notify_event_t>(event);
-        stale = stale || (notify->window == connection.root() &&
-                          (notify->atom == connection.atoms().netClientList ||
-                           notify->atom == connection.atoms().netSupportingWmCheck));
+        m_stale = m_stale || (notify->window == m_connection.root() &&
+                              (notify->atom == m_connection.atoms().netClientList ||
+                               notify->atom == m_connection.atoms().netSupportingWmCheck));
     } else if (eventKind(event) == XCB_DESTROY_NOTIFY) {
         const auto window = eventAs<xcb_destroy_notify_event_t>(event)->window;
-        if (window == checkWindow) {
-            stale = true;
-        } else if (!managed() && std::erase(clients, window) > 0) {
+        if (window == m_checkWindow) {
+            m_stale = true;
+        } else if (!managed() && std::erase(m_windows, window) > 0) {
             // Nobody else takes it off the list while there is no window manager.
             Q_EMIT changed();
         }
@@ -63,43 +64,44 @@ void X11ClientList::handleEvent(const xcb_generic_event_t* event) {
 }
 
 void X11ClientList::handleSettled() {
-    if (stale) {
-        stale = false;
+    if (m_stale) {
+        m_stale = false;
         update();
     }
 }
 
 xcb_window_t X11ClientList::readCheckWindow() {
-    const auto property = connection.atoms().netSupportingWmCheck;
+    const auto property = m_connection.atoms().netSupportingWmCheck;
     const auto window =
-        readProperty(connection, requestProperty(connection, connection.root(), property, 4)).firstNumber();
+        readProperty(m_connection, requestProperty(m_connection, m_connection.root(), property, 4))
+            .firstNumber();
     if (window == XCB_WINDOW_NONE) {
         return XCB_WINDOW_NONE;
     }
     // Selected before it is read: should it go away in between, the event tells.
-    if (window != checkWindow) {
+    if (window != m_checkWindow) {
         select(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     }
-    const auto itself = readProperty(connection, requestProperty(connection, window, property, 4));
+    const auto itself = readProperty(m_connection, requestProperty(m_connection, window, property, 4));
     return itself.firstNumber() == window ? window : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 void X11ClientList::update() {
     const bool wasManaged = managed();
-    const auto before = std::exchange(checkWindow, readCheckWindow());
+    const auto before = std::exchange(m_checkWindow, readCheckWindow());
     if (!managed()) {
         if (wasManaged) {
-            later = scheduler.after(restartGrace, [this] { setWindows({}); });
+            m_later = m_scheduler.after(restartGrace, [this] { setWindows({}); });
         }
-    } else if (checkWindow != before && !clients.empty()) {
+    } else if (m_checkWindow != before && !m_windows.empty()) {
         // A new window manager adopts the windows one by one; its first lists would look like a mass exit.
-        later = scheduler.after(adoptionTime, [this] {
-            later.reset();
-            setWindows(readWindows(connection, connection.atoms().netClientList));
+        m_later = m_scheduler.after(adoptionTime, [this] {
+            m_later.reset();
+            setWindows(readWindows(m_connection, m_connection.atoms().netClientList));
         });
-    } else if (!later || !wasManaged) {
-        later.reset();
-        setWindows(readWindows(connection, connection.atoms().netClientList));
+    } else if (!m_later || !wasManaged) {
+        m_later.reset();
+        setWindows(readWindows(m_connection, m_connection.atoms().netClientList));
     }
     if (managed() != wasManaged) {
         Q_EMIT managedChanged();
@@ -107,16 +109,16 @@ void X11ClientList::update() {
 }
 
 void X11ClientList::setWindows(std::vector<xcb_window_t> windows) {
-    if (windows == clients) {
+    if (windows == m_windows) {
         return;
     }
-    const std::unordered_set<xcb_window_t> known(clients.begin(), clients.end());
+    const std::unordered_set<xcb_window_t> known(m_windows.begin(), m_windows.end());
     for (const auto window : windows) {
         if (!known.contains(window) && !X11Connection::isOwnWindow(window)) {
             select(window, clientMask);
         }
     }
-    clients = std::move(windows);
+    m_windows = std::move(windows);
     Q_EMIT changed();
 }
 

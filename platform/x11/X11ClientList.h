@@ -19,16 +19,16 @@ class X11ClientList final : public QObject {
     Q_OBJECT
 
 public:
-    X11ClientList(X11Connection& server, Scheduler& clock);
+    X11ClientList(X11Connection& connection, Scheduler& scheduler);
     ~X11ClientList() override;
 
     /// In the order in which they were first shown. Empty without an EWMH window manager; while one is being
     /// restarted (up to restartGrace) the list of the old one stands, less the windows that have gone.
-    [[nodiscard]] const std::vector<xcb_window_t>& windows() const { return clients; }
+    [[nodiscard]] const std::vector<xcb_window_t>& windows() const { return m_windows; }
     /// From the bottom to the top of the stack; empty without an EWMH window manager.
     [[nodiscard]] std::vector<xcb_window_t> stackingOrder() const;
     /// Whether a window manager that follows EWMH is running.
-    [[nodiscard]] bool managed() const { return checkWindow != XCB_WINDOW_NONE; }
+    [[nodiscard]] bool managed() const { return m_checkWindow != XCB_WINDOW_NONE; }
 
     /// How long a missing window manager is waited for before its windows are given up, in seconds.
     static constexpr double restartGrace = 2.0;
@@ -49,12 +49,12 @@ private:
     void setWindows(std::vector<xcb_window_t> windows);
     void select(xcb_window_t window, std::uint32_t mask);
 
-    X11Connection& connection;
-    Scheduler& scheduler;
-    xcb_window_t checkWindow = XCB_WINDOW_NONE;
-    std::vector<xcb_window_t> clients;
-    std::unique_ptr<ScheduledTask> later;
-    bool stale = false;
+    X11Connection& m_connection;
+    Scheduler& m_scheduler;
+    xcb_window_t m_checkWindow = XCB_WINDOW_NONE;
+    std::vector<xcb_window_t> m_windows;
+    std::unique_ptr<ScheduledTask> m_later;
+    bool m_stale = false;
 };
 
 } // namespace quillary

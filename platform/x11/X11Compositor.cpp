@@ -2,10 +2,10 @@
 
 namespace quillary {
 
-X11Compositor::X11Compositor(X11Connection& server)
-    : connection(server), owner(server, "_NET_WM_CM"), blurs(offersBlur()) {
-    connect(&owner, &X11SelectionOwner::changed, this, &X11Compositor::changed);
-    connect(&connection, &X11Connection::eventReceived, this, &X11Compositor::handleEvent);
+X11Compositor::X11Compositor(X11Connection& connection)
+    : m_connection(connection), m_owner(connection, "_NET_WM_CM"), m_blurs(offersBlur()) {
+    connect(&m_owner, &X11SelectionOwner::changed, this, &X11Compositor::changed);
+    connect(&m_connection, &X11Connection::eventReceived, this, &X11Compositor::handleEvent);
 }
 
 void X11Compositor::handleEvent(const xcb_generic_event_t* event) {
@@ -13,21 +13,21 @@ void X11Compositor::handleEvent(const xcb_generic_event_t* event) {
         return;
     }
     const auto* notify = eventAs<xcb_property_notify_event_t>(event);
-    if (notify->window != connection.root() || notify->atom != connection.atoms().kdeBlurBehindRegion) {
+    if (notify->window != m_connection.root() || notify->atom != m_connection.atoms().kdeBlurBehindRegion) {
         return;
     }
     const bool now = notify->state == XCB_PROPERTY_NEW_VALUE;
-    if (now != blurs) {
-        blurs = now;
+    if (now != m_blurs) {
+        m_blurs = now;
         Q_EMIT changed();
     }
 }
 
 bool X11Compositor::offersBlur() const {
     // Whatever it holds: that it is there counts.
-    const auto cookie = xcb_get_property(connection.xcb(), 0, connection.root(),
-                                         connection.atoms().kdeBlurBehindRegion, XCB_ATOM_ANY, 0, 0);
-    const auto answer = connection.reply(xcb_get_property_reply, cookie);
+    const auto cookie = xcb_get_property(m_connection.xcb(), 0, m_connection.root(),
+                                         m_connection.atoms().kdeBlurBehindRegion, XCB_ATOM_ANY, 0, 0);
+    const auto answer = m_connection.reply(xcb_get_property_reply, cookie);
     return answer && answer->type != XCB_ATOM_NONE;
 }
 

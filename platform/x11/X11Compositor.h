@@ -13,10 +13,10 @@ class X11Compositor final : public QObject {
     Q_OBJECT
 
 public:
-    explicit X11Compositor(X11Connection& server);
+    explicit X11Compositor(X11Connection& connection);
 
-    [[nodiscard]] bool isRunning() const { return owner.isPresent(); }
-    [[nodiscard]] bool blursBehind() const { return isRunning() && blurs; }
+    [[nodiscard]] bool isRunning() const { return m_owner.isPresent(); }
+    [[nodiscard]] bool blursBehind() const { return isRunning() && m_blurs; }
 
 Q_SIGNALS:
     /// The compositor came or went, or began or ceased to blur.
@@ -26,9 +26,9 @@ private:
     void handleEvent(const xcb_generic_event_t* event);
     [[nodiscard]] bool offersBlur() const;
 
-    X11Connection& connection;
-    X11SelectionOwner owner;
-    bool blurs = false;
+    X11Connection& m_connection;
+    X11SelectionOwner m_owner;
+    bool m_blurs = false;
 };
 
 } // namespace quillary

@@ -48,65 +48,65 @@ std::unique_ptr<X11Connection> X11Connection::open() {
     return std::unique_ptr<X11Connection>(new X11Connection(connection, screenIndex, roots.data->root));
 }
 
-X11Connection::X11Connection(xcb_connection_t* connection, int screenIndex, xcb_window_t rootId)
-    : handle(connection),
-      screen(screenIndex),
-      rootWindow(rootId),
-      atomTable(X11Atoms::intern(connection)),
-      notifier(new QSocketNotifier(xcb_get_file_descriptor(connection), QSocketNotifier::Read, this)) {
+X11Connection::X11Connection(xcb_connection_t* xcb, int screenNumber, xcb_window_t root)
+    : m_xcb(xcb),
+      m_screenNumber(screenNumber),
+      m_root(root),
+      m_atoms(X11Atoms::intern(xcb)),
+      m_notifier(new QSocketNotifier(xcb_get_file_descriptor(xcb), QSocketNotifier::Read, this)) {
     static const int registered = [] {
         liveConnections();
         return std::atexit([] { quitAtExit(); });
     }();
     static_cast<void>(registered);
     liveConnections().push_back(this);
-    connect(notifier, &QSocketNotifier::activated, this, [this] { dispatch(); });
+    connect(m_notifier, &QSocketNotifier::activated, this, [this] { dispatch(); });
     if (auto* application = QCoreApplication::instance()) {
-        connect(application, &QCoreApplication::aboutToQuit, this, [this] { quitTold = true; });
+        connect(application, &QCoreApplication::aboutToQuit, this, [this] { m_quitTold = true; });
     }
 }
 
 X11Connection::~X11Connection() {
     std::erase(liveConnections(), this);
     // The notifier must be gone before the file descriptor is closed.
-    delete notifier;
-    xcb_disconnect(handle);
+    delete m_notifier;
+    xcb_disconnect(m_xcb);
 }
 
 void X11Connection::flush() {
-    xcb_flush(handle);
+    xcb_flush(m_xcb);
     checkAlive();
 }
 
 void X11Connection::setListening(Listening state) {
-    notifier->setEnabled(state == Listening::on && alive);
-    if (notifier->isEnabled()) {
+    m_notifier->setEnabled(state == Listening::on && m_alive);
+    if (m_notifier->isEnabled()) {
         keepQueuedEvents();
     }
 }
 
 void X11Connection::keepQueuedEvents() {
     // Reading a reply may read events too; the socket then stays silent about them.
-    while (auto* event = xcb_poll_for_queued_event(handle)) {
-        pending.emplace_back(event);
+    while (auto* event = xcb_poll_for_queued_event(m_xcb)) {
+        m_pending.emplace_back(event);
     }
-    if (!pending.empty() && !dispatchPlanned && notifier->isEnabled()) {
-        dispatchPlanned = true;
+    if (!m_pending.empty() && !m_dispatchPlanned && m_notifier->isEnabled()) {
+        m_dispatchPlanned = true;
         QMetaObject::invokeMethod(
             this, [this] { dispatch(); }, Qt::QueuedConnection);
     }
 }
 
 int X11Connection::dispatch() {
-    dispatchPlanned = false;
-    while (auto* event = xcb_poll_for_event(handle)) {
-        pending.emplace_back(event);
+    m_dispatchPlanned = false;
+    while (auto* event = xcb_poll_for_event(m_xcb)) {
+        m_pending.emplace_back(event);
     }
     int count = 0;
     const QPointer guard(this);
-    while (!pending.empty()) {
-        const auto event = std::move(pending.front());
-        pending.pop_front();
+    while (!m_pending.empty()) {
+        const auto event = std::move(m_pending.front());
+        m_pending.pop_front();
         if (event->response_type == 0) {
             continue;
         }
@@ -126,11 +126,11 @@ int X11Connection::dispatch() {
 }
 
 void X11Connection::checkAlive() {
-    if (!alive || xcb_connection_has_error(handle) == 0) {
+    if (!m_alive || xcb_connection_has_error(m_xcb) == 0) {
         return;
     }
-    alive = false;
-    notifier->setEnabled(false);
+    m_alive = false;
+    m_notifier->setEnabled(false);
     Q_EMIT lost();
     QCoreApplication::quit();
 }
@@ -140,8 +140,8 @@ void X11Connection::quitAtExit() {
     // which hangs on aboutToQuit, would be left out.
     const auto unfinished = [](const X11Connection* connection) {
         // Only reading shows that the other end is gone; nobody wants events any more.
-        std::free(xcb_poll_for_event(connection->handle));
-        return xcb_connection_has_error(connection->handle) != 0 && !connection->quitTold;
+        std::free(xcb_poll_for_event(connection->m_xcb));
+        return xcb_connection_has_error(connection->m_xcb) != 0 && !connection->m_quitTold;
     };
     const auto& connections = liveConnections();
     if (QCoreApplication::instance() != nullptr &&

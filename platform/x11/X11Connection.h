@@ -25,17 +25,17 @@ public:
     [[nodiscard]] static std::unique_ptr<X11Connection> open();
     ~X11Connection() override;
 
-    [[nodiscard]] xcb_connection_t* xcb() const { return handle; }
-    [[nodiscard]] xcb_window_t root() const { return rootWindow; }
-    [[nodiscard]] int screenNumber() const { return screen; }
-    [[nodiscard]] const X11Atoms& atoms() const { return atomTable; }
+    [[nodiscard]] xcb_connection_t* xcb() const { return m_xcb; }
+    [[nodiscard]] xcb_window_t root() const { return m_root; }
+    [[nodiscard]] int screenNumber() const { return m_screenNumber; }
+    [[nodiscard]] const X11Atoms& atoms() const { return m_atoms; }
 
     /// Waits for the reply of a request; null when it failed. Events that arrive meanwhile are kept and told
     /// later, from the event loop.
     template<typename Reply, typename Cookie>
     [[nodiscard]] XcbPointer<Reply> reply(Reply* (*wait)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
                                           Cookie cookie) {
-        XcbPointer<Reply> result(wait(handle, cookie, nullptr));
+        XcbPointer<Reply> result(wait(m_xcb, cookie, nullptr));
         keepQueuedEvents();
         return result;
     }
@@ -61,20 +61,20 @@ Q_SIGNALS:
     void lost();
 
 private:
-    X11Connection(xcb_connection_t* connection, int screenIndex, xcb_window_t rootId);
+    X11Connection(xcb_connection_t* xcb, int screenNumber, xcb_window_t root);
     void keepQueuedEvents();
     void checkAlive();
     static void quitAtExit();
 
-    xcb_connection_t* handle;
-    int screen;
-    xcb_window_t rootWindow;
-    X11Atoms atomTable;
-    QSocketNotifier* notifier;
-    std::deque<XcbPointer<xcb_generic_event_t>> pending;
-    bool dispatchPlanned = false;
-    bool alive = true;
-    bool quitTold = false;
+    xcb_connection_t* m_xcb;
+    int m_screenNumber;
+    xcb_window_t m_root;
+    X11Atoms m_atoms;
+    QSocketNotifier* m_notifier;
+    std::deque<XcbPointer<xcb_generic_event_t>> m_pending;
+    bool m_dispatchPlanned = false;
+    bool m_alive = true;
+    bool m_quitTold = false;
 };
 
 /// The event's kind without the bit that marks events sent by clients.

@@ -21,12 +21,12 @@ class X11FullScreenWatch final : public QObject {
     Q_OBJECT
 
 public:
-    X11FullScreenWatch(X11Connection& server, const X11Screens& screenList);
+    X11FullScreenWatch(X11Connection& connection, const X11Screens& screens);
 
     /// Watches this window, which may be our own, and no longer the one before; XCB_WINDOW_NONE for none.
     void follow(xcb_window_t window);
     /// What the window covers, in global points; absent when it is not full-screen or has gone.
-    [[nodiscard]] std::optional<QRectF> frame() const { return covered; }
+    [[nodiscard]] std::optional<QRectF> frame() const { return m_frame; }
 
 Q_SIGNALS:
     /// The frame is another one than before.
@@ -40,15 +40,15 @@ private:
     void readPlace();
     void update();
 
-    X11Connection& connection;
-    const X11Screens& screens;
-    xcb_window_t watched = XCB_WINDOW_NONE;
-    bool fullScreen = false;
-    bool stateStale = false;
-    bool placeStale = false;
+    X11Connection& m_connection;
+    const X11Screens& m_screens;
+    xcb_window_t m_watched = XCB_WINDOW_NONE;
+    bool m_fullScreen = false;
+    bool m_stateStale = false;
+    bool m_placeStale = false;
     // On the root window, in device pixels.
-    QRect place;
-    std::optional<QRectF> covered;
+    QRect m_place;
+    std::optional<QRectF> m_frame;
 };
 
 } // namespace quillary

@@ -40,21 +40,21 @@ void writeProperty(xcb_connection_t* xcb, xcb_window_t window, xcb_atom_t proper
 
 } // namespace
 
-X11PanelWindow::X11PanelWindow(QWidget& widget, X11Connection& server, const X11Compositor& compositing,
-                               const X11Screens& screenList)
-    : connection(server), compositor(compositing), screens(screenList), contents(&widget) {
-    widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                          Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
-    widget.setAttribute(Qt::WA_TranslucentBackground);
-    widget.setAttribute(Qt::WA_ShowWithoutActivating);
-    widget.installEventFilter(this);
+X11PanelWindow::X11PanelWindow(QWidget& contents, X11Connection& connection, const X11Compositor& compositor,
+                               const X11Screens& screens)
+    : m_connection(connection), m_compositor(compositor), m_screens(screens), m_contents(&contents) {
+    contents.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                            Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
+    contents.setAttribute(Qt::WA_TranslucentBackground);
+    contents.setAttribute(Qt::WA_ShowWithoutActivating);
+    contents.installEventFilter(this);
     dress();
 
-    frameCheck.setSingleShot(true);
-    frameCheck.setInterval(frameCheckDelay);
-    connect(&frameCheck, &QTimer::timeout, this, &X11PanelWindow::checkFrame);
-    connect(&connection, &X11Connection::eventReceived, this, &X11PanelWindow::handleEvent);
-    connect(&compositor, &X11Compositor::changed, this, [this] {
+    m_frameCheck.setSingleShot(true);
+    m_frameCheck.setInterval(frameCheckDelay);
+    connect(&m_frameCheck, &QTimer::timeout, this, &X11PanelWindow::checkFrame);
+    connect(&m_connection, &X11Connection::eventReceived, this, &X11PanelWindow::handleEvent);
+    connect(&m_compositor, &X11Compositor::changed, this, [this] {
         applyBlur();
         applyShapes();
         Q_EMIT compositedChanged();
@@ -67,11 +67,11 @@ X11PanelWindow::X11PanelWindow(QWidget& widget, X11Connection& server, const X11
 }
 
 X11PanelWindow::~X11PanelWindow() {
-    if (contents) {
-        contents->removeEventFilter(this);
+    if (m_contents) {
+        m_contents->removeEventFilter(this);
     }
-    if (watchedWindow) {
-        watchedWindow->removeEventFilter(this);
+    if (m_watchedWindow) {
+        m_watchedWindow->removeEventFilter(this);
     }
 }
 
@@ -81,39 +81,39 @@ xcb_connection_t* X11PanelWindow::qtConnection() const {
 }
 
 void X11PanelWindow::dress() {
-    if (!contents || closed || qtConnection() == nullptr) {
+    if (!m_contents || m_closed || qtConnection() == nullptr) {
         return;
     }
-    const auto window = static_cast<xcb_window_t>(contents->winId());
-    if (watchedWindow != contents->windowHandle()) {
-        watchedWindow = contents->windowHandle();
-        watchedWindow->installEventFilter(this);
-        connect(watchedWindow, &QWindow::screenChanged, this, &X11PanelWindow::applyShapes);
+    const auto window = static_cast<xcb_window_t>(m_contents->winId());
+    if (m_watchedWindow != m_contents->windowHandle()) {
+        m_watchedWindow = m_contents->windowHandle();
+        m_watchedWindow->installEventFilter(this);
+        connect(m_watchedWindow, &QWindow::screenChanged, this, &X11PanelWindow::applyShapes);
     }
-    const bool created = window != native;
-    native = window;
+    const bool created = window != m_native;
+    m_native = window;
     setProperties();
     if (created) {
-        sentInput.reset();
-        sentBlur = {};
-        sentBounds.reset();
+        m_sentInput.reset();
+        m_sentBlur = {};
+        m_sentBounds.reset();
         followCrossings();
         // The pointer monitor tells of movements once a frame; a fast mouse would wake two threads a thousand
         // times a second.
-        X11InputSelection::leaveOutMotion(qtConnection(), native);
+        X11InputSelection::leaveOutMotion(qtConnection(), m_native);
     }
     applyBlur();
     applyShapes();
 }
 
 void X11PanelWindow::setProperties() {
-    const auto& atoms = connection.atoms();
+    const auto& atoms = m_connection.atoms();
     auto* xcb = qtConnection();
-    writeProperty(xcb, native, atoms.netWmWindowType, XCB_ATOM_ATOM, std::array{atoms.netWmWindowTypeDock});
-    writeProperty(xcb, native, atoms.netWmState, XCB_ATOM_ATOM,
+    writeProperty(xcb, m_native, atoms.netWmWindowType, XCB_ATOM_ATOM, std::array{atoms.netWmWindowTypeDock});
+    writeProperty(xcb, m_native, atoms.netWmState, XCB_ATOM_ATOM,
                   std::array{atoms.netWmStateAbove, atoms.netWmStateSticky, atoms.netWmStateSkipTaskbar,
                              atoms.netWmStateSkipPager});
-    writeProperty(xcb, native, atoms.netWmDesktop, XCB_ATOM_CARDINAL, std::array{allDesktops});
+    writeProperty(xcb, m_native, atoms.netWmDesktop, XCB_ATOM_CARDINAL, std::array{allDesktops});
     xcb_flush(xcb);
 }
 
@@ -122,25 +122,25 @@ void X11PanelWindow::followCrossings() {
     // sure.
     auto* xcb = qtConnection();
     const XcbPointer<xcb_get_geometry_reply_t> reply(
-        xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, native), nullptr));
+        xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, m_native), nullptr));
     const std::uint32_t mask = XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
-    xcb_change_window_attributes(connection.xcb(), native, XCB_CW_EVENT_MASK, &mask);
-    connection.flush();
+    xcb_change_window_attributes(m_connection.xcb(), m_native, XCB_CW_EVENT_MASK, &mask);
+    m_connection.flush();
 }
 
 void X11PanelWindow::handleEvent(const xcb_generic_event_t* event) {
     const int kind = eventKind(event);
-    if (!closed && (kind == XCB_ENTER_NOTIFY || kind == XCB_LEAVE_NOTIFY) &&
-        eventAs<xcb_enter_notify_event_t>(event)->event == native) {
+    if (!m_closed && (kind == XCB_ENTER_NOTIFY || kind == XCB_LEAVE_NOTIFY) &&
+        eventAs<xcb_enter_notify_event_t>(event)->event == m_native) {
         Q_EMIT pointerCrossed();
     }
 }
 
 bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == contents) {
+    if (watched == m_contents) {
         switch (event->type()) {
         case QEvent::WinIdChange:
-            if (contents->internalWinId() != 0) {
+            if (m_contents->internalWinId() != 0) {
                 dress();
             }
             break;
@@ -152,14 +152,14 @@ bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event) {
             break;
         case QEvent::Move:
         case QEvent::Resize:
-            if (contents->isVisible() && contents->geometry() != target) {
-                frameCheck.start();
+            if (m_contents->isVisible() && m_contents->geometry() != m_frame) {
+                m_frameCheck.start();
             }
             break;
         default:
             break;
         }
-    } else if (watched == watchedWindow && event->type() == QEvent::PlatformSurface &&
+    } else if (watched == m_watchedWindow && event->type() == QEvent::PlatformSurface &&
                dynamic_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType() ==
                    QPlatformSurfaceEvent::SurfaceCreated) {
         dress();
@@ -168,110 +168,110 @@ bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void X11PanelWindow::setFrame(const QRect& frame) {
-    if (frame == target || closed) {
+    if (frame == m_frame || m_closed) {
         return;
     }
-    target = frame;
-    frameRetries = 0;
+    m_frame = frame;
+    m_frameRetries = 0;
     applyFrame();
 }
 
 void X11PanelWindow::applyFrame() {
-    if (contents && !closed && target.isValid()) {
-        contents->setGeometry(target);
+    if (m_contents && !m_closed && m_frame.isValid()) {
+        m_contents->setGeometry(m_frame);
         applyShapes();
     }
 }
 
 void X11PanelWindow::checkFrame() {
-    if (contents && contents->isVisible() && contents->geometry() != target &&
-        frameRetries < mostFrameRetries) {
-        ++frameRetries;
+    if (m_contents && m_contents->isVisible() && m_contents->geometry() != m_frame &&
+        m_frameRetries < mostFrameRetries) {
+        ++m_frameRetries;
         applyFrame();
     }
 }
 
 void X11PanelWindow::screensChanged() {
-    frameRetries = 0;
+    m_frameRetries = 0;
     applyFrame();
 }
 
 void X11PanelWindow::setInputRegion(const QRegion& region) {
-    inputRegion = region;
+    m_inputRegion = region;
     applyShapes();
 }
 
 void X11PanelWindow::setIgnoresMouseEvents(bool /*ignores*/) {}
 
 void X11PanelWindow::setVisibleShape(const QRegion& region) {
-    visibleShape = region;
+    m_visibleShape = region;
     applyShapes();
 }
 
 bool X11PanelWindow::composited() const {
-    return compositor.isRunning();
+    return m_compositor.isRunning();
 }
 
 void X11PanelWindow::applyShapes() {
-    if (!contents || closed || native == XCB_WINDOW_NONE) {
+    if (!m_contents || m_closed || m_native == XCB_WINDOW_NONE) {
         return;
     }
-    const double scale = contents->devicePixelRatio();
-    const bool rescaled = scale != sentScale;
-    sentScale = scale;
+    const double scale = m_contents->devicePixelRatio();
+    const bool rescaled = scale != m_sentScale;
+    m_sentScale = scale;
 
     std::optional<QRegion> bounds;
-    if (!composited() && visibleShape) {
-        bounds = visibleShape;
+    if (!composited() && m_visibleShape) {
+        bounds = m_visibleShape;
     }
-    if (bounds != sentBounds || (rescaled && bounds)) {
-        sentBounds = bounds;
+    if (bounds != m_sentBounds || (rescaled && bounds)) {
+        m_sentBounds = bounds;
         applyShape(XCB_SHAPE_SK_BOUNDING, bounds ? &*bounds : nullptr);
     }
-    if (inputRegion != sentInput || (rescaled && inputRegion)) {
-        sentInput = inputRegion;
-        applyShape(XCB_SHAPE_SK_INPUT, inputRegion ? &*inputRegion : nullptr);
+    if (m_inputRegion != m_sentInput || (rescaled && m_inputRegion)) {
+        m_sentInput = m_inputRegion;
+        applyShape(XCB_SHAPE_SK_INPUT, m_inputRegion ? &*m_inputRegion : nullptr);
     }
 }
 
 void X11PanelWindow::applyShape(xcb_shape_kind_t kind, const QRegion* region) {
     auto* xcb = qtConnection();
-    ++shapeRequestCount;
+    ++m_shapeRequestCount;
     if (region == nullptr) {
-        xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, kind, native, 0, 0, XCB_PIXMAP_NONE);
+        xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, kind, m_native, 0, 0, XCB_PIXMAP_NONE);
     } else {
-        const auto rectangles = shapeRectangles(*region, sentScale);
-        xcb_shape_rectangles(xcb, XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED, native, 0, 0,
+        const auto rectangles = shapeRectangles(*region, m_sentScale);
+        xcb_shape_rectangles(xcb, XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED, m_native, 0, 0,
                              static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
     }
     xcb_flush(xcb);
 }
 
 bool X11PanelWindow::blursBehind() const {
-    return compositor.blursBehind();
+    return m_compositor.blursBehind();
 }
 
 void X11PanelWindow::setBlurRegion(const QRegion& region) {
-    blurRegion = region;
+    m_blurRegion = region;
     applyBlur();
 }
 
 void X11PanelWindow::applyBlur() {
-    if (!contents || native == XCB_WINDOW_NONE) {
+    if (!m_contents || m_native == XCB_WINDOW_NONE) {
         return;
     }
-    const double scale = contents->devicePixelRatio();
-    const QRegion wanted = blursBehind() ? blurRegion : QRegion();
-    if (wanted == sentBlur && scale == sentBlurScale) {
+    const double scale = m_contents->devicePixelRatio();
+    const QRegion wanted = blursBehind() ? m_blurRegion : QRegion();
+    if (wanted == m_sentBlur && scale == m_sentBlurScale) {
         return;
     }
-    sentBlur = wanted;
-    sentBlurScale = scale;
+    m_sentBlur = wanted;
+    m_sentBlurScale = scale;
     auto* xcb = qtConnection();
-    const xcb_atom_t property = connection.atoms().kdeBlurBehindRegion;
+    const xcb_atom_t property = m_connection.atoms().kdeBlurBehindRegion;
     if (wanted.isEmpty()) {
         // An empty list would mean the whole window.
-        xcb_delete_property(xcb, native, property);
+        xcb_delete_property(xcb, m_native, property);
     } else {
         std::vector<std::uint32_t> numbers;
         for (const auto& rectangle : shapeRectangles(wanted, scale)) {
@@ -279,51 +279,51 @@ void X11PanelWindow::applyBlur() {
                            {static_cast<std::uint32_t>(rectangle.x), static_cast<std::uint32_t>(rectangle.y),
                             rectangle.width, rectangle.height});
         }
-        xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, native, property, XCB_ATOM_CARDINAL, 32,
+        xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, m_native, property, XCB_ATOM_CARDINAL, 32,
                             static_cast<std::uint32_t>(numbers.size()), numbers.data());
     }
     xcb_flush(xcb);
 }
 
 void X11PanelWindow::orderFront() {
-    if (!contents || closed) {
+    if (!m_contents || m_closed) {
         return;
     }
-    if (!contents->isVisible()) {
-        contents->show();
+    if (!m_contents->isVisible()) {
+        m_contents->show();
     }
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
-    xcb_configure_window(qtConnection(), native, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    xcb_configure_window(qtConnection(), m_native, XCB_CONFIG_WINDOW_STACK_MODE, &above);
     xcb_flush(qtConnection());
 }
 
-void X11PanelWindow::popUpMenu(Menu menu, QPoint location, std::function<void()> whenClosed) {
-    if (!contents || closed) {
+void X11PanelWindow::popUpMenu(Menu menu, QPoint location, std::function<void()> closed) {
+    if (!m_contents || m_closed) {
         return;
     }
-    const QPoint corner = contents->mapToGlobal(location);
-    QtMenu::popUp(std::move(menu), {corner, screens.frameNear(corner), X11Grab::take}, *this,
-                  std::move(whenClosed));
+    const QPoint corner = m_contents->mapToGlobal(location);
+    QtMenu::popUp(std::move(menu), {corner, m_screens.frameNear(corner), X11Grab::take}, *this,
+                  std::move(closed));
 }
 
 void X11PanelWindow::close() {
-    if (closed) {
+    if (m_closed) {
         return;
     }
-    closed = true;
+    m_closed = true;
     QtMenu::drop(*this);
-    frameCheck.stop();
-    if (contents) {
-        contents->hide();
+    m_frameCheck.stop();
+    if (m_contents) {
+        m_contents->hide();
     }
 }
 
 bool X11PanelWindow::isVisible() const {
-    return contents && !closed && contents->isVisible();
+    return m_contents && !m_closed && m_contents->isVisible();
 }
 
 QImage X11PanelWindow::grab() {
-    return contents && !closed ? contents->grab().toImage() : QImage();
+    return m_contents && !m_closed ? m_contents->grab().toImage() : QImage();
 }
 
 } // namespace quillary

@@ -30,12 +30,12 @@ class X11PanelWindow final : public PanelWindow {
 
 public:
     /// Dresses the widget, which must be a top-level one that was never shown.
-    X11PanelWindow(QWidget& widget, X11Connection& server, const X11Compositor& compositing,
-                   const X11Screens& screenList);
+    X11PanelWindow(QWidget& contents, X11Connection& connection, const X11Compositor& compositor,
+                   const X11Screens& screens);
     ~X11PanelWindow() override;
 
     void setFrame(const QRect& frame) override;
-    [[nodiscard]] QRect frame() const override { return target; }
+    [[nodiscard]] QRect frame() const override { return m_frame; }
     void setInputRegion(const QRegion& region) override;
     /// Does nothing: the input region is exact.
     void setIgnoresMouseEvents(bool ignores) override;
@@ -44,13 +44,13 @@ public:
     [[nodiscard]] bool blursBehind() const override;
     void setBlurRegion(const QRegion& region) override;
     void orderFront() override;
-    void popUpMenu(Menu menu, QPoint location, std::function<void()> whenClosed) override;
+    void popUpMenu(Menu menu, QPoint location, std::function<void()> closed) override;
     void close() override;
     [[nodiscard]] bool isVisible() const override;
     [[nodiscard]] QImage grab() override;
 
     /// How often a shape was sent to the server so far; for measurements.
-    [[nodiscard]] int shapeRequests() const { return shapeRequestCount; }
+    [[nodiscard]] int shapeRequests() const { return m_shapeRequestCount; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -67,26 +67,26 @@ private:
     void checkFrame();
     void screensChanged();
 
-    X11Connection& connection;
-    const X11Compositor& compositor;
-    const X11Screens& screens;
-    QPointer<QWidget> contents;
-    QPointer<QWindow> watchedWindow;
-    xcb_window_t native = XCB_WINDOW_NONE;
-    QRect target;
-    std::optional<QRegion> inputRegion;
-    std::optional<QRegion> visibleShape;
-    QRegion blurRegion;
+    X11Connection& m_connection;
+    const X11Compositor& m_compositor;
+    const X11Screens& m_screens;
+    QPointer<QWidget> m_contents;
+    QPointer<QWindow> m_watchedWindow;
+    xcb_window_t m_native = XCB_WINDOW_NONE;
+    QRect m_frame;
+    std::optional<QRegion> m_inputRegion;
+    std::optional<QRegion> m_visibleShape;
+    QRegion m_blurRegion;
     // What the server was told last, so that nothing is told twice: a new shape makes it send crossings.
-    std::optional<QRegion> sentInput;
-    std::optional<QRegion> sentBounds;
-    QRegion sentBlur;
-    double sentBlurScale = 0.0;
-    double sentScale = 0.0;
-    QTimer frameCheck;
-    int frameRetries = 0;
-    bool closed = false;
-    int shapeRequestCount = 0;
+    std::optional<QRegion> m_sentInput;
+    std::optional<QRegion> m_sentBounds;
+    QRegion m_sentBlur;
+    double m_sentBlurScale = 0.0;
+    double m_sentScale = 0.0;
+    QTimer m_frameCheck;
+    int m_frameRetries = 0;
+    bool m_closed = false;
+    int m_shapeRequestCount = 0;
 };
 
 } // namespace quillary

@@ -74,7 +74,7 @@ struct X11Platform::Parts {
     LinuxLoginItem loginItem{ownProgram()};
 };
 
-X11Platform::X11Platform(std::unique_ptr<Parts> made) : parts(std::move(made)) {}
+X11Platform::X11Platform(std::unique_ptr<Parts> parts) : m_parts(std::move(parts)) {}
 
 X11Platform::~X11Platform() = default;
 
@@ -89,45 +89,45 @@ std::unique_ptr<X11Platform> X11Platform::open() {
         std::fputs("Quillary: the X server refuses further connections.\n", stderr);
         return nullptr;
     }
-    auto made = std::make_unique<Parts>(std::move(connection), std::move(pointerConnection));
+    auto parts = std::make_unique<Parts>(std::move(connection), std::move(pointerConnection));
     // No make_unique: the constructor is private.
-    return std::unique_ptr<X11Platform>(new X11Platform(std::move(made)));
+    return std::unique_ptr<X11Platform>(new X11Platform(std::move(parts)));
 }
 
 Screens& X11Platform::screens() {
-    return parts->screens;
+    return m_parts->screens;
 }
 
 Workspace& X11Platform::workspace() {
-    return parts->workspace;
+    return m_parts->workspace;
 }
 
 SystemDockPreferences& X11Platform::systemDock() {
-    return parts->systemDock;
+    return m_parts->systemDock;
 }
 
 PointerMonitor& X11Platform::pointer() {
-    return parts->pointer;
+    return m_parts->pointer;
 }
 
 Scheduler& X11Platform::scheduler() {
-    return parts->scheduler;
+    return m_parts->scheduler;
 }
 
 SystemLog& X11Platform::log() {
-    return parts->log;
+    return m_parts->log;
 }
 
 SingleInstance& X11Platform::instance() {
-    return parts->instance;
+    return m_parts->instance;
 }
 
 MemorySource& X11Platform::memory() {
-    return parts->memory;
+    return m_parts->memory;
 }
 
 LoginItem& X11Platform::loginItem() {
-    return parts->loginItem;
+    return m_parts->loginItem;
 }
 
 BundleInfo X11Platform::bundleInfo() const {
@@ -136,21 +136,22 @@ BundleInfo X11Platform::bundleInfo() const {
 
 std::unique_ptr<StatusItem> X11Platform::makeStatusItem(const QIcon& symbol, const std::string& description,
                                                         std::function<Menu()> menuNeedsUpdate) {
-    auto& made = *parts;
+    auto& parts = *m_parts;
     auto item = std::make_unique<QtStatusItem>(
         symbol, description, std::move(menuNeedsUpdate),
         QtStatusItem::Surroundings{
-            .toPoints = [&made](QPoint native) { return made.screens.toPoints(native).toPoint(); },
-            .frameNear = [&made](QPoint point) { return made.screens.frameNear(point); },
+            .toPoints = [&parts](QPoint native) { return parts.screens.toPoints(native).toPoint(); },
+            .frameNear = [&parts](QPoint point) { return parts.screens.frameNear(point); },
             .grab = X11Grab::take});
-    item->setTrayPresent(made.tray.isPresent());
-    QObject::connect(&made.tray, &X11SelectionOwner::changed, item.get(),
-                     [&made, item = item.get()] { item->setTrayPresent(made.tray.isPresent()); });
+    item->setTrayPresent(parts.tray.isPresent());
+    QObject::connect(&parts.tray, &X11SelectionOwner::changed, item.get(),
+                     [&parts, item = item.get()] { item->setTrayPresent(parts.tray.isPresent()); });
     return item;
 }
 
 std::unique_ptr<PanelWindow> X11Platform::makePanelWindow(QWidget& contents) {
-    return std::make_unique<X11PanelWindow>(contents, *parts->connection, parts->compositor, parts->screens);
+    return std::make_unique<X11PanelWindow>(contents, *m_parts->connection, m_parts->compositor,
+                                            m_parts->screens);
 }
 
 std::filesystem::path X11Platform::applicationSupportDirectory() const {

@@ -32,9 +32,9 @@ public:
 
 private:
     struct Parts;
-    explicit X11Platform(std::unique_ptr<Parts> made);
+    explicit X11Platform(std::unique_ptr<Parts> parts);
 
-    std::unique_ptr<Parts> parts;
+    std::unique_ptr<Parts> m_parts;
 };
 
 } // namespace quillary

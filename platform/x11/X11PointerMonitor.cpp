@@ -11,18 +11,18 @@
 
 namespace quillary {
 
-X11PointerMonitor::X11PointerMonitor(std::unique_ptr<X11Connection> server, const X11Screens& screenList)
-    : connection(std::move(server)), screens(screenList) {
-    frame.setSingleShot(true);
-    frame.setTimerType(Qt::PreciseTimer);
-    connect(&frame, &QTimer::timeout, this, &X11PointerMonitor::endFrame);
-    lastLook.setSingleShot(true);
-    lastLook.setInterval(lastLookDelay);
-    connect(&lastLook, &QTimer::timeout, this, &X11PointerMonitor::refresh);
-    connect(connection.get(), &X11Connection::eventReceived, this, &X11PointerMonitor::handleEvent);
-    connect(connection.get(), &X11Connection::settled, this, &X11PointerMonitor::handleSettled);
+X11PointerMonitor::X11PointerMonitor(std::unique_ptr<X11Connection> connection, const X11Screens& screens)
+    : m_connection(std::move(connection)), m_screens(screens) {
+    m_frame.setSingleShot(true);
+    m_frame.setTimerType(Qt::PreciseTimer);
+    connect(&m_frame, &QTimer::timeout, this, &X11PointerMonitor::endFrame);
+    m_lastLook.setSingleShot(true);
+    m_lastLook.setInterval(lastLookDelay);
+    connect(&m_lastLook, &QTimer::timeout, this, &X11PointerMonitor::refresh);
+    connect(m_connection.get(), &X11Connection::eventReceived, this, &X11PointerMonitor::handleEvent);
+    connect(m_connection.get(), &X11Connection::settled, this, &X11PointerMonitor::handleSettled);
     selectRawEvents();
-    lastTold = query();
+    m_lastTold = query();
 }
 
 int X11PointerMonitor::frameInterval() {
@@ -38,13 +38,13 @@ int X11PointerMonitor::frameInterval() {
 }
 
 void X11PointerMonitor::selectRawEvents() {
-    const auto* input = xcb_get_extension_data(connection->xcb(), &xcb_input_id);
+    const auto* input = xcb_get_extension_data(m_connection->xcb(), &xcb_input_id);
     if (input == nullptr || input->present == 0 ||
-        !connection->reply(xcb_input_xi_query_version_reply,
-                           xcb_input_xi_query_version(connection->xcb(), 2, 2))) {
+        !m_connection->reply(xcb_input_xi_query_version_reply,
+                             xcb_input_xi_query_version(m_connection->xcb(), 2, 2))) {
         return;
     }
-    extensionOpcode = input->major_opcode;
+    m_extensionOpcode = input->major_opcode;
     // A click or a touch shows where a pointer stands that was moved by a program.
     struct {
         xcb_input_event_mask_t head;
@@ -52,58 +52,58 @@ void X11PointerMonitor::selectRawEvents() {
     } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1},
                 XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS |
                     XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_BEGIN | XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_UPDATE};
-    xcb_input_xi_select_events(connection->xcb(), connection->root(), 1, &selection.head);
-    connection->flush();
+    xcb_input_xi_select_events(m_connection->xcb(), m_connection->root(), 1, &selection.head);
+    m_connection->flush();
 }
 
 void X11PointerMonitor::handleEvent(const xcb_generic_event_t* event) {
     if (eventKind(event) == XCB_GE_GENERIC &&
-        eventAs<xcb_ge_generic_event_t>(event)->extension == extensionOpcode) {
-        moving = true;
+        eventAs<xcb_ge_generic_event_t>(event)->extension == m_extensionOpcode) {
+        m_moving = true;
     }
 }
 
 void X11PointerMonitor::handleSettled() {
-    if (!moving) {
+    if (!m_moving) {
         return;
     }
-    moving = false;
+    m_moving = false;
     // Until the frame ends, movements wait in the socket instead of waking the program one by one.
-    connection->setListening(X11Connection::Listening::off);
-    frame.start(frameInterval());
-    lastLook.start();
+    m_connection->setListening(X11Connection::Listening::off);
+    m_frame.start(frameInterval());
+    m_lastLook.start();
     refresh();
 }
 
 void X11PointerMonitor::endFrame() {
     // Movements of the last frame begin the next one.
-    connection->dispatch();
-    if (!frame.isActive()) {
-        connection->setListening(X11Connection::Listening::on);
+    m_connection->dispatch();
+    if (!m_frame.isActive()) {
+        m_connection->setListening(X11Connection::Listening::on);
     }
 }
 
 QPointF X11PointerMonitor::location() const {
-    return query().value_or(lastTold.value_or(QPointF()));
+    return query().value_or(m_lastTold.value_or(QPointF()));
 }
 
 void X11PointerMonitor::refresh() {
     const auto now = query();
-    if (now && now != lastTold) {
-        lastTold = now;
+    if (now && now != m_lastTold) {
+        m_lastTold = now;
         Q_EMIT moved(*now);
     }
 }
 
 std::optional<QPointF> X11PointerMonitor::query() const {
-    ++queries;
-    const auto answer =
-        connection->reply(xcb_query_pointer_reply, xcb_query_pointer(connection->xcb(), connection->root()));
+    ++m_queries;
+    const auto answer = m_connection->reply(xcb_query_pointer_reply,
+                                            xcb_query_pointer(m_connection->xcb(), m_connection->root()));
     // A pointer on another X screen has no place on this desktop.
     if (!answer || answer->same_screen == 0) {
         return std::nullopt;
     }
-    return screens.toPoints(QPoint(answer->root_x, answer->root_y));
+    return m_screens.toPoints(QPoint(answer->root_x, answer->root_y));
 }
 
 } // namespace quillary

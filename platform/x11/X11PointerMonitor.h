@@ -19,13 +19,13 @@ class X11PointerMonitor final : public PointerMonitor {
     Q_OBJECT
 
 public:
-    X11PointerMonitor(std::unique_ptr<X11Connection> server, const X11Screens& screenList);
+    X11PointerMonitor(std::unique_ptr<X11Connection> connection, const X11Screens& screens);
 
     [[nodiscard]] QPointF location() const override;
     void refresh() override;
 
     /// How often the pointer was asked for so far; for measurements.
-    [[nodiscard]] int queryCount() const { return queries; }
+    [[nodiscard]] int queryCount() const { return m_queries; }
 
     /// The time between two looks at a moving pointer, in milliseconds: a frame of the fastest screen, within
     /// bounds for screens that tell nonsense.
@@ -36,7 +36,7 @@ public:
     static constexpr int lastLookDelay = 250;
 
     /// Whether no look is planned.
-    [[nodiscard]] bool resting() const { return !frame.isActive() && !lastLook.isActive(); }
+    [[nodiscard]] bool resting() const { return !m_frame.isActive() && !m_lastLook.isActive(); }
 
 private:
     void handleEvent(const xcb_generic_event_t* event);
@@ -45,14 +45,14 @@ private:
     void selectRawEvents();
     [[nodiscard]] std::optional<QPointF> query() const;
 
-    std::unique_ptr<X11Connection> connection;
-    const X11Screens& screens;
-    QTimer frame;
-    QTimer lastLook;
-    std::optional<QPointF> lastTold;
-    std::uint8_t extensionOpcode = 0;
-    bool moving = false;
-    mutable int queries = 0;
+    std::unique_ptr<X11Connection> m_connection;
+    const X11Screens& m_screens;
+    QTimer m_frame;
+    QTimer m_lastLook;
+    std::optional<QPointF> m_lastTold;
+    std::uint8_t m_extensionOpcode = 0;
+    bool m_moving = false;
+    mutable int m_queries = 0;
 };
 
 } // namespace quillary

@@ -36,19 +36,21 @@ std::string displayName(const X11Monitor& monitor) {
 
 } // namespace
 
-X11Screens::X11Screens(X11Connection& server, X11ClientList& list) : connection(server), clients(list) {
-    const auto* randr = xcb_get_extension_data(connection.xcb(), &xcb_randr_id);
+X11Screens::X11Screens(X11Connection& connection, X11ClientList& clients)
+    : m_connection(connection), m_clients(clients) {
+    const auto* randr = xcb_get_extension_data(m_connection.xcb(), &xcb_randr_id);
     if (randr != nullptr && randr->present != 0 &&
-        connection.reply(xcb_randr_query_version_reply, xcb_randr_query_version(connection.xcb(), 1, 5))) {
-        randrEvent = randr->first_event;
-        xcb_randr_select_input(connection.xcb(), connection.root(),
+        m_connection.reply(xcb_randr_query_version_reply,
+                           xcb_randr_query_version(m_connection.xcb(), 1, 5))) {
+        m_randrEvent = randr->first_event;
+        xcb_randr_select_input(m_connection.xcb(), m_connection.root(),
                                XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
                                    XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE |
                                    XCB_RANDR_NOTIFY_MASK_OUTPUT_PROPERTY);
     }
-    connect(&connection, &X11Connection::eventReceived, this, &X11Screens::handleEvent);
-    connect(&connection, &X11Connection::settled, this, &X11Screens::handleSettled);
-    connect(&clients, &X11ClientList::changed, this, &X11Screens::handleClients);
+    connect(&m_connection, &X11Connection::eventReceived, this, &X11Screens::handleEvent);
+    connect(&m_connection, &X11Connection::settled, this, &X11Screens::handleSettled);
+    connect(&m_clients, &X11ClientList::changed, this, &X11Screens::handleClients);
     readMonitors();
     handleClients();
     update();
@@ -60,7 +62,7 @@ X11Screens::~X11Screens() = default;
 QRect X11Screens::frameNear(QPoint point) const {
     QRect nearest;
     int least = std::numeric_limits<int>::max();
-    for (const auto& info : infos) {
+    for (const auto& info : m_list) {
         const QRect frame = info.frame.toRect();
         const QPoint inside(std::clamp(point.x(), frame.left(), frame.right()),
                             std::clamp(point.y(), frame.top(), frame.bottom()));
@@ -91,30 +93,30 @@ void X11Screens::handleEvent(const xcb_generic_event_t* event) {
     const int kind = eventKind(event);
     if (kind == XCB_PROPERTY_NOTIFY) {
         const auto* notify = eventAs<xcb_property_notify_event_t>(event);
-        if ((notify->atom == connection.atoms().netWmStrut ||
-             notify->atom == connection.atoms().netWmStrutPartial) &&
-            strutWindows.contains(notify->window)) {
-            staleStruts.insert(notify->window);
+        if ((notify->atom == m_connection.atoms().netWmStrut ||
+             notify->atom == m_connection.atoms().netWmStrutPartial) &&
+            m_strutWindows.contains(notify->window)) {
+            m_staleStruts.insert(notify->window);
         }
         return;
     }
     // Some servers tell a change of the user's own monitors by no RandR event but by the root window's.
     const bool rootChanged = kind == XCB_CONFIGURE_NOTIFY &&
-                             eventAs<xcb_configure_notify_event_t>(event)->window == connection.root();
-    const bool randrChanged = randrEvent >= 0 && (kind == randrEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
-                                                  kind == randrEvent + XCB_RANDR_NOTIFY);
-    monitorsStale = monitorsStale || rootChanged || randrChanged;
+                             eventAs<xcb_configure_notify_event_t>(event)->window == m_connection.root();
+    const bool randrChanged = m_randrEvent >= 0 && (kind == m_randrEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
+                                                    kind == m_randrEvent + XCB_RANDR_NOTIFY);
+    m_monitorsStale = m_monitorsStale || rootChanged || randrChanged;
 }
 
 void X11Screens::handleSettled() {
-    if (!monitorsStale && staleStruts.empty()) {
+    if (!m_monitorsStale && m_staleStruts.empty()) {
         return;
     }
-    if (std::exchange(monitorsStale, false)) {
+    if (std::exchange(m_monitorsStale, false)) {
         readMonitors();
     }
-    const std::vector<xcb_window_t> windows(staleStruts.begin(), staleStruts.end());
-    staleStruts.clear();
+    const std::vector<xcb_window_t> windows(m_staleStruts.begin(), m_staleStruts.end());
+    m_staleStruts.clear();
     readStruts(windows);
     update();
 }
@@ -122,15 +124,15 @@ void X11Screens::handleSettled() {
 void X11Screens::handleClients() {
     std::unordered_set<xcb_window_t> now;
     std::vector<xcb_window_t> added;
-    for (const auto window : clients.windows()) {
+    for (const auto window : m_clients.windows()) {
         // Our own docks stand beside each other; they make no room for one another.
         if (!X11Connection::isOwnWindow(window) && now.insert(window).second &&
-            !strutWindows.contains(window)) {
+            !m_strutWindows.contains(window)) {
             added.push_back(window);
         }
     }
-    strutWindows = std::move(now);
-    std::erase_if(struts, [this](const auto& entry) { return !strutWindows.contains(entry.first); });
+    m_strutWindows = std::move(now);
+    std::erase_if(m_struts, [this](const auto& entry) { return !m_strutWindows.contains(entry.first); });
     readStruts(added);
     update();
 }
@@ -145,43 +147,44 @@ void X11Screens::readStruts(const std::vector<xcb_window_t>& windows) {
     requests.reserve(windows.size());
     for (const auto window : windows) {
         requests.push_back(
-            {window, requestProperty(connection, window, connection.atoms().netWmStrutPartial, partialBytes),
-             requestProperty(connection, window, connection.atoms().netWmStrut, wholeBytes)});
+            {window,
+             requestProperty(m_connection, window, m_connection.atoms().netWmStrutPartial, partialBytes),
+             requestProperty(m_connection, window, m_connection.atoms().netWmStrut, wholeBytes)});
     }
     for (const auto& request : requests) {
-        const auto partial = readProperty(connection, request.partial).numbers;
-        const auto whole = readProperty(connection, request.whole).numbers;
-        struts.erase(request.window);
+        const auto partial = readProperty(m_connection, request.partial).numbers;
+        const auto whole = readProperty(m_connection, request.whole).numbers;
+        m_struts.erase(request.window);
         if (const auto strut = StrutArithmetic::parse(partial, whole)) {
-            struts.emplace(request.window, *strut);
+            m_struts.emplace(request.window, *strut);
         }
     }
 }
 
 void X11Screens::readMonitors() {
-    monitors = X11Monitor::readAll(connection);
+    m_monitors = X11Monitor::readAll(m_connection);
     const auto root =
-        connection.reply(xcb_get_geometry_reply, xcb_get_geometry(connection.xcb(), connection.root()));
+        m_connection.reply(xcb_get_geometry_reply, xcb_get_geometry(m_connection.xcb(), m_connection.root()));
     if (root) {
-        desktop = QSize(root->width, root->height);
+        m_desktop = QSize(root->width, root->height);
     }
 }
 
 void X11Screens::update() {
     std::vector<ScreenIdentity::Monitor> identities;
-    for (const auto& monitor : monitors) {
+    for (const auto& monitor : m_monitors) {
         identities.push_back({monitor.name, monitor.edid ? monitor.edid->identity() : std::nullopt});
     }
     const auto uuids = ScreenIdentity::uuids(identities);
     std::vector<Strut> reserved;
-    for (const auto& [window, strut] : struts) {
+    for (const auto& [window, strut] : m_struts) {
         reserved.push_back(strut);
     }
 
     std::vector<NativeScreen> natives;
     std::vector<ScreenInfo> now;
-    for (std::size_t i = 0; i < monitors.size(); ++i) {
-        const auto& monitor = monitors[i];
+    for (std::size_t i = 0; i < m_monitors.size(); ++i) {
+        const auto& monitor = m_monitors[i];
         const NativeScreen native{monitor.geometry, scaleOf(monitor)};
         natives.push_back(native);
         now.push_back({.displayNumber = ScreenIdentity::displayNumber(monitor.name),
@@ -189,12 +192,12 @@ void X11Screens::update() {
                        .name = displayName(monitor),
                        .frame = native.toPoints(monitor.geometry),
                        .visibleFrame = native.toPoints(
-                           StrutArithmetic::visibleFrame(monitor.geometry, desktop, reserved)),
+                           StrutArithmetic::visibleFrame(monitor.geometry, m_desktop, reserved)),
                        .scale = native.scale});
     }
-    nativeScreens = std::move(natives);
-    if (now != infos) {
-        infos = std::move(now);
+    m_nativeScreens = std::move(natives);
+    if (now != m_list) {
+        m_list = std::move(now);
         Q_EMIT changed();
     }
 }

@@ -19,14 +19,16 @@ class X11Screens final : public Screens {
     Q_OBJECT
 
 public:
-    X11Screens(X11Connection& server, X11ClientList& list);
+    X11Screens(X11Connection& connection, X11ClientList& clients);
     ~X11Screens() override;
 
-    [[nodiscard]] std::vector<ScreenInfo> list() const override { return infos; }
+    [[nodiscard]] std::vector<ScreenInfo> list() const override { return m_list; }
     /// A point of the X server's root window in global points.
-    [[nodiscard]] QPointF toPoints(QPoint native) const { return toGlobalPoints(nativeScreens, native); }
+    [[nodiscard]] QPointF toPoints(QPoint native) const { return toGlobalPoints(m_nativeScreens, native); }
     /// A rectangle of the X server's root window in global points.
-    [[nodiscard]] QRectF toPoints(const QRect& native) const { return toGlobalPoints(nativeScreens, native); }
+    [[nodiscard]] QRectF toPoints(const QRect& native) const {
+        return toGlobalPoints(m_nativeScreens, native);
+    }
 
     /// The frame of the screen that holds the point, else of the nearest one, in global points; empty without
     /// screens.
@@ -41,18 +43,18 @@ private:
     void readMonitors();
     void update();
 
-    X11Connection& connection;
-    X11ClientList& clients;
-    int randrEvent = -1;
-    std::vector<X11Monitor> monitors;
-    QSize desktop;
-    std::unordered_set<xcb_window_t> strutWindows;
+    X11Connection& m_connection;
+    X11ClientList& m_clients;
+    int m_randrEvent = -1;
+    std::vector<X11Monitor> m_monitors;
+    QSize m_desktop;
+    std::unordered_set<xcb_window_t> m_strutWindows;
     // Ordered, so that equal struts give equal frames whatever came first.
-    std::map<xcb_window_t, Strut> struts;
-    std::unordered_set<xcb_window_t> staleStruts;
-    bool monitorsStale = false;
-    std::vector<NativeScreen> nativeScreens;
-    std::vector<ScreenInfo> infos;
+    std::map<xcb_window_t, Strut> m_struts;
+    std::unordered_set<xcb_window_t> m_staleStruts;
+    bool m_monitorsStale = false;
+    std::vector<NativeScreen> m_nativeScreens;
+    std::vector<ScreenInfo> m_list;
 };
 
 } // namespace quillary

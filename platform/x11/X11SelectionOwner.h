@@ -15,9 +15,9 @@ class X11SelectionOwner final : public QObject {
 
 public:
     /// The name is given without the number.
-    X11SelectionOwner(X11Connection& server, const std::string& name);
+    X11SelectionOwner(X11Connection& connection, const std::string& name);
 
-    [[nodiscard]] bool isPresent() const { return present; }
+    [[nodiscard]] bool isPresent() const { return m_present; }
 
 Q_SIGNALS:
     /// The owner came or went.
@@ -26,10 +26,10 @@ Q_SIGNALS:
 private:
     void handleEvent(const xcb_generic_event_t* event);
 
-    X11Connection& connection;
-    xcb_atom_t selection = XCB_ATOM_NONE;
-    int selectionEvent = -1;
-    bool present = false;
+    X11Connection& m_connection;
+    xcb_atom_t m_selection = XCB_ATOM_NONE;
+    int m_selectionEvent = -1;
+    bool m_present = false;
 };
 
 } // namespace quillary

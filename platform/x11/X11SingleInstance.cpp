@@ -23,27 +23,27 @@ constexpr std::uint32_t protocolVersion = 1;
 
 } // namespace
 
-X11SingleInstance::X11SingleInstance(X11Connection& server, const StartupNotification& notification)
-    : connection(server), startup(notification) {
-    connect(&connection, &X11Connection::eventReceived, this, &X11SingleInstance::handleEvent);
+X11SingleInstance::X11SingleInstance(X11Connection& connection, const StartupNotification& startup)
+    : m_connection(connection), m_startup(startup) {
+    connect(&m_connection, &X11Connection::eventReceived, this, &X11SingleInstance::handleEvent);
 }
 
 bool X11SingleInstance::claim() {
-    if (window != XCB_WINDOW_NONE) {
+    if (m_window != XCB_WINDOW_NONE) {
         return true;
     }
     createWindow();
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const auto owner = takeOrFindOwner();
-        if (owner == window) {
+        if (owner == m_window) {
             return true;
         }
         if (tell(owner) == Answer::heard) {
-            xcb_destroy_window(connection.xcb(), std::exchange(window, XCB_WINDOW_NONE));
-            connection.flush();
+            xcb_destroy_window(m_connection.xcb(), std::exchange(m_window, XCB_WINDOW_NONE));
+            m_connection.flush();
             // What was started is the window that the other one shows now.
             if (const auto id = StartupId::own(); !id.empty()) {
-                startup.origin().broadcast(startupEnd(id));
+                m_startup.origin().broadcast(startupEnd(id));
             }
             return false;
         }
@@ -52,34 +52,35 @@ bool X11SingleInstance::claim() {
 }
 
 void X11SingleInstance::createWindow() {
-    auto* xcb = connection.xcb();
-    selection = internAtom(xcb, "_QUILLARY_S" + std::to_string(connection.screenNumber()));
-    mark = internAtom(xcb, "_QUILLARY_INSTANCE");
-    reopen = internAtom(xcb, "_QUILLARY_REOPEN");
-    window = xcb_generate_id(xcb);
+    auto* xcb = m_connection.xcb();
+    m_selection = internAtom(xcb, "_QUILLARY_S" + std::to_string(m_connection.screenNumber()));
+    m_mark = internAtom(xcb, "_QUILLARY_INSTANCE");
+    m_reopen = internAtom(xcb, "_QUILLARY_REOPEN");
+    m_window = xcb_generate_id(xcb);
     const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_create_window(xcb, 0, window, connection.root(), -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+    xcb_create_window(xcb, 0, m_window, m_connection.root(), -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
                       XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
-    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, window, mark, XCB_ATOM_CARDINAL, 32, 1, &protocolVersion);
+    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, m_window, m_mark, XCB_ATOM_CARDINAL, 32, 1,
+                        &protocolVersion);
 }
 
 xcb_window_t X11SingleInstance::takeOrFindOwner() {
-    auto* xcb = connection.xcb();
+    auto* xcb = m_connection.xcb();
     // Between the look and the claim nobody else may claim.
     xcb_grab_server(xcb);
     const auto found =
-        connection.reply(xcb_get_selection_owner_reply, xcb_get_selection_owner(xcb, selection));
+        m_connection.reply(xcb_get_selection_owner_reply, xcb_get_selection_owner(xcb, m_selection));
     auto owner = found ? found->owner : xcb_window_t{XCB_WINDOW_NONE};
     if (owner != XCB_WINDOW_NONE &&
-        readProperty(connection, requestProperty(connection, owner, mark, 4)).numbers.empty()) {
+        readProperty(m_connection, requestProperty(m_connection, owner, m_mark, 4)).numbers.empty()) {
         owner = XCB_WINDOW_NONE;
     }
     if (owner == XCB_WINDOW_NONE) {
-        xcb_set_selection_owner(xcb, window, selection, XCB_CURRENT_TIME);
-        owner = window;
+        xcb_set_selection_owner(xcb, m_window, m_selection, XCB_CURRENT_TIME);
+        owner = m_window;
     }
     xcb_ungrab_server(xcb);
-    connection.flush();
+    m_connection.flush();
     return owner;
 }
 
@@ -97,14 +98,14 @@ X11SingleInstance::Answer X11SingleInstance::tell(xcb_window_t owner) const {
     std::optional<Answer> answer;
     connect(line.get(), &X11Connection::eventReceived, line.get(), [&](const xcb_generic_event_t* event) {
         const int kind = eventKind(event);
-        if (kind == XCB_CLIENT_MESSAGE && eventAs<xcb_client_message_event_t>(event)->type == reopen) {
+        if (kind == XCB_CLIENT_MESSAGE && eventAs<xcb_client_message_event_t>(event)->type == m_reopen) {
             answer = Answer::heard;
         } else if (kind == XCB_DESTROY_NOTIFY &&
                    eventAs<xcb_destroy_notify_event_t>(event)->window == owner) {
             answer = answer.value_or(Answer::gone);
         }
     });
-    X11Message::toClient(*line, owner, reopen, StartupId::time(StartupId::own()), asker);
+    X11Message::toClient(*line, owner, m_reopen, StartupId::time(StartupId::own()), asker);
     if (!line->reply(xcb_get_geometry_reply, xcb_get_geometry(line->xcb(), owner))) {
         return Answer::gone;
     }
@@ -122,48 +123,48 @@ X11SingleInstance::Answer X11SingleInstance::tell(xcb_window_t owner) const {
 }
 
 void X11SingleInstance::handleEvent(const xcb_generic_event_t* event) {
-    if (window == XCB_WINDOW_NONE) {
+    if (m_window == XCB_WINDOW_NONE) {
         return;
     }
     const int kind = eventKind(event);
     if (kind == XCB_CLIENT_MESSAGE) {
         const auto* message = eventAs<xcb_client_message_event_t>(event);
-        if (message->window == window && message->type == reopen && message->format == 32) {
-            asked = message->data.data32[0];
+        if (message->window == m_window && message->type == m_reopen && message->format == 32) {
+            m_asked = message->data.data32[0];
             confirm(message->data.data32[1]);
             askTime();
         }
     } else if (kind == XCB_PROPERTY_NOTIFY) {
         const auto* notify = eventAs<xcb_property_notify_event_t>(event);
-        if (notify->window == window && (notify->response_type & 0x80) == 0) {
+        if (notify->window == m_window && (notify->response_type & 0x80) == 0) {
             handleTime(notify->time);
         }
     }
 }
 
 void X11SingleInstance::confirm(xcb_window_t asker) {
-    if (asker != XCB_WINDOW_NONE && asker != window) {
-        X11Message::toClient(connection, asker, reopen, XCB_CURRENT_TIME, window);
+    if (asker != XCB_WINDOW_NONE && asker != m_window) {
+        X11Message::toClient(m_connection, asker, m_reopen, XCB_CURRENT_TIME, m_window);
     }
 }
 
 // ICCCM 2.1: a change of a property by nothing tells the server's time.
 void X11SingleInstance::askTime() {
-    xcb_change_property(connection.xcb(), XCB_PROP_MODE_APPEND, window, mark, XCB_ATOM_CARDINAL, 32, 0,
+    xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_APPEND, m_window, m_mark, XCB_ATOM_CARDINAL, 32, 0,
                         nullptr);
-    connection.flush();
+    m_connection.flush();
 }
 
 void X11SingleInstance::handleTime(xcb_timestamp_t now) {
-    if (!asked) {
+    if (!m_asked) {
         return;
     }
-    auto time = *std::exchange(asked, std::nullopt);
+    auto time = *std::exchange(m_asked, std::nullopt);
     // Server times wrap. One that lies in the future would spoil all that the toolkit asks for from now on.
     if (time == XCB_CURRENT_TIME || static_cast<std::int32_t>(now - time) < 0) {
         time = now;
     }
-    userTime.tell(time, [this] { Q_EMIT reopened(); });
+    m_userTime.tell(time, [this] { Q_EMIT reopened(); });
 }
 
 } // namespace quillary

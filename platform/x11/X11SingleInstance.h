@@ -21,7 +21,7 @@ class X11SingleInstance final : public SingleInstance {
     Q_OBJECT
 
 public:
-    X11SingleInstance(X11Connection& server, const StartupNotification& notification);
+    X11SingleInstance(X11Connection& connection, const StartupNotification& startup);
 
     /// Waits up to `longestWait` for the one that runs. When that ends instead of answering, this process
     /// takes its place; when it keeps silent it is believed to be busy.
@@ -41,15 +41,15 @@ private:
     void askTime();
     void handleTime(xcb_timestamp_t now);
 
-    X11Connection& connection;
-    const StartupNotification& startup;
-    X11UserTime userTime;
-    xcb_atom_t selection = XCB_ATOM_NONE;
-    xcb_atom_t mark = XCB_ATOM_NONE;
-    xcb_atom_t reopen = XCB_ATOM_NONE;
-    xcb_window_t window = XCB_WINDOW_NONE;
+    X11Connection& m_connection;
+    const StartupNotification& m_startup;
+    X11UserTime m_userTime;
+    xcb_atom_t m_selection = XCB_ATOM_NONE;
+    xcb_atom_t m_mark = XCB_ATOM_NONE;
+    xcb_atom_t m_reopen = XCB_ATOM_NONE;
+    xcb_window_t m_window = XCB_WINDOW_NONE;
     // The moment that the last message told; 0 when it told none.
-    std::optional<xcb_timestamp_t> asked;
+    std::optional<xcb_timestamp_t> m_asked;
 };
 
 } // namespace quillary

@@ -28,8 +28,8 @@ public:
     [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    int screen;
-    std::uint32_t lastInput = 0;
+    int m_screenNumber;
+    std::uint32_t m_lastInput = 0;
 };
 
 } // namespace quillary

@@ -15,9 +15,9 @@ constexpr int longestWait = 1000;
 
 X11UserTime::X11UserTime() {
     QCoreApplication::instance()->installNativeEventFilter(this);
-    deadline.setSingleShot(true);
-    deadline.setInterval(longestWait);
-    connect(&deadline, &QTimer::timeout, this, &X11UserTime::finish);
+    m_deadline.setSingleShot(true);
+    m_deadline.setInterval(longestWait);
+    connect(&m_deadline, &QTimer::timeout, this, &X11UserTime::finish);
 }
 
 X11UserTime::~X11UserTime() {
@@ -27,21 +27,21 @@ X11UserTime::~X11UserTime() {
 }
 
 void X11UserTime::tell(xcb_timestamp_t time, std::function<void()> told) {
-    pending = std::move(told);
-    deadline.start();
+    m_pending = std::move(told);
+    m_deadline.start();
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 == nullptr || x11->connection() == nullptr) {
         finish();
         return;
     }
-    if (!window) {
-        window = std::make_unique<QWindow>();
-        window->create();
+    if (!m_window) {
+        m_window = std::make_unique<QWindow>();
+        m_window->create();
     }
     // The toolkit takes its idea of now from the events that it gets; this one says nothing else.
     xcb_property_notify_event_t event{};
     event.response_type = XCB_PROPERTY_NOTIFY;
-    event.window = static_cast<xcb_window_t>(window->winId());
+    event.window = static_cast<xcb_window_t>(m_window->winId());
     event.atom = XCB_ATOM_NONE;
     event.time = time;
     event.state = XCB_PROPERTY_NEW_VALUE;
@@ -51,10 +51,10 @@ void X11UserTime::tell(xcb_timestamp_t time, std::function<void()> told) {
 }
 
 bool X11UserTime::nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) {
-    if (pending && window && type == QByteArrayLiteral("xcb_generic_event_t")) {
+    if (m_pending && m_window && type == QByteArrayLiteral("xcb_generic_event_t")) {
         const auto* event = static_cast<const xcb_property_notify_event_t*>(message);
         if ((event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY && event->atom == XCB_ATOM_NONE &&
-            event->window == static_cast<xcb_window_t>(window->winId())) {
+            event->window == static_cast<xcb_window_t>(m_window->winId())) {
             // The toolkit looks at it after this.
             QMetaObject::invokeMethod(this, &X11UserTime::finish, Qt::QueuedConnection);
         }
@@ -63,8 +63,8 @@ bool X11UserTime::nativeEventFilter(const QByteArray& type, void* message, qintp
 }
 
 void X11UserTime::finish() {
-    deadline.stop();
-    if (const auto told = std::exchange(pending, nullptr)) {
+    m_deadline.stop();
+    if (const auto told = std::exchange(m_pending, nullptr)) {
         told();
     }
 }

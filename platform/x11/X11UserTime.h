@@ -31,9 +31,9 @@ private:
     void finish();
 
     // Never shown: the toolkit hears through a window only.
-    std::unique_ptr<QWindow> window;
-    std::function<void()> pending;
-    QTimer deadline;
+    std::unique_ptr<QWindow> m_window;
+    std::function<void()> m_pending;
+    QTimer m_deadline;
 };
 
 } // namespace quillary

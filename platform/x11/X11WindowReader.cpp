@@ -44,12 +44,13 @@ struct X11WindowReader::Request {
     xcb_get_property_cookie_t states;
 };
 
-X11WindowReader::X11WindowReader(X11Connection& server) : connection(server), hostName(ownHostName()) {}
+X11WindowReader::X11WindowReader(X11Connection& connection)
+    : m_connection(connection), m_hostName(ownHostName()) {}
 
 X11WindowReader::Request X11WindowReader::request(xcb_window_t window) const {
-    const auto& atoms = connection.atoms();
+    const auto& atoms = m_connection.atoms();
     const auto ask = [&](xcb_atom_t property, std::uint32_t bytes) {
-        return requestProperty(connection, window, property, bytes);
+        return requestProperty(m_connection, window, property, bytes);
     };
     return {.window = window,
             .windowClass = ask(XCB_ATOM_WM_CLASS, 2 * maxTextBytes),
@@ -63,14 +64,14 @@ X11WindowReader::Request X11WindowReader::request(xcb_window_t window) const {
 }
 
 std::optional<WindowInfo> X11WindowReader::finish(const Request& request) const {
-    const auto answer = [&](xcb_get_property_cookie_t cookie) { return readProperty(connection, cookie); };
+    const auto answer = [&](xcb_get_property_cookie_t cookie) { return readProperty(m_connection, cookie); };
     WindowInfo info;
     info.id = request.window;
     readClass(answer(request.windowClass).bytes, info);
     const auto pid = answer(request.pid).firstNumber();
     // A process number means something on its own machine only.
     const auto machine = X11Text::clean(answer(request.machine).bytes);
-    if (!machine.empty() && machine == hostName && pid <= std::numeric_limits<std::int32_t>::max()) {
+    if (!machine.empty() && machine == m_hostName && pid <= std::numeric_limits<std::int32_t>::max()) {
         info.pid = pid;
     }
     const auto gtkId = X11Text::clean(answer(request.gtkId).bytes);
@@ -79,7 +80,7 @@ std::optional<WindowInfo> X11WindowReader::finish(const Request& request) const 
     info.transientFor = answer(request.transientFor).firstNumber();
     const auto types = answer(request.types);
     const auto states = answer(request.states);
-    info.normal = X11WindowKind::isNormal(connection.atoms(), types.numbers, states.numbers);
+    info.normal = X11WindowKind::isNormal(m_connection.atoms(), types.numbers, states.numbers);
     // The last answer tells whether the window was there for all of them.
     return states.windowExists ? std::optional(info) : std::nullopt;
 }
@@ -101,7 +102,7 @@ X11WindowReader::read(const std::vector<xcb_window_t>& windows) const {
 }
 
 bool X11WindowReader::concerns(xcb_atom_t property) const {
-    const auto& atoms = connection.atoms();
+    const auto& atoms = m_connection.atoms();
     const std::array<xcb_atom_t, 8> read = {XCB_ATOM_WM_CLASS,          atoms.netWmPid,
                                             XCB_ATOM_WM_CLIENT_MACHINE, atoms.gtkApplicationId,
                                             atoms.kdeDesktopFile,       XCB_ATOM_WM_TRANSIENT_FOR,

@@ -12,7 +12,7 @@ namespace quillary {
 /// Reads what windows say of themselves (ICCCM, EWMH and toolkits' own properties).
 class X11WindowReader {
 public:
-    explicit X11WindowReader(X11Connection& server);
+    explicit X11WindowReader(X11Connection& connection);
 
     /// The given windows, in one round trip; those that have gone are missing from the result.
     [[nodiscard]] std::unordered_map<xcb_window_t, WindowInfo>
@@ -25,8 +25,8 @@ private:
     [[nodiscard]] Request request(xcb_window_t window) const;
     [[nodiscard]] std::optional<WindowInfo> finish(const Request& request) const;
 
-    X11Connection& connection;
-    std::string hostName;
+    X11Connection& m_connection;
+    std::string m_hostName;
 };
 
 } // namespace quillary

@@ -19,13 +19,14 @@ class X11WindowSource final : public WindowSource {
     Q_OBJECT
 
 public:
-    X11WindowSource(X11Connection& server, X11ClientList& list, const X11Screens& screens, Scheduler& clock);
+    X11WindowSource(X11Connection& connection, X11ClientList& clients, const X11Screens& screens,
+                    Scheduler& scheduler);
     ~X11WindowSource() override;
 
     [[nodiscard]] std::vector<WindowInfo> windows() const override;
-    [[nodiscard]] std::optional<std::uint64_t> activeWindow() const override { return active; }
+    [[nodiscard]] std::optional<std::uint64_t> activeWindow() const override { return m_activeWindow; }
     [[nodiscard]] std::vector<std::uint64_t> stackingOrder() const override;
-    [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override { return fullScreen.frame(); }
+    [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override { return m_fullScreen.frame(); }
     void activate(std::uint64_t id) override;
     void close(std::uint64_t id) override;
 
@@ -43,18 +44,18 @@ private:
     [[nodiscard]] bool wmSupports(xcb_atom_t feature) const;
     [[nodiscard]] bool acceptsDelete(xcb_window_t window) const;
 
-    X11Connection& connection;
-    X11ClientList& clients;
-    Scheduler& scheduler;
-    X11WindowReader reader;
-    std::vector<WindowInfo> known;
-    std::unordered_set<xcb_window_t> stale;
-    X11FullScreenWatch fullScreen;
+    X11Connection& m_connection;
+    X11ClientList& m_clients;
+    Scheduler& m_scheduler;
+    X11WindowReader m_reader;
+    std::vector<WindowInfo> m_windows;
+    std::unordered_set<xcb_window_t> m_stale;
+    X11FullScreenWatch m_fullScreen;
     // Our own windows too.
-    xcb_window_t focused = XCB_WINDOW_NONE;
-    std::optional<std::uint64_t> active;
-    std::unique_ptr<ScheduledTask> loseFocus;
-    bool activeStale = false;
+    xcb_window_t m_focused = XCB_WINDOW_NONE;
+    std::optional<std::uint64_t> m_activeWindow;
+    std::unique_ptr<ScheduledTask> m_loseFocus;
+    bool m_activeStale = false;
 };
 
 } // namespace quillary
