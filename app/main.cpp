@@ -2,6 +2,7 @@
 #include "app/SignalWatch.h"
 #include "platform/Platform.h"
 #include "platform/SingleInstance.h"
+#include "platform/select/PlatformSelection.h"
 
 #include <QApplication>
 #include <QSessionManager>

@@ -51,12 +51,4 @@ public:
     [[nodiscard]] virtual std::filesystem::path applicationSupportDirectory() const = 0;
 };
 
-/// Whether the session has a window system at all; writes one line to standard error when not. To be asked
-/// before a QApplication is made: without one, that would end the program by a crash.
-[[nodiscard]] bool sessionHasWindowSystem();
-
-/// The platform of the running system. Needs a QApplication; null with one line on standard error when the
-/// session offers no window system that docks can live on.
-[[nodiscard]] std::unique_ptr<Platform> makePlatform();
-
 } // namespace quillary

@@ -109,12 +109,4 @@ std::filesystem::path MacPlatform::applicationSupportDirectory() const {
     return MacText::plain([folder path]);
 }
 
-bool sessionHasWindowSystem() {
-    return true;
-}
-
-std::unique_ptr<Platform> makePlatform() {
-    return MacPlatform::open();
-}
-
 } // namespace quillary

@@ -1,8 +1,8 @@
 #include "platform/x11/X11Platform.h"
 
-#include "platform/linux/LinuxBundleInfo.h"
 #include "platform/linux/LinuxFolders.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/OwnProgram.h"
 #include "platform/linux/SyslogLog.h"
 #include "platform/linux/colours/SchemePalette.h"
 #include "platform/linux/entries/DesktopEntries.h"
@@ -28,19 +28,7 @@
 
 namespace quillary {
 
-namespace {
-
-// Where the program lay when it started: a package that is renewed meanwhile leaves another file there, or
-// none.
-LinuxLoginItem::Program ownProgram() {
-    return {.id = QGuiApplication::desktopFileName().toStdString(),
-            .name = QCoreApplication::applicationName().toStdString(),
-            .path = QCoreApplication::applicationFilePath().toStdString()};
-}
-
-} // namespace
-
-// In the order in which one builds on another.
+// In the order of their dependencies.
 struct X11Platform::Parts {
     Parts(std::unique_ptr<X11Connection> server, std::unique_ptr<X11Connection> pointerServer)
         : connection(std::move(server)),
@@ -71,12 +59,19 @@ struct X11Platform::Parts {
     SchemePalette palette;
     LinuxMemorySource memory{[this] { return workspace.desktopNow(); },
                              workspace.ownBundleIdentifier().value_or("")};
-    LinuxLoginItem loginItem{ownProgram()};
+    LinuxLoginItem loginItem{OwnProgram::autostart()};
 };
 
 X11Platform::X11Platform(std::unique_ptr<Parts> parts) : m_parts(std::move(parts)) {}
 
 X11Platform::~X11Platform() = default;
+
+bool X11Platform::serverIsReachable() {
+    xcb_connection_t* trial = xcb_connect(nullptr, nullptr);
+    const bool reached = xcb_connection_has_error(trial) == 0;
+    xcb_disconnect(trial);
+    return reached;
+}
 
 std::unique_ptr<X11Platform> X11Platform::open() {
     if (qGuiApp == nullptr || QGuiApplication::platformName() != QLatin1String("xcb")) {
@@ -131,7 +126,7 @@ LoginItem& X11Platform::loginItem() {
 }
 
 BundleInfo X11Platform::bundleInfo() const {
-    return readBundleInfo(bundleInfoFile(QCoreApplication::applicationFilePath().toStdString()));
+    return OwnProgram::bundleInfo();
 }
 
 std::unique_ptr<StatusItem> X11Platform::makeStatusItem(const QIcon& symbol, const std::string& description,
@@ -156,25 +151,6 @@ std::unique_ptr<PanelWindow> X11Platform::makePanelWindow(QWidget& contents) {
 
 std::filesystem::path X11Platform::applicationSupportDirectory() const {
     return LinuxFolders::configuration();
-}
-
-bool sessionHasWindowSystem() {
-    // Who chose another backend of the toolkit gets its words.
-    const QByteArray backend = qgetenv("QT_QPA_PLATFORM");
-    if (!backend.isEmpty() && !backend.startsWith("xcb")) {
-        return true;
-    }
-    xcb_connection_t* trial = xcb_connect(nullptr, nullptr);
-    const bool reached = xcb_connection_has_error(trial) == 0;
-    xcb_disconnect(trial);
-    if (!reached) {
-        std::fputs("Quillary: no X server can be reached.\n", stderr);
-    }
-    return reached;
-}
-
-std::unique_ptr<Platform> makePlatform() {
-    return X11Platform::open();
 }
 
 } // namespace quillary

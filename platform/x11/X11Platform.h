@@ -4,12 +4,14 @@
 
 namespace quillary {
 
-/// The platform of an X11 session: what the X server and its window manager do, with the Linux parts beside
-/// it. Panel windows that it made must be gone before it.
+/// The platform of an X11 session: the X server and its window manager, and the parts that all window systems
+/// of Linux share. Panel windows and status items that it made must be destroyed before it.
 class X11Platform final : public Platform {
 public:
-    /// Connects to the X server that the application uses; null with one line on standard error when it uses
-    /// none.
+    /// Whether the X server that DISPLAY names accepts connections. Works without a QApplication.
+    [[nodiscard]] static bool serverIsReachable();
+    /// Connects to the X server that the QApplication uses. Null, with one line on standard error, when it
+    /// uses none or the server accepts no more connections.
     [[nodiscard]] static std::unique_ptr<X11Platform> open();
     ~X11Platform() override;
 

@@ -1,6 +1,6 @@
 #include "platform/PanelWindow.h"
-#include "platform/Platform.h"
 #include "platform/Screens.h"
+#include "platform/x11/X11Platform.h"
 #include "tests/x11/X11Fixture.h"
 
 #include <QWidget>
@@ -11,7 +11,7 @@ using X11PlatformTest = test::X11Fixture;
 
 TEST_F(X11PlatformTest, hasAllParts) {
     startApplication();
-    const auto platform = makePlatform();
+    const auto platform = X11Platform::open();
     ASSERT_NE(platform, nullptr);
     EXPECT_EQ(platform->screens().list().size(), 2U);
     EXPECT_GE(platform->scheduler().now(), 0.0);
@@ -25,7 +25,7 @@ TEST_F(X11PlatformTest, hasAllParts) {
 
 TEST_F(X11PlatformTest, settingsStandInTheConfigurationFolder) {
     startApplication();
-    const auto platform = makePlatform();
+    const auto platform = X11Platform::open();
     ASSERT_NE(platform, nullptr);
     setenv("XDG_CONFIG_HOME", "/some/where", 1);
     EXPECT_EQ(platform->applicationSupportDirectory(), "/some/where");
@@ -43,7 +43,7 @@ TEST(X11PlatformElsewhere, withoutX11ThereIsNone) {
     char* arguments[] = {name, nullptr};
     const QApplication application(count, arguments);
     testing::internal::CaptureStderr();
-    EXPECT_EQ(makePlatform(), nullptr);
+    EXPECT_EQ(X11Platform::open(), nullptr);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "Quillary: docks need an X11 session; this one has none.\n");
 }

@@ -1,0 +1,14 @@
+#include "platform/macos/MacPlatform.h"
+#include "platform/select/PlatformSelection.h"
+
+namespace quillary {
+
+bool sessionHasWindowSystem() {
+    return true;
+}
+
+std::unique_ptr<Platform> makePlatform() {
+    return MacPlatform::open();
+}
+
+} // namespace quillary
