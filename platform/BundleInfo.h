@@ -5,11 +5,11 @@
 
 namespace quillary {
 
-/// What the installed program knows of itself; nothing of it when run from a build folder.
+/// The version of the installed program. Both fields are absent when it runs from a build folder.
 struct BundleInfo {
-    /// The version for people, "1.2".
+    /// The version that users see, such as "1.2".
     std::optional<std::string> shortVersion;
-    /// The number of the build.
+    /// The build number.
     std::optional<std::string> build;
 
     bool operator==(const BundleInfo&) const = default;

@@ -12,11 +12,11 @@ public:
 
     virtual ~LoginItem() = default;
 
-    /// What the system says now.
+    /// The present state, read from the system at each call.
     [[nodiscard]] virtual Status status() const = 0;
-    /// Asks for it; the error's description when the system refuses.
+    /// Makes the system start the program at login. Returns the error's description when the system refuses.
     [[nodiscard]] virtual std::optional<std::string> registerItem() = 0;
-    /// Takes it back; the error's description when the system refuses.
+    /// Undoes registerItem. Returns the error's description when the system refuses.
     [[nodiscard]] virtual std::optional<std::string> unregisterItem() = 0;
 };
 

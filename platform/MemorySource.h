@@ -8,26 +8,27 @@
 
 namespace quillary {
 
-/// What one look at the machine's memory gave.
+/// The memory figures of one moment.
 struct MemorySample {
     MemoryStats stats;
-    /// At most one entry an application, by falling size, equal sizes by name. The program itself is not
-    /// among them.
+    /// One entry per application, in descending order of size, equal sizes in order of name. The program
+    /// itself is left out.
     std::vector<AppUsage> applications;
 
     bool operator==(const MemorySample&) const = default;
 };
 
-/// Tells how much memory the machine and each of the user's applications use.
+/// Measures how much memory the machine and each of the user's applications use.
 class MemorySource {
 public:
-    /// Takes a sample; runs on any thread, never fails: what cannot be read is 0 or missing.
+    /// Takes a sample. Runs on any thread and never fails: figures that cannot be read are 0, applications
+    /// that cannot be read are missing.
     using Sampler = std::function<MemorySample()>;
 
     virtual ~MemorySource() = default;
 
-    /// A sampler for one sample, with its own copy of what the main thread knows. Called on the main thread.
-    /// Samplers of one source may run at the same time, and after the source has gone.
+    /// A sampler for one sample, with its own copy of the main thread's state. Called on the main thread.
+    /// Samplers of one source may run concurrently, and may outlive the source.
     [[nodiscard]] virtual Sampler sampler() = 0;
 };
 

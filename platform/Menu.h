@@ -8,7 +8,7 @@ namespace quillary {
 
 class ClosureMenuItem;
 
-/// A menu as plain data, from top to bottom: what shows it decides how it looks, tests read it as it is.
+/// A menu as plain data, from top to bottom. The backend that shows it decides how it looks.
 using Menu = std::vector<ClosureMenuItem>;
 
 /// One line of a menu: an entry that runs its handler when chosen, a separator, or a submenu.
@@ -16,23 +16,23 @@ class ClosureMenuItem {
 public:
     enum class Kind { entry, separator, submenu };
 
-    /// An entry that can be chosen. The title is UTF-8 and shown as it stands ("&" and "_" are letters).
+    /// An entry that can be chosen. The title is UTF-8 and shown literally: "&" and "_" mark no mnemonics.
     ClosureMenuItem(std::string title, bool checked, std::function<void()> handler);
     static ClosureMenuItem separator();
     static ClosureMenuItem submenu(std::string title, Menu items);
 
-    /// Runs the handler; nothing happens for a separator or a submenu. Main thread.
+    /// Runs the handler; does nothing for a separator or a submenu. Main thread only.
     void fire() const;
 
     Kind kind = Kind::entry;
     std::string title;
-    /// Whether a check mark stands before the title.
+    /// Whether the entry shows a check mark before its title.
     bool checked = false;
     bool enabled = true;
-    /// The letter that, with the system's command key (Control; Command on macOS), chooses the entry while
-    /// the menu is open. Lower-case ASCII; 0 for none.
+    /// The letter that chooses the entry while the menu is open, together with the system's command key
+    /// (Control; Command on macOS). Lower-case ASCII; 0 for none.
     char keyEquivalent = 0;
-    /// The lines of a submenu.
+    /// The entries of a submenu.
     Menu items;
 
 private:

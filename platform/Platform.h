@@ -25,7 +25,8 @@ class SystemDockPreferences;
 class SystemLog;
 class Workspace;
 
-/// All that the operating system does for the program, in one hand. Every part lives as long as this.
+/// Everything that the operating system provides to the program. The platform owns its parts, which live as
+/// long as it does.
 class Platform {
 public:
     virtual ~Platform() = default;
@@ -40,14 +41,14 @@ public:
     [[nodiscard]] virtual MemorySource& memory() = 0;
     [[nodiscard]] virtual LoginItem& loginItem() = 0;
     [[nodiscard]] virtual BundleInfo bundleInfo() const = 0;
-    /// Dresses a top-level widget that was never shown as a dock's window.
+    /// Turns a top-level widget that was never shown into a dock's window.
     [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWidget& contents) = 0;
-    /// Puts a symbol into the status bar. `description` is its accessible name; `menuNeedsUpdate` is asked
-    /// for the menu just before each opening, on the main thread.
+    /// Adds a symbol to the status bar. `description` is its accessible name; `menuNeedsUpdate` builds the
+    /// menu each time before it opens, on the main thread.
     [[nodiscard]] virtual std::unique_ptr<StatusItem>
     makeStatusItem(const QIcon& symbol, const std::string& description,
                    std::function<Menu()> menuNeedsUpdate) = 0;
-    /// The folder under which programs keep their settings.
+    /// The folder in which programs store their settings. Absolute.
     [[nodiscard]] virtual std::filesystem::path applicationSupportDirectory() const = 0;
 };
 

@@ -8,22 +8,22 @@ namespace quillary {
 
 /// How an application takes part in the desktop.
 enum class ActivationPolicy {
-    /// Has windows of its own for the user and stands in docks.
+    /// Has windows for the user and appears in docks.
     regular,
-    /// A background utility with occasional windows.
+    /// A background utility that shows windows occasionally.
     accessory,
     /// No user interface at all.
     prohibited,
 };
 
-/// One running application as the system lists it.
+/// One entry of the system's list of running applications.
 struct RunningApplication {
-    /// The backend's own handle, valid until the application ends; never reused while this program runs.
+    /// Identifies the application to the backend until it ends; never reused while this program runs.
     std::uint64_t handle = 0;
     ActivationPolicy policy = ActivationPolicy::regular;
-    /// Absolute path of its bundle or desktop entry; absent when the system knows none.
+    /// Absolute path of the bundle or desktop entry; absent when the system knows none.
     std::optional<std::string> bundlePath;
-    /// Reverse-DNS identifier or desktop id; absent when it has none.
+    /// Reverse-DNS identifier or desktop file id; absent when the application has none.
     std::optional<std::string> bundleIdentifier;
 
     bool operator==(const RunningApplication&) const = default;

@@ -5,7 +5,7 @@
 
 namespace quillary {
 
-/// Work that is planned. Destroying it takes the plan back; once it has run, that does nothing.
+/// Work that is scheduled. Destroying the task cancels it; once the work has run, destruction has no effect.
 class ScheduledTask {
 public:
     ScheduledTask() = default;
@@ -14,22 +14,22 @@ public:
     virtual ~ScheduledTask() = default;
 };
 
-/// Time and the main thread's queue.
+/// The clock, the main thread's event loop, and worker threads.
 class Scheduler {
 public:
     virtual ~Scheduler() = default;
 
-    /// Runs the work once on the main thread, after the given seconds; 0 means the next turn of the event
+    /// Runs the work once on the main thread after this many seconds; 0 means the next iteration of the event
     /// loop.
     [[nodiscard]] virtual std::unique_ptr<ScheduledTask> after(double seconds,
                                                                std::function<void()> work) = 0;
-    /// Runs the work on the main thread again and again, the first time after one interval. Seconds.
+    /// Runs the work on the main thread repeatedly, every so many seconds, first after one interval.
     [[nodiscard]] virtual std::unique_ptr<ScheduledTask> every(double seconds,
                                                                std::function<void()> work) = 0;
-    /// Runs the work on another thread; what it returns is then run on the main thread.
-    /// Work that hangs when the program ends is not waited for.
+    /// Runs the work on another thread, then the function that it returns on the main thread. The program's
+    /// exit does not wait for work that hangs.
     virtual void onWorker(std::function<std::function<void()>()> work) = 0;
-    /// Seconds on a monotonic clock with an arbitrary zero.
+    /// Seconds on a monotonic clock whose epoch is arbitrary.
     [[nodiscard]] virtual double now() const = 0;
 };
 

@@ -13,13 +13,13 @@ class Screens : public QObject {
     Q_OBJECT
 
 public:
-    /// The screens connected now, the primary one first, then in the system's order. Empty when there is
-    /// none: placeholders that a window system shows for "no screen" are left out.
+    /// The screens connected now, the primary one first, then in the system's order. Placeholders that a
+    /// window system reports while no screen is connected are left out; the list is empty then.
     [[nodiscard]] virtual std::vector<ScreenInfo> list() const = 0;
 
 Q_SIGNALS:
-    /// A screen came or went, or a frame, visible frame or scale changed. Changes that the system
-    /// tells of together are told once.
+    /// A screen was connected or disconnected, or a frame, visible frame or scale changed. Changes that the
+    /// system reports together are coalesced into one signal.
     void changed();
 };
 

@@ -4,17 +4,18 @@
 
 namespace quillary {
 
-/// Sees to it that the program runs once in a session.
+/// Ensures that the program runs at most once in a session.
 class SingleInstance : public QObject {
     Q_OBJECT
 
 public:
-    /// Makes this process the one that runs, until its end, however it ends. False when another one is: that
-    /// one has then been told that it was opened again. True when the session offers no way to know.
+    /// Makes this process the session's instance until it ends, even by a crash. False when another process
+    /// is the instance already; that one then emits `reopened`. True when the session offers no means to find
+    /// out.
     [[nodiscard]] virtual bool claim() = 0;
 
 Q_SIGNALS:
-    /// The program was opened again while this process ran.
+    /// The user opened the program again while this instance runs.
     void reopened();
 };
 

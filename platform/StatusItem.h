@@ -4,14 +4,13 @@
 
 namespace quillary {
 
-/// The program's symbol in the desktop's status bar ("tray"), with the menu that opens from it. It shows
-/// itself whenever there is a status bar: one that starts later, or is replaced, gets it too. Destroying it
-/// takes it away.
+/// The program's symbol in the desktop's status bar ("tray") and the menu that it opens. The symbol also
+/// appears in a status bar that starts later or replaces another. Destroying the item removes the symbol.
 class StatusItem : public QObject {
     Q_OBJECT
 
 public:
-    /// Whether some status bar has it now.
+    /// Whether a status bar shows the symbol now.
     [[nodiscard]] virtual bool isShown() const = 0;
 
 Q_SIGNALS:

@@ -7,23 +7,23 @@
 
 namespace quillary {
 
-/// The preferences of the desktop's own dock. Where the desktop has none to speak of, `read` gives absent
-/// values and the writing operations do nothing.
+/// The preferences of the desktop's own dock. On a desktop without one, `read` returns absent values and the
+/// writing operations do nothing.
 class SystemDockPreferences {
 public:
     virtual ~SystemDockPreferences() = default;
 
-    /// The two values as they are now; values of another type count as absent.
+    /// The present values; a value of an unexpected type is absent.
     [[nodiscard]] virtual DockPrefs read() const = 0;
-    /// Sets both values; an absent one removes its key.
+    /// Writes both values; an absent one removes its key.
     virtual void write(const DockPrefs& prefs) = 0;
-    /// Flushes what was written, so that the desktop's dock can read it.
+    /// Flushes written values, so that the desktop's dock reads them.
     virtual void synchronise() = 0;
-    /// Restarts the desktop's dock and waits until the old one has ended. A failure is ignored.
+    /// Restarts the desktop's dock and waits until its old process has ended. Failures are ignored.
     virtual void restart() = 0;
 
-    /// The absolute paths pinned to the desktop's own dock, the file manager first, without repeats. Never
-    /// empty on a desktop that has a file manager.
+    /// The paths that are pinned to the desktop's own dock, absolute and without duplicates, the file manager
+    /// first. Not empty on a desktop that has a file manager.
     [[nodiscard]] virtual std::vector<std::string> pinnedItems() const = 0;
 };
 

@@ -8,7 +8,7 @@ namespace quillary {
 class SystemLog {
 public:
     virtual ~SystemLog() = default;
-    /// Writes one line. UTF-8; line breaks and control characters are written as spaces.
+    /// Writes one line of UTF-8. Line breaks and control characters become spaces.
     virtual void write(const std::string& line) = 0;
 };
 
