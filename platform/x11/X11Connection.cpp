@@ -34,18 +34,15 @@ std::vector<X11Connection*>& liveConnections() {
 } // namespace
 
 std::unique_ptr<X11Connection> X11Connection::open() {
-    int screenIndex = 0;
-    auto* connection = xcb_connect(nullptr, &screenIndex);
+    int screenNumber = 0;
+    auto* connection = xcb_connect(nullptr, &screenNumber);
     if (xcb_connection_has_error(connection) != 0) {
         xcb_disconnect(connection);
         return nullptr;
     }
-    auto roots = xcb_setup_roots_iterator(xcb_get_setup(connection));
-    for (int i = 0; i < screenIndex && roots.rem > 1; ++i) {
-        xcb_screen_next(&roots);
-    }
     // No make_unique: the constructor is private.
-    return std::unique_ptr<X11Connection>(new X11Connection(connection, screenIndex, roots.data->root));
+    return std::unique_ptr<X11Connection>(
+        new X11Connection(connection, screenNumber, rootWindow(connection, screenNumber)));
 }
 
 X11Connection::X11Connection(xcb_connection_t* xcb, int screenNumber, xcb_window_t root)
@@ -159,6 +156,14 @@ bool X11Connection::isOwnWindow(xcb_window_t window) {
     const auto* x11 =
         qGuiApp == nullptr ? nullptr : qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 != nullptr && x11->connection() != nullptr && IdRange::of(x11->connection()).contains(window);
+}
+
+xcb_window_t rootWindow(xcb_connection_t* connection, int screenNumber) {
+    auto roots = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (int i = 0; i < screenNumber && roots.rem > 1; ++i) {
+        xcb_screen_next(&roots);
+    }
+    return roots.data->root;
 }
 
 } // namespace quillary

@@ -77,6 +77,9 @@ private:
     bool m_quitTold = false;
 };
 
+/// The root window of a screen, of the last one when there are not as many. Any thread.
+[[nodiscard]] xcb_window_t rootWindow(xcb_connection_t* connection, int screenNumber);
+
 /// The event's kind without the bit that marks events sent by clients.
 [[nodiscard]] inline int eventKind(const xcb_generic_event_t* event) {
     return event->response_type & 0x7f;

@@ -5,6 +5,7 @@
 #include "platform/x11/StartupId.h"
 #include "platform/x11/X11Message.h"
 #include "platform/x11/X11Property.h"
+#include "platform/x11/X11ServerTime.h"
 
 #include <algorithm>
 #include <chrono>
@@ -126,19 +127,15 @@ void X11SingleInstance::handleEvent(const xcb_generic_event_t* event) {
     if (m_window == XCB_WINDOW_NONE) {
         return;
     }
-    const int kind = eventKind(event);
-    if (kind == XCB_CLIENT_MESSAGE) {
+    if (eventKind(event) == XCB_CLIENT_MESSAGE) {
         const auto* message = eventAs<xcb_client_message_event_t>(event);
         if (message->window == m_window && message->type == m_reopen && message->format == 32) {
             m_asked = message->data.data32[0];
             confirm(message->data.data32[1]);
-            askTime();
+            X11ServerTime::request(m_connection.xcb(), m_window);
         }
-    } else if (kind == XCB_PROPERTY_NOTIFY) {
-        const auto* notify = eventAs<xcb_property_notify_event_t>(event);
-        if (notify->window == m_window && (notify->response_type & 0x80) == 0) {
-            handleTime(notify->time);
-        }
+    } else if (const auto now = X11ServerTime::answer(event, m_window)) {
+        handleTime(*now);
     }
 }
 
@@ -146,13 +143,6 @@ void X11SingleInstance::confirm(xcb_window_t asker) {
     if (asker != XCB_WINDOW_NONE && asker != m_window) {
         X11Message::toClient(m_connection, asker, m_reopen, XCB_CURRENT_TIME, m_window);
     }
-}
-
-// ICCCM 2.1: a change of a property by nothing tells the server's time.
-void X11SingleInstance::askTime() {
-    xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_APPEND, m_window, m_mark, XCB_ATOM_CARDINAL, 32, 0,
-                        nullptr);
-    m_connection.flush();
 }
 
 void X11SingleInstance::handleTime(xcb_timestamp_t now) {

@@ -38,7 +38,6 @@ private:
     [[nodiscard]] Answer tell(xcb_window_t owner) const;
     void handleEvent(const xcb_generic_event_t* event);
     void confirm(xcb_window_t asker);
-    void askTime();
     void handleTime(xcb_timestamp_t now);
 
     X11Connection& m_connection;
