@@ -3,8 +3,8 @@
 #include "platform/qt/QtMenu.h"
 #include "platform/x11/ShapeRectangles.h"
 #include "platform/x11/X11Compositor.h"
+#include "platform/x11/X11EventMask.h"
 #include "platform/x11/X11Grab.h"
-#include "platform/x11/X11InputSelection.h"
 #include "platform/x11/X11Screens.h"
 
 #include <QEvent>
@@ -100,7 +100,7 @@ void X11PanelWindow::dress() {
         followCrossings();
         // The pointer monitor tells of movements once a frame; a fast mouse would wake two threads a thousand
         // times a second.
-        X11InputSelection::leaveOutMotion(qtConnection(), m_native);
+        X11EventMask::leaveOutMotion(qtConnection(), m_native);
     }
     applyBlur();
     applyShapes();

@@ -1,4 +1,4 @@
-#include "platform/x11/X11InputSelection.h"
+#include "platform/x11/X11EventMask.h"
 
 #include "platform/x11/XcbPointer.h"
 
@@ -51,7 +51,7 @@ void leaveOutExtendedMotion(xcb_connection_t* connection, xcb_window_t window) {
 
 } // namespace
 
-void X11InputSelection::leaveOutMotion(xcb_connection_t* connection, xcb_window_t window) {
+void X11EventMask::leaveOutMotion(xcb_connection_t* connection, xcb_window_t window) {
     // Each stands in for the other: the server sends by the core protocol what the extension was not asked
     // for.
     leaveOutExtendedMotion(connection, window);
