@@ -236,7 +236,6 @@ void X11PanelWindow::applyShapes() {
 
 void X11PanelWindow::applyShape(xcb_shape_kind_t kind, const QRegion* region) {
     auto* xcb = qtConnection();
-    ++m_shapeRequestCount;
     if (region == nullptr) {
         xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, kind, m_native, 0, 0, XCB_PIXMAP_NONE);
     } else {

@@ -49,9 +49,6 @@ public:
     [[nodiscard]] bool isVisible() const override;
     [[nodiscard]] QImage grab() override;
 
-    /// How often a shape was sent to the server so far; for measurements.
-    [[nodiscard]] int shapeRequests() const { return m_shapeRequestCount; }
-
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -86,7 +83,6 @@ private:
     QTimer m_frameCheck;
     int m_frameRetries = 0;
     bool m_closed = false;
-    int m_shapeRequestCount = 0;
 };
 
 } // namespace quillary

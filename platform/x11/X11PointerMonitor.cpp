@@ -96,7 +96,6 @@ void X11PointerMonitor::refresh() {
 }
 
 std::optional<QPointF> X11PointerMonitor::query() const {
-    ++m_queries;
     const auto answer = m_connection->reply(xcb_query_pointer_reply,
                                             xcb_query_pointer(m_connection->xcb(), m_connection->root()));
     // A pointer on another X screen has no place on this desktop.

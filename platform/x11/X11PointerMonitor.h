@@ -24,9 +24,6 @@ public:
     [[nodiscard]] QPointF location() const override;
     void refresh() override;
 
-    /// How often the pointer was asked for so far; for measurements.
-    [[nodiscard]] int queryCount() const { return m_queries; }
-
     /// The time between two looks at a moving pointer, in milliseconds: a frame of the fastest screen, within
     /// bounds for screens that tell nonsense.
     [[nodiscard]] static int frameInterval();
@@ -34,9 +31,6 @@ public:
     /// even while another client holds the pointer frozen, and nothing is sent when it is let go at its new
     /// place.
     static constexpr int lastLookDelay = 250;
-
-    /// Whether no look is planned.
-    [[nodiscard]] bool resting() const { return !m_frame.isActive() && !m_lastLook.isActive(); }
 
 private:
     void handleEvent(const xcb_generic_event_t* event);
@@ -52,7 +46,6 @@ private:
     std::optional<QPointF> m_lastTold;
     std::uint8_t m_extensionOpcode = 0;
     bool m_moving = false;
-    mutable int m_queries = 0;
 };
 
 } // namespace quillary

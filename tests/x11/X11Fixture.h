@@ -28,6 +28,8 @@ protected:
     static bool eventually(const std::function<bool()>& condition) {
         return VirtualDisplay::waitUntil(condition);
     }
+    /// The number of requests sent on a connection, the one that counts them included.
+    static unsigned requestsSoFar(xcb_connection_t* xcb) { return xcb_no_operation(xcb).sequence; }
     /// Waits until both sides have seen all that was asked so far.
     void settle();
 

@@ -6,6 +6,7 @@
 namespace quillary {
 
 using test::TestWindow;
+using test::VirtualDisplay;
 
 namespace {
 
@@ -14,7 +15,9 @@ protected:
     void startPointer() {
         display.movePointer(QPoint(600, 400));
         startApplication();
-        pointer = std::make_unique<X11PointerMonitor>(X11Connection::open(), *screens);
+        auto server = X11Connection::open();
+        pointerConnection = server->xcb();
+        pointer = std::make_unique<X11PointerMonitor>(std::move(server), *screens);
         QObject::connect(pointer.get(), &PointerMonitor::moved, pointer.get(),
                          [this](QPointF point) { told.push_back(point); });
         settle();
@@ -26,6 +29,8 @@ protected:
     }
 
     std::unique_ptr<X11PointerMonitor> pointer;
+    /// The monitor's own connection, on which it sends nothing but queries once it has started.
+    xcb_connection_t* pointerConnection = nullptr;
     std::vector<QPointF> told;
 };
 
@@ -68,7 +73,7 @@ TEST_F(X11PointerMonitorTest, tellsMovementsDuringAnotherClientsGrab) {
 
 TEST_F(X11PointerMonitorTest, tellsAtMostOnceAFrameAndTheLastPlaceAlways) {
     startPointer();
-    const int before = pointer->queryCount();
+    const auto before = requestsSoFar(pointerConnection);
     QElapsedTimer clock;
     clock.start();
     for (int x = 0; x < 500; ++x) {
@@ -78,8 +83,9 @@ TEST_F(X11PointerMonitorTest, tellsAtMostOnceAFrameAndTheLastPlaceAlways) {
     display.movePointer(QPoint(1000, 444));
     EXPECT_TRUE(eventually([&] { return !told.empty() && told.back() == QPointF(1000, 444); }));
     const auto frames = clock.elapsed() / X11PointerMonitor::frameInterval() + 2;
-    EXPECT_LE(pointer->queryCount() - before, frames);
-    EXPECT_GE(pointer->queryCount() - before, 2);
+    const auto queries = requestsSoFar(pointerConnection) - before - 1;
+    EXPECT_LE(queries, frames);
+    EXPECT_GE(queries, 2U);
 }
 
 TEST_F(X11PointerMonitorTest, aJumpByAProgramIsFoundByRefresh) {
@@ -100,7 +106,9 @@ TEST_F(X11PointerMonitorTest, looksOnceMoreAMomentAfterTheLastMovement) {
     // Stands for a place that the server told nobody of.
     display.warpPointer(QPoint(50, 60));
     EXPECT_TRUE(eventually([&] { return told.back() == QPointF(50, 60); }));
-    EXPECT_TRUE(eventually([&] { return pointer->resting(); }));
+    const auto before = requestsSoFar(pointerConnection);
+    VirtualDisplay::runFor(2 * X11PointerMonitor::lastLookDelay);
+    EXPECT_EQ(requestsSoFar(pointerConnection), before + 1) << "and then no more";
 }
 
 TEST_F(X11PointerMonitorTest, aClickAfterAJumpShowsThePlace) {
@@ -124,9 +132,9 @@ TEST_F(X11PointerMonitorTest, placesAreInPoints) {
 TEST_F(X11PointerMonitorTest, nothingWakesWhileNothingMoves) {
     startPointer();
     display.movePointer(QPoint(610, 410));
-    ASSERT_TRUE(eventually([&] { return !told.empty() && pointer->resting(); }));
-    settle();
-    const int queries = pointer->queryCount();
+    ASSERT_TRUE(eventually([&] { return !told.empty(); }));
+    VirtualDisplay::runFor(2 * X11PointerMonitor::lastLookDelay);
+    const auto before = requestsSoFar(pointerConnection);
     long switches = 0;
     bool over = false;
     QTimer::singleShot(1500, Qt::PreciseTimer, application.get(), [&] { over = true; });
@@ -138,7 +146,7 @@ TEST_F(X11PointerMonitorTest, nothingWakesWhileNothingMoves) {
     // The timer that ends the wait is one; a few more may come from the toolkit. Polling would make a
     // hundred.
     EXPECT_LE(contextSwitches() - switches, 6);
-    EXPECT_EQ(pointer->queryCount(), queries);
+    EXPECT_EQ(requestsSoFar(pointerConnection), before + 1) << "the pointer is not queried";
 }
 
 } // namespace quillary
