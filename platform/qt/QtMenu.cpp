@@ -241,7 +241,7 @@ void QtMenu::handlePress(const QMouseEvent& event) {
     const QPoint position = event.globalPosition().toPoint();
     auto menus = m_widget->findChildren<QMenu*>();
     menus.append(m_widget.get());
-    const bool inside = std::any_of(menus.begin(), menus.end(), [position](const QMenu* candidate) {
+    const bool inside = std::ranges::any_of(menus, [position](const QMenu* candidate) {
         return candidate->isVisible() && candidate->geometry().contains(position);
     });
     if (!inside && event.button() == Qt::RightButton) {

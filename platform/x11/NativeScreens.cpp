@@ -40,10 +40,8 @@ QRectF toGlobalPoints(const std::vector<NativeScreen>& screens, const QRect& nat
 }
 
 QPointF toGlobalPoints(const std::vector<NativeScreen>& screens, QPoint native) {
-    const auto nearest =
-        std::min_element(screens.begin(), screens.end(), [&](const NativeScreen& a, const NativeScreen& b) {
-            return distance(a.geometry, native) < distance(b.geometry, native);
-        });
+    const auto nearest = std::ranges::min_element(
+        screens, {}, [&](const NativeScreen& screen) { return distance(screen.geometry, native); });
     return nearest == screens.end() ? QPointF(native) : nearest->toPoints(native);
 }
 

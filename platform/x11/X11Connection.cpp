@@ -140,9 +140,7 @@ void X11Connection::quitAtExit() {
         std::free(xcb_poll_for_event(connection->m_xcb));
         return xcb_connection_has_error(connection->m_xcb) != 0 && !connection->m_quitTold;
     };
-    const auto& connections = liveConnections();
-    if (QCoreApplication::instance() != nullptr &&
-        std::any_of(connections.begin(), connections.end(), unfinished)) {
+    if (QCoreApplication::instance() != nullptr && std::ranges::any_of(liveConnections(), unfinished)) {
         QMetaObject::invokeMethod(QCoreApplication::instance(), "aboutToQuit", Qt::DirectConnection);
     }
 }

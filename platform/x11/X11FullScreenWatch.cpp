@@ -89,7 +89,7 @@ void X11FullScreenWatch::readState() {
     const auto states =
         readProperty(m_connection, requestProperty(m_connection, m_watched, atoms.netWmState, maxStateBytes))
             .numbers;
-    m_fullScreen = std::find(states.begin(), states.end(), atoms.netWmStateFullscreen) != states.end();
+    m_fullScreen = std::ranges::find(states, atoms.netWmStateFullscreen) != states.end();
     if (m_fullScreen) {
         readPlace();
     }

@@ -60,15 +60,13 @@ std::vector<X11Monitor> X11Monitor::readAll(X11Connection& connection) {
     for (auto it = xcb_randr_get_monitors_monitors_iterator(reply.get()); it.rem > 0;
          xcb_randr_monitor_info_next(&it)) {
         auto monitor = readOne(connection, it.data);
-        const bool mirror = std::any_of(monitors.begin(), monitors.end(), [&](const X11Monitor& earlier) {
-            return earlier.geometry == monitor.geometry;
-        });
+        const bool mirror =
+            std::ranges::find(monitors, monitor.geometry, &X11Monitor::geometry) != monitors.end();
         if (!monitor.geometry.isEmpty() && !mirror) {
             monitors.push_back(std::move(monitor));
         }
     }
-    std::stable_partition(monitors.begin(), monitors.end(),
-                          [](const X11Monitor& monitor) { return monitor.primary; });
+    std::ranges::stable_partition(monitors, &X11Monitor::primary);
     return monitors;
 }
 

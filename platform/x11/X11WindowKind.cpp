@@ -8,7 +8,7 @@ namespace quillary::X11WindowKind {
 namespace {
 
 bool contains(const auto& list, xcb_atom_t atom) {
-    return std::find(list.begin(), list.end(), atom) != list.end();
+    return std::ranges::find(list, atom) != list.end();
 }
 
 } // namespace

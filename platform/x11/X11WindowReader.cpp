@@ -107,7 +107,7 @@ bool X11WindowReader::concerns(xcb_atom_t property) const {
                                             XCB_ATOM_WM_CLIENT_MACHINE, atoms.gtkApplicationId,
                                             atoms.kdeDesktopFile,       XCB_ATOM_WM_TRANSIENT_FOR,
                                             atoms.netWmWindowType,      atoms.netWmState};
-    return std::find(read.begin(), read.end(), property) != read.end();
+    return std::ranges::find(read, property) != read.end();
 }
 
 } // namespace quillary

@@ -114,7 +114,7 @@ void X11WindowSource::updateActive() {
     }
     // Some window managers go on naming a window that has gone.
     const auto& managed = m_clients.windows();
-    if (std::find(managed.begin(), managed.end(), window) == managed.end()) {
+    if (std::ranges::find(managed, window) == managed.end()) {
         window = XCB_WINDOW_NONE;
     }
     if (window != XCB_WINDOW_NONE) {
@@ -176,15 +176,14 @@ bool X11WindowSource::wmSupports(xcb_atom_t feature) const {
     const auto cookie = requestProperty(m_connection, m_connection.root(), m_connection.atoms().netSupported,
                                         maxSupportedBytes);
     const auto features = readProperty(m_connection, cookie).numbers;
-    return std::find(features.begin(), features.end(), feature) != features.end();
+    return std::ranges::find(features, feature) != features.end();
 }
 
 bool X11WindowSource::acceptsDelete(xcb_window_t window) const {
     const auto cookie =
         requestProperty(m_connection, window, m_connection.atoms().wmProtocols, maxProtocolBytes);
     const auto protocols = readProperty(m_connection, cookie).numbers;
-    return std::find(protocols.begin(), protocols.end(), m_connection.atoms().wmDeleteWindow) !=
-           protocols.end();
+    return std::ranges::find(protocols, m_connection.atoms().wmDeleteWindow) != protocols.end();
 }
 
 } // namespace quillary
