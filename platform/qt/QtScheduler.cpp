@@ -18,8 +18,10 @@ constexpr std::chrono::milliseconds patienceAtTheEnd{200};
 
 class QtTask final : public ScheduledTask {
 public:
-    QtTask(double seconds, bool repeats, std::function<void()> work) {
-        m_timer.setSingleShot(!repeats);
+    enum class Runs { once, repeatedly };
+
+    QtTask(Runs runs, double seconds, std::function<void()> work) {
+        m_timer.setSingleShot(runs == Runs::once);
         m_timer.setTimerType(seconds >= 1.0 ? Qt::CoarseTimer : Qt::PreciseTimer);
         m_timer.setInterval(static_cast<int>(std::lround(seconds * 1000.0)));
         // The work may destroy this task, and its own closure with it: run a copy.
@@ -56,11 +58,11 @@ QtScheduler::~QtScheduler() {
 }
 
 std::unique_ptr<ScheduledTask> QtScheduler::after(double seconds, std::function<void()> work) {
-    return std::make_unique<QtTask>(seconds, false, std::move(work));
+    return std::make_unique<QtTask>(QtTask::Runs::once, seconds, std::move(work));
 }
 
 std::unique_ptr<ScheduledTask> QtScheduler::every(double seconds, std::function<void()> work) {
-    return std::make_unique<QtTask>(seconds, true, std::move(work));
+    return std::make_unique<QtTask>(QtTask::Runs::repeatedly, seconds, std::move(work));
 }
 
 void QtScheduler::onWorker(std::function<std::function<void()>()> work) {
