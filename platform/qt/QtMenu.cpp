@@ -17,12 +17,12 @@ namespace quillary {
 
 namespace {
 
-// Whoever opened the menu may hold the pointer until the button is released: the grab is tried again, this
-// often and after these pauses (milliseconds).
+// Another program may hold the pointer until the button that opened the menu is released. The grab is retried
+// this many times, at this interval in milliseconds.
 constexpr int mostGrabAttempts = 60;
 constexpr int grabPause = 50;
 
-// Room beside a title for check marks, arrows and shortcuts, in points.
+// The width of check marks, arrows and shortcuts beside a title, in points.
 constexpr int titleMargin = 160;
 
 QPointer<QtMenu>& openMenu() {
@@ -30,7 +30,7 @@ QPointer<QtMenu>& openMenu() {
     return open;
 }
 
-// One line, whatever the title holds: a tab would begin the column of shortcuts.
+// Control characters become spaces, above all tabs, which would start the column of shortcuts.
 QString oneLine(const std::string& title) {
     auto text = QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
     for (auto& character : text) {
@@ -46,13 +46,13 @@ QString shownTitle(const std::string& title, const QMenu& menu, int width) {
     return text.replace(u'&', QStringLiteral("&&"));
 }
 
-// The titles of actions escape "&".
+// A leading "&" is doubled in an action's text; its first character is the same.
 QChar firstLetter(const QAction& action) {
     const auto text = action.text();
     return text.isEmpty() ? QChar() : text.front().toCaseFolded();
 }
 
-// By arrow keys, so that a submenu on the way stays closed.
+// Sends arrow keys, because QMenu::setActiveAction would open a submenu.
 void goToLetter(QMenu& menu, QChar letter) {
     const auto actions = menu.actions();
     const auto start = actions.indexOf(menu.activeAction()) + 1;
@@ -69,7 +69,7 @@ void goToLetter(QMenu& menu, QChar letter) {
     }
 }
 
-// As a click would reach it, had no menu been open.
+// Delivers the click as if no menu had been open.
 void replayClick(QPoint position) {
     const QPointer window = QGuiApplication::topLevelAt(position);
     for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
@@ -94,10 +94,10 @@ QtMenu::QtMenu(Menu menu, const Place& place, QObject& owner, std::function<void
     connect(m_widget.get(), &QMenu::triggered, this, [this](const QAction* action) {
         const auto found = m_entries.find(action);
         m_chosen = found == m_entries.end() ? nullptr : found->second;
-        // An assistive technology chooses entries without closing the menu.
+        // Assistive technology triggers entries without closing the menu.
         m_widget->close();
     });
-    // The choice is told after this: what follows waits for the event loop.
+    // Queued, because QMenu emits `triggered` after `aboutToHide`.
     connect(m_widget.get(), &QMenu::aboutToHide, this, &QtMenu::finish, Qt::QueuedConnection);
 }
 
@@ -114,7 +114,7 @@ void QtMenu::popUp(Menu menu, const Place& place, QObject& owner, std::function<
     if (!guard) {
         return;
     }
-    // The owner frees it.
+    // Owned by `owner` as its QObject parent.
     auto* made = new QtMenu(std::move(menu), place, owner, std::move(closed));
     openMenu() = made;
     made->open();
@@ -196,7 +196,7 @@ bool QtMenu::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-// Below and to the right of the point, as far as there is room; else on the other side.
+// Below and to the right of the point if there is room, otherwise on the other side.
 QPoint QtMenu::cornerOf(QSize size) const {
     const QRect& frame = m_place.frame;
     QPoint corner = m_place.corner;
@@ -209,7 +209,7 @@ QPoint QtMenu::cornerOf(QSize size) const {
     return corner;
 }
 
-// The toolkit places menus by what it believes of the screens, which is out of date after some changes.
+// Qt places menus by its list of screens, which is outdated after some changes.
 void QtMenu::fit(QMenu& shown) const {
     const QRect& frame = m_place.frame;
     const QSize size = shown.size();
@@ -276,7 +276,7 @@ void QtMenu::finish() {
     m_widget->disconnect(this);
     m_widget->hide();
     deleteLater();
-    // What runs now may destroy the owner, and this with it.
+    // The handlers may destroy the owner, and with it this object.
     const auto keptMenu = std::move(m_menu);
     const auto closed = std::move(m_closed);
     const auto* entry = m_chosen;

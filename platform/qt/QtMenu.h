@@ -19,34 +19,33 @@ class QWindow;
 
 namespace quillary {
 
-/// A Menu shown as a popup of the toolkit, with pointer and keyboard grabbed until it closes: a window that
-/// never has the focus can open one. One is open at most in the whole program.
+/// Shows a Menu as a QMenu that grabs the pointer and the keyboard until it closes, so that a window that
+/// never has the focus can open one. At most one is open in the whole program.
 ///
-/// Typing the first letter of a title goes to that line; Control with an entry's keyEquivalent chooses it. A
-/// click elsewhere closes it and does nothing else, but one of the right button on another window of the
-/// program reaches that window once the menu has gone.
+/// Typing the first letter of a title selects that line; Control and an entry's keyEquivalent choose the
+/// entry. A click elsewhere closes the menu and has no other effect, except that a click of the right button
+/// on another window of the program is delivered to that window afterwards.
 class QtMenu final : public QObject {
     Q_OBJECT
 
 public:
     /// Where a menu opens. Global points.
     struct Place {
-        /// The point that one of its corners is at.
+        /// Where one of the menu's corners is placed.
         QPoint corner;
-        /// What all of it must lie in: the frame of the screen.
+        /// The frame of the screen, which must contain the whole menu.
         QRect frame;
-        /// Takes pointer and keyboard for the menu's window; false when another program holds them, and it is
-        /// asked again a little later. Null where the toolkit's own grab is reliable.
+        /// Grabs the pointer and the keyboard for the menu's window. False when another program holds one of
+        /// them; the call is then repeated a little later. Null where Qt's own grab is reliable.
         std::function<bool(QWindow&)> grab{};
     };
 
-    /// Opens a menu; one that is open already closes first. `closed` runs once, after the handler of the
-    /// entry that was chosen, if one was. When the owner is destroyed first the menu goes with it and neither
-    /// runs.
+    /// Opens a menu, after closing the one that is open, if any. `closed` runs once, after the handler of the
+    /// chosen entry, if any. When the owner is destroyed first, the menu closes and neither runs.
     static void popUp(Menu menu, const Place& place, QObject& owner, std::function<void()> closed);
     /// Closes the menu that is open, if any; its `closed` has run when this returns.
     static void closeOpen();
-    /// Takes the owner's menu away, if it has one open; its `closed` never runs.
+    /// Closes the owner's menu, if it has one open, without running `closed`.
     static void drop(const QObject& owner);
     [[nodiscard]] static bool isOpen();
 
@@ -71,10 +70,10 @@ private:
     Place m_place;
     std::function<void()> m_closed;
     std::unique_ptr<QMenu> m_widget;
-    // The entries of the menu and its submenus.
+    // Those of the submenus too. They point into m_menu.
     std::unordered_map<const QAction*, const ClosureMenuItem*> m_entries;
     const ClosureMenuItem* m_chosen = nullptr;
-    // Where a click of the right button closed it, in global points.
+    // The location of a right click that closed the menu, in global points.
     std::optional<QPoint> m_clickedElsewhere;
     int m_grabAttempts = 0;
     bool m_finished = false;

@@ -24,7 +24,7 @@ public:
         m_timer.setSingleShot(runs == Runs::once);
         m_timer.setTimerType(seconds >= 1.0 ? Qt::CoarseTimer : Qt::PreciseTimer);
         m_timer.setInterval(static_cast<int>(std::lround(seconds * 1000.0)));
-        // The work may destroy this task, and its own closure with it: run a copy.
+        // The work may destroy this task and with it the closure that runs: call a copy.
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [work = std::move(work)] {
             const auto running = work;
             running();
@@ -42,7 +42,7 @@ struct QtScheduler::Workers {
     std::mutex lock;
     std::condition_variable finished;
     int underWay = 0;
-    // Results are delivered in its name; null once nobody wants them.
+    // The context object of queued results; null once the scheduler is destroyed.
     QObject* receiver = nullptr;
 };
 

@@ -6,12 +6,11 @@
 
 namespace quillary {
 
-/// Qt's timers and event loop; a thread for each piece of work that leaves the main one.
+/// A Scheduler of Qt's timers and event loop. Each piece of work for another thread gets a thread of its own.
 class QtScheduler final : public Scheduler {
 public:
     QtScheduler();
-    /// Drops the results of work that is still under way. Waits a moment for such work, but not for one that
-    /// hangs.
+    /// Discards the results of unfinished work. Waits briefly for such work, but not for work that hangs.
     ~QtScheduler() override;
 
     [[nodiscard]] std::unique_ptr<ScheduledTask> after(double seconds, std::function<void()> work) override;
@@ -22,7 +21,7 @@ public:
 private:
     struct Workers;
 
-    // Shared with the threads, which may outlive this.
+    // Shared with the threads, which may outlive the scheduler.
     std::shared_ptr<Workers> m_workers;
     QElapsedTimer m_clock;
 };

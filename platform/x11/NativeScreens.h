@@ -10,27 +10,28 @@
 
 namespace quillary {
 
-/// One screen in the X server's device pixels.
+/// A screen in the X server's coordinates.
 struct NativeScreen {
+    /// Device pixels on the root window.
     QRect geometry;
     /// Device pixels per point.
     double scale = 1.0;
 
-    /// The screen, or a part of it, in global points. Qt keeps a screen's origin in device pixels and scales
-    /// what lies inside, from that origin, to whole points; this is the same mapping, so that frames agree
-    /// with Qt's windows.
+    /// Converts the screen, or a part of it, from device pixels to global points. This is Qt's own mapping,
+    /// so that frames agree with its windows: a screen's origin stays in device pixels, and everything on the
+    /// screen is scaled from there and rounded to whole points.
     [[nodiscard]] QRectF toPoints(const QRect& native) const;
     [[nodiscard]] QPointF toPoints(QPoint native) const;
 
     bool operator==(const NativeScreen&) const = default;
 };
 
-/// The point in global points by the screen that holds it, else by the nearest one; unscaled when there is no
-/// screen.
+/// Converts a point from device pixels to global points, by the screen that contains it or else the nearest
+/// one. Unscaled when there is no screen.
 [[nodiscard]] QPointF toGlobalPoints(const std::vector<NativeScreen>& screens, QPoint native);
 
-/// The rectangle in global points: the parts of it on all screens together, or where it would lie by the
-/// nearest screen when it is on none.
+/// Converts a rectangle from device pixels to global points: the union of its parts on all screens. One that
+/// is on no screen is placed by the screen nearest to its corner and keeps its size.
 [[nodiscard]] QRectF toGlobalPoints(const std::vector<NativeScreen>& screens, const QRect& native);
 
 } // namespace quillary

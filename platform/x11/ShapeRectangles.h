@@ -8,9 +8,9 @@
 
 namespace quillary {
 
-/// The region, in points from a window's corner, as rectangles of device pixels for the SHAPE extension.
-/// Edges go to the nearest pixel, so neighbours stay joined; what the protocol's 16-bit numbers cannot hold
-/// is cut off.
+/// Converts a region from points, relative to a window's corner, to device pixels for the SHAPE extension.
+/// Edges are rounded to the nearest pixel, so that adjacent rectangles stay adjacent, and clamped to the
+/// protocol's 16-bit range.
 [[nodiscard]] std::vector<xcb_rectangle_t> shapeRectangles(const QRegion& region, double scale);
 
 } // namespace quillary

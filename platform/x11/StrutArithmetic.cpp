@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::uint32_t wholeEdge = std::numeric_limits<std::uint32_t>::max();
 
-// Half-open ranges, wide enough for any 32-bit value from outside.
+// Half-open, and wide enough for untrusted 32-bit values.
 struct Range {
     std::int64_t begin = 0;
     std::int64_t end = 0;
@@ -16,7 +16,7 @@ struct Range {
     [[nodiscard]] bool meets(std::uint32_t first, std::uint32_t last) const {
         return std::int64_t{first} < end && std::int64_t{last} >= begin;
     }
-    // Cuts at the near or far side; a cut that would leave nothing is not made.
+    // Both ignore a position that would leave an empty range.
     void cutBefore(std::int64_t position) {
         if (position > begin && position < end) {
             begin = position;

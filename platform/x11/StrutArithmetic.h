@@ -9,8 +9,8 @@
 
 namespace quillary {
 
-/// The space that one window reserves at the edges of the whole desktop (EWMH, _NET_WM_STRUT_PARTIAL). Device
-/// pixels; starts and ends are inclusive coordinates along the edge.
+/// The space that one window reserves at the edges of the desktop (EWMH, _NET_WM_STRUT_PARTIAL), in device
+/// pixels. Starts and ends are inclusive coordinates along the edge.
 struct Strut {
     std::uint32_t left = 0, right = 0, top = 0, bottom = 0;
     std::uint32_t leftStart = 0, leftEnd = 0;
@@ -23,14 +23,15 @@ struct Strut {
 
 namespace StrutArithmetic {
 
-/// Reads the two properties, the partial one first as EWMH asks; absent when neither reserves anything.
-/// _NET_WM_STRUT counts along the whole edge.
+/// Parses _NET_WM_STRUT_PARTIAL or, when that is missing, _NET_WM_STRUT (the precedence that EWMH requires).
+/// The latter applies along the whole edge. Absent when no space is reserved.
 [[nodiscard]] std::optional<Strut> parse(const std::vector<std::uint32_t>& partial,
                                          const std::vector<std::uint32_t>& whole);
 
-/// The screen without the reserved space, device pixels. Struts are measured from the edge of the desktop, so
-/// one counts for a screen only where it reaches into it and its range along the edge meets the screen. One
-/// that would leave nothing of the screen is meant for the screen behind it, or broken, and does not count.
+/// The screen less the reserved space, in device pixels. Struts are measured from the edges of the desktop,
+/// so a strut applies to a screen only if it extends into the screen and its range along the edge overlaps
+/// the screen. A strut that would leave nothing of the screen is ignored: it belongs to a screen further
+/// inside, or it is invalid.
 [[nodiscard]] QRect visibleFrame(const QRect& screen, const QSize& desktop, const std::vector<Strut>& struts);
 
 } // namespace StrutArithmetic

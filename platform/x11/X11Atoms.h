@@ -6,8 +6,8 @@
 
 namespace quillary {
 
-/// The atoms that the X11 backend speaks of: EWMH, ICCCM and what toolkits add. XCB_ATOM_NONE for one that
-/// could not be interned, which then matches nothing.
+/// The atoms that the X11 backend uses: those of EWMH and ICCCM, and toolkits' extensions. An atom that could
+/// not be interned is XCB_ATOM_NONE, which matches nothing.
 struct X11Atoms {
     xcb_atom_t netSupported = XCB_ATOM_NONE;
     xcb_atom_t netSupportingWmCheck = XCB_ATOM_NONE;
@@ -48,11 +48,11 @@ struct X11Atoms {
     xcb_atom_t kdeDesktopFile = XCB_ATOM_NONE;
     xcb_atom_t edid = XCB_ATOM_NONE;
 
-    /// Interns all of them in one round trip.
+    /// Interns all atoms in one round trip.
     [[nodiscard]] static X11Atoms intern(xcb_connection_t* connection);
 };
 
-/// Interns one more; XCB_ATOM_NONE when that fails. A round trip.
+/// Interns another atom; XCB_ATOM_NONE on failure. A round trip.
 [[nodiscard]] xcb_atom_t internAtom(xcb_connection_t* connection, std::string_view name);
 
 } // namespace quillary

@@ -11,7 +11,7 @@ namespace quillary {
 
 namespace {
 
-// More windows than anyone has; a list from outside must have a bound.
+// Far more windows than a session has: untrusted lists need a bound.
 constexpr std::uint32_t maxListBytes = 4096 * 4;
 
 constexpr std::uint32_t clientMask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
@@ -57,7 +57,7 @@ void X11ClientList::handleEvent(const xcb_generic_event_t* event) {
         if (window == m_checkWindow) {
             m_stale = true;
         } else if (!managed() && std::erase(m_windows, window) > 0) {
-            // Nobody else takes it off the list while there is no window manager.
+            // Without a window manager there is no list to read again.
             Q_EMIT changed();
         }
     }
@@ -78,7 +78,7 @@ xcb_window_t X11ClientList::readCheckWindow() {
     if (window == XCB_WINDOW_NONE) {
         return XCB_WINDOW_NONE;
     }
-    // Selected before it is read: should it go away in between, the event tells.
+    // Select before reading: if the window is destroyed in between, the event still arrives.
     if (window != m_checkWindow) {
         select(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     }
@@ -94,7 +94,8 @@ void X11ClientList::update() {
             m_later = m_scheduler.after(restartGrace, [this] { setWindows({}); });
         }
     } else if (m_checkWindow != before && !m_windows.empty()) {
-        // A new window manager adopts the windows one by one; its first lists would look like a mass exit.
+        // A new window manager adopts the windows one by one. Its first lists would look as if most windows
+        // had been closed.
         m_later = m_scheduler.after(adoptionTime, [this] {
             m_later.reset();
             setWindows(readWindows(m_connection, m_connection.atoms().netClientList));

@@ -12,9 +12,9 @@ namespace quillary {
 class ScheduledTask;
 class Scheduler;
 
-/// The windows that the window manager manages (EWMH, _NET_CLIENT_LIST), this program's own and docks among
-/// them. It selects property changes of all that are not our own, so that others see them among the
-/// connection's events.
+/// The windows that the window manager manages (EWMH, _NET_CLIENT_LIST), including docks and this program's
+/// own. Selects the property and structure events of all windows that are not our own, so that the
+/// connection reports them to its other users too.
 class X11ClientList final : public QObject {
     Q_OBJECT
 
@@ -22,23 +22,23 @@ public:
     X11ClientList(X11Connection& connection, Scheduler& scheduler);
     ~X11ClientList() override;
 
-    /// In the order in which they were first shown. Empty without an EWMH window manager; while one is being
-    /// restarted (up to restartGrace) the list of the old one stands, less the windows that have gone.
+    /// In the order in which they were first mapped. Empty without an EWMH window manager. While the window
+    /// manager restarts (for at most restartGrace), its last list less the windows destroyed since.
     [[nodiscard]] const std::vector<xcb_window_t>& windows() const { return m_windows; }
-    /// From the bottom to the top of the stack; empty without an EWMH window manager.
+    /// From the bottom of the stack to the top; empty without an EWMH window manager. A round trip.
     [[nodiscard]] std::vector<xcb_window_t> stackingOrder() const;
     /// Whether a window manager that follows EWMH is running.
     [[nodiscard]] bool managed() const { return m_checkWindow != XCB_WINDOW_NONE; }
 
-    /// How long a missing window manager is waited for before its windows are given up, in seconds.
+    /// How long the list is kept after the window manager has disappeared, in seconds.
     static constexpr double restartGrace = 2.0;
-    /// How long a new window manager gets to adopt the windows of the last one, in seconds.
+    /// How long a new window manager may take to adopt the windows of the last one, in seconds.
     static constexpr double adoptionTime = 0.3;
 
 Q_SIGNALS:
-    /// The windows changed.
+    /// `windows` changed.
     void changed();
-    /// A window manager came or went.
+    /// `managed` changed.
     void managedChanged();
 
 private:

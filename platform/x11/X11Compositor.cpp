@@ -24,7 +24,7 @@ void X11Compositor::handleEvent(const xcb_generic_event_t* event) {
 }
 
 bool X11Compositor::offersBlur() const {
-    // Whatever it holds: that it is there counts.
+    // The property announces blur by its presence; its contents are irrelevant.
     const auto cookie = xcb_get_property(m_connection.xcb(), 0, m_connection.root(),
                                          m_connection.atoms().kdeBlurBehindRegion, XCB_ATOM_ANY, 0, 0);
     const auto answer = m_connection.reply(xcb_get_property_reply, cookie);

@@ -6,9 +6,9 @@
 
 namespace quillary {
 
-/// Whether a compositing manager blends translucent windows: it owns the selection _NET_WM_CM_Sn of the
-/// screen (EWMH). And whether it blurs behind windows that carry the property
-/// _KDE_NET_WM_BLUR_BEHIND_REGION: then the root window carries one of that name too (KWin's convention).
+/// Watches for a compositing manager, which owns the screen's selection _NET_WM_CM_Sn (EWMH), and for its
+/// support of blur behind windows with the property _KDE_NET_WM_BLUR_BEHIND_REGION, which it announces by a
+/// property of that name on the root window (KWin's convention).
 class X11Compositor final : public QObject {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     [[nodiscard]] bool blursBehind() const { return isRunning() && m_blurs; }
 
 Q_SIGNALS:
-    /// The compositor came or went, or began or ceased to blur.
+    /// `isRunning` or `blursBehind` changed.
     void changed();
 
 private:

@@ -13,7 +13,8 @@ namespace quillary {
 
 namespace {
 
-// The server gives each client a range of identifiers, so a window's number tells who made it.
+// The server assigns each client a range of identifiers, so a window's id identifies the client that created
+// it.
 struct IdRange {
     std::uint32_t base = 0;
     std::uint32_t mask = 0;
@@ -59,13 +60,13 @@ X11Connection::X11Connection(xcb_connection_t* xcb, int screenNumber, xcb_window
     liveConnections().push_back(this);
     connect(m_notifier, &QSocketNotifier::activated, this, [this] { dispatch(); });
     if (auto* application = QCoreApplication::instance()) {
-        connect(application, &QCoreApplication::aboutToQuit, this, [this] { m_quitTold = true; });
+        connect(application, &QCoreApplication::aboutToQuit, this, [this] { m_quitSignalled = true; });
     }
 }
 
 X11Connection::~X11Connection() {
     std::erase(liveConnections(), this);
-    // The notifier must be gone before the file descriptor is closed.
+    // The notifier must be destroyed before the file descriptor is closed.
     delete m_notifier;
     xcb_disconnect(m_xcb);
 }
@@ -83,7 +84,7 @@ void X11Connection::setListening(Listening state) {
 }
 
 void X11Connection::keepQueuedEvents() {
-    // Reading a reply may read events too; the socket then stays silent about them.
+    // Waiting for a reply also reads events off the socket, which then does not signal them any more.
     while (auto* event = xcb_poll_for_queued_event(m_xcb)) {
         m_pending.emplace_back(event);
     }
@@ -133,12 +134,12 @@ void X11Connection::checkAlive() {
 }
 
 void X11Connection::quitAtExit() {
-    // When Qt finds its connection broken before we find ours, it calls exit(): the program's own quit path,
-    // which hangs on aboutToQuit, would be left out.
+    // When Qt detects its broken connection before we detect ours, it calls exit(), which would skip the
+    // program's cleanup on aboutToQuit.
     const auto unfinished = [](const X11Connection* connection) {
-        // Only reading shows that the other end is gone; nobody wants events any more.
+        // Only a read detects that the server is gone. The event itself is no longer needed.
         std::free(xcb_poll_for_event(connection->m_xcb));
-        return xcb_connection_has_error(connection->m_xcb) != 0 && !connection->m_quitTold;
+        return xcb_connection_has_error(connection->m_xcb) != 0 && !connection->m_quitSignalled;
     };
     if (QCoreApplication::instance() != nullptr && std::ranges::any_of(liveConnections(), unfinished)) {
         QMetaObject::invokeMethod(QCoreApplication::instance(), "aboutToQuit", Qt::DirectConnection);

@@ -14,14 +14,14 @@ class QSocketNotifier;
 
 namespace quillary {
 
-/// A connection of our own to the X server of the session, beside Qt's. Its events are told by a signal on
-/// the main thread. A failed request or a vanished window is no error here: replies are null and errors are
-/// dropped. When the server goes away the application is asked to quit.
+/// A connection to the session's X server in addition to Qt's. It reports events by a signal on the main
+/// thread. Failed requests and destroyed windows are not errors here: replies are null, and error events are
+/// discarded. When the connection breaks, the application is asked to quit.
 class X11Connection final : public QObject {
     Q_OBJECT
 
 public:
-    /// Connects to the display that DISPLAY names; null when there is none.
+    /// Connects to the display that DISPLAY names; null on failure.
     [[nodiscard]] static std::unique_ptr<X11Connection> open();
     ~X11Connection() override;
 
@@ -30,8 +30,8 @@ public:
     [[nodiscard]] int screenNumber() const { return m_screenNumber; }
     [[nodiscard]] const X11Atoms& atoms() const { return m_atoms; }
 
-    /// Waits for the reply of a request; null when it failed. Events that arrive meanwhile are kept and told
-    /// later, from the event loop.
+    /// Waits for the reply to a request; null when the request failed. Events that arrive meanwhile are
+    /// queued and emitted later from the event loop.
     template<typename Reply, typename Cookie>
     [[nodiscard]] XcbPointer<Reply> reply(Reply* (*wait)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
                                           Cookie cookie) {
@@ -39,25 +39,26 @@ public:
         keepQueuedEvents();
         return result;
     }
-    /// Sends all requests made so far.
+    /// Sends all buffered requests.
     void flush();
 
-    /// Whether events wake the program. While it does not listen, events wait until `dispatch` or until it
-    /// listens.
+    /// Whether arriving events wake the program. While listening is off, events wait until `dispatch` is
+    /// called or listening is on again.
     enum class Listening { on, off };
     void setListening(Listening state);
-    /// Tells the events that have arrived; returns how many.
+    /// Emits the events that have arrived; returns their number.
     int dispatch();
 
-    /// Whether the window was created by this program: by Qt's connection or one of ours. Asks no server.
+    /// Whether this program created the window, on Qt's connection or one of ours. No round trip.
     [[nodiscard]] static bool isOwnWindow(xcb_window_t window);
 
 Q_SIGNALS:
-    /// One event, valid during the call. Response types still carry the bit of sent events (0x80).
+    /// An event arrived. It is valid during the call; its response type includes the bit 0x80 if a client
+    /// sent it.
     void eventReceived(const xcb_generic_event_t* event);
-    /// All events that were waiting have been told: the moment to read what they made stale.
+    /// All events that had arrived have been emitted. Data that they invalidated should be read now.
     void settled();
-    /// The server went away. The application has been asked to quit.
+    /// The connection broke. The application has been asked to quit.
     void lost();
 
 private:
@@ -74,18 +75,18 @@ private:
     std::deque<XcbPointer<xcb_generic_event_t>> m_pending;
     bool m_dispatchPlanned = false;
     bool m_alive = true;
-    bool m_quitTold = false;
+    bool m_quitSignalled = false;
 };
 
-/// The root window of a screen, of the last one when there are not as many. Any thread.
+/// The root window of a screen; that of the last screen when the number is too large. Any thread.
 [[nodiscard]] xcb_window_t rootWindow(xcb_connection_t* connection, int screenNumber);
 
-/// The event's kind without the bit that marks events sent by clients.
+/// The event's type without the bit that marks events sent by clients.
 [[nodiscard]] inline int eventKind(const xcb_generic_event_t* event) {
     return event->response_type & 0x7f;
 }
 
-/// The event as the structure that its kind names.
+/// The event as the structure of its type.
 template<typename Event>
 [[nodiscard]] const Event* eventAs(const xcb_generic_event_t* event) {
     return reinterpret_cast<const Event*>(event);

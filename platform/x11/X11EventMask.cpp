@@ -52,8 +52,8 @@ void leaveOutExtendedMotion(xcb_connection_t* connection, xcb_window_t window) {
 } // namespace
 
 void X11EventMask::leaveOutMotion(xcb_connection_t* connection, xcb_window_t window) {
-    // Each stands in for the other: the server sends by the core protocol what the extension was not asked
-    // for.
+    // Both, because the server falls back to the core protocol for events that the extension's mask leaves
+    // out.
     leaveOutExtendedMotion(connection, window);
     leaveOutCoreMotion(connection, window);
     xcb_flush(connection);

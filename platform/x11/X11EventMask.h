@@ -4,12 +4,12 @@
 
 namespace quillary {
 
-/// What a client asked the server to send it of the input devices, by the core protocol and by the X Input
+/// The input events that a client has selected for a window, in the core protocol and in the X Input
 /// Extension 2.
 namespace X11EventMask {
 
-/// Takes movements of the pointer out of what this connection gets for the window; everything else stays. A
-/// window created a moment ago on this connection is known.
+/// Deselects pointer motion on the window for this connection and keeps all other events. The window may have
+/// just been created on the same connection.
 void leaveOutMotion(xcb_connection_t* connection, xcb_window_t window);
 
 } // namespace X11EventMask

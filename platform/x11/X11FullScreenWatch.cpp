@@ -38,8 +38,8 @@ void X11FullScreenWatch::follow(xcb_window_t window) {
     update();
 }
 
-// The list of windows selects the events of all others. What is selected already must stay so: there is one
-// mask for the whole connection.
+// X11ClientList selects the events of all other windows. The mask is extended, because a connection has one
+// event mask per window.
 void X11FullScreenWatch::selectOwn() {
     const auto attributes = m_connection.reply(xcb_get_window_attributes_reply,
                                                xcb_get_window_attributes(m_connection.xcb(), m_watched));

@@ -12,24 +12,24 @@ namespace quillary {
 
 class X11Screens;
 
-/// Whether one window is full-screen (EWMH, _NET_WM_STATE_FULLSCREEN), and what it covers. Asks the server
-/// when the window, its state or, while it is full-screen, its place changes.
+/// Whether one window is full-screen (EWMH, _NET_WM_STATE_FULLSCREEN), and the area it covers. Queries the
+/// server when the window, its state or, while it is full-screen, its geometry changes.
 ///
-/// Its place tells on which monitors it is: a window manager that heeds _NET_WM_FULLSCREEN_MONITORS gives it
-/// the place of these, and to any other the property means nothing.
+/// The geometry alone determines the monitors: a window manager that supports _NET_WM_FULLSCREEN_MONITORS
+/// resizes the window to them, and any other ignores that property.
 class X11FullScreenWatch final : public QObject {
     Q_OBJECT
 
 public:
     X11FullScreenWatch(X11Connection& connection, const X11Screens& screens);
 
-    /// Watches this window, which may be our own, and no longer the one before; XCB_WINDOW_NONE for none.
+    /// Watches this window, which may be our own, instead of the previous one; XCB_WINDOW_NONE for none.
     void follow(xcb_window_t window);
-    /// What the window covers, in global points; absent when it is not full-screen or has gone.
+    /// The area that the window covers, in global points; absent when it is not full-screen or is destroyed.
     [[nodiscard]] std::optional<QRectF> frame() const { return m_frame; }
 
 Q_SIGNALS:
-    /// The frame is another one than before.
+    /// `frame` changed.
     void changed();
 
 private:

@@ -12,7 +12,7 @@ namespace quillary::X11Grab {
 
 namespace {
 
-// The toolkit doesn't look at this answer of the X input extension; without the extension it does.
+// Qt ignores this reply of the X Input Extension; it only checks the core protocol's.
 bool pointerIsTaken(xcb_connection_t* xcb, xcb_window_t window) {
     const XcbPointer<xcb_input_xi_get_client_pointer_reply_t> pointer(xcb_input_xi_get_client_pointer_reply(
         xcb, xcb_input_xi_get_client_pointer(xcb, XCB_WINDOW_NONE), nullptr));

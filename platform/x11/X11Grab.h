@@ -4,9 +4,9 @@ class QWindow;
 
 namespace quillary::X11Grab {
 
-/// Takes pointer and keyboard for a window of the toolkit until it is hidden. The toolkit tries the same when
-/// it opens a popup, but goes on as if it had them when another client does. False when one of them is held
-/// elsewhere or the window is not on an X server.
+/// Grabs the pointer and the keyboard for a Qt window until it is hidden. Qt does the same when it opens a
+/// popup, but continues as if it had succeeded when another client holds a grab. False when another client
+/// holds either, or when Qt does not use an X server.
 [[nodiscard]] bool take(QWindow& window);
 
 } // namespace quillary::X11Grab

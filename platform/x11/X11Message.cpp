@@ -28,7 +28,7 @@ xcb_client_message_event_t made(xcb_window_t window, xcb_atom_t type, std::uint3
 
 void X11Message::toClient(X11Connection& connection, xcb_window_t window, xcb_atom_t type,
                           std::uint32_t first, std::uint32_t second) {
-    // Without a mask it goes to the client that made the window.
+    // With an empty mask, the server delivers the event to the client that created the window.
     send(connection, window, XCB_EVENT_MASK_NO_EVENT, made(window, type, first, second));
 }
 

@@ -10,7 +10,7 @@ namespace quillary {
 
 namespace {
 
-// The largest EDID has 255 extensions of 128 bytes; the first block is all that is read here.
+// An EDID has a block of 128 bytes and up to 255 extensions. Only the first block is read.
 constexpr std::uint32_t edidLongs = 128 / 4;
 
 std::string atomName(X11Connection& connection, xcb_atom_t atom) {

@@ -11,18 +11,18 @@
 
 namespace quillary {
 
-/// One monitor as RandR 1.5 tells it.
+/// A monitor as RandR 1.5 reports it.
 struct X11Monitor {
-    /// The name of the connector, or the one that the user gave to a part of a screen. Valid UTF-8.
+    /// The connector's name, or the name of a monitor that the user defined. Valid UTF-8.
     std::string name;
-    /// Device pixels of the root window.
+    /// On the root window, in device pixels.
     QRect geometry;
     bool primary = false;
-    /// What the display itself says, when it says so.
+    /// The display's own identification; absent when it provides none.
     std::optional<Edid> edid;
 
-    /// The monitors that show something, the primary one first, then in the server's order, without mirrors.
-    /// Empty when there is none or the server knows no RandR 1.5.
+    /// The active monitors, the primary one first, then in the server's order. A monitor that shows the same
+    /// area as an earlier one is left out. Empty without monitors or without RandR 1.5.
     [[nodiscard]] static std::vector<X11Monitor> readAll(X11Connection& connection);
 
     bool operator==(const X11Monitor&) const = default;

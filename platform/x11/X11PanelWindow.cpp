@@ -26,10 +26,10 @@ namespace {
 
 constexpr std::uint32_t allDesktops = 0xFFFFFFFF;
 
-// A window manager gets this long to place the window as it was told, in milliseconds.
+// How long a window manager may take to apply the requested frame, in milliseconds.
 constexpr int frameCheckDelay = 300;
 
-// One that still places it elsewhere after so many reminders insists on it: going on would never end.
+// A window manager that still overrides the frame after so many requests will not give in.
 constexpr int mostFrameRetries = 5;
 
 template<std::size_t count>
@@ -59,8 +59,8 @@ X11PanelWindow::X11PanelWindow(QWidget& contents, X11Connection& connection, con
         applyShapes();
         Q_EMIT compositedChanged();
     });
-    // Qt maps points to pixels by the screens it knows: once it knows others, the same frame may lie
-    // elsewhere.
+    // Qt maps points to pixels by its list of screens. When that changes, the same frame may be at other
+    // pixels.
     connect(qGuiApp, &QGuiApplication::screenAdded, this, &X11PanelWindow::screensChanged);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11PanelWindow::screensChanged,
             Qt::QueuedConnection);
@@ -98,8 +98,8 @@ void X11PanelWindow::dress() {
         m_sentBlur = {};
         m_sentBounds.reset();
         followCrossings();
-        // The pointer monitor tells of movements once a frame; a fast mouse would wake two threads a thousand
-        // times a second.
+        // X11PointerMonitor reports movements once per frame. Qt would wake two threads for each event, a
+        // thousand times a second with a fast mouse.
         X11EventMask::leaveOutMotion(qtConnection(), m_native);
     }
     applyBlur();
@@ -118,8 +118,7 @@ void X11PanelWindow::setProperties() {
 }
 
 void X11PanelWindow::followCrossings() {
-    // The window must exist for the server before another connection can speak of it: a round trip makes
-    // sure.
+    // A round trip ensures that the server has created the window before another connection refers to it.
     auto* xcb = qtConnection();
     const XcbPointer<xcb_get_geometry_reply_t> reply(
         xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, m_native), nullptr));
@@ -145,7 +144,7 @@ bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event) {
             }
             break;
         case QEvent::Show:
-            // Window managers take the states off a window that was hidden.
+            // Window managers remove the states of a window when it is withdrawn (EWMH).
             if (!event->spontaneous()) {
                 dress();
             }

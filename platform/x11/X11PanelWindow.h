@@ -17,19 +17,19 @@ namespace quillary {
 class X11Compositor;
 class X11Screens;
 
-/// A dock's window under an EWMH window manager: of type dock, above, on all desktops, out of task bars and
-/// pagers, with an input region by the SHAPE extension. It reserves no space.
+/// A dock's window under an EWMH window manager: of type dock, above other windows, on all desktops, not in
+/// task bars or pagers, with an input region by the SHAPE extension. It reserves no space.
 ///
-/// While nothing composites, the window's bounds are the visible shape. The X server takes no clicks outside
-/// the bounds, so what is not seen lets them through then even inside the input region.
+/// Without a compositor, the window's bounding shape is the visible shape. The X server delivers no clicks
+/// outside the bounding shape, even inside the input region.
 ///
-/// A window manager that places the window elsewhere is asked again a few times, then has its way until the
-/// frame or the screens change.
+/// When the window manager moves or resizes the window, the frame is requested again a few times, then left
+/// as it is until the frame or the screens change.
 class X11PanelWindow final : public PanelWindow {
     Q_OBJECT
 
 public:
-    /// Dresses the widget, which must be a top-level one that was never shown.
+    /// `contents` must be a top-level widget that was never shown.
     X11PanelWindow(QWidget& contents, X11Connection& connection, const X11Compositor& compositor,
                    const X11Screens& screens);
     ~X11PanelWindow() override;
@@ -37,7 +37,7 @@ public:
     void setFrame(const QRect& frame) override;
     [[nodiscard]] QRect frame() const override { return m_frame; }
     void setInputRegion(const QRegion& region) override;
-    /// Does nothing: the input region is exact.
+    /// No-op: the input region is exact.
     void setIgnoresMouseEvents(bool ignores) override;
     void setVisibleShape(const QRegion& region) override;
     [[nodiscard]] bool composited() const override;
@@ -74,7 +74,7 @@ private:
     std::optional<QRegion> m_inputRegion;
     std::optional<QRegion> m_visibleShape;
     QRegion m_blurRegion;
-    // What the server was told last, so that nothing is told twice: a new shape makes it send crossings.
+    // The state last sent to the server. Sending the same shape again would cause enter and leave events.
     std::optional<QRegion> m_sentInput;
     std::optional<QRegion> m_sentBounds;
     QRegion m_sentBlur;

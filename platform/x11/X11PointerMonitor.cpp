@@ -22,7 +22,7 @@ X11PointerMonitor::X11PointerMonitor(std::unique_ptr<X11Connection> connection, 
     connect(m_connection.get(), &X11Connection::eventReceived, this, &X11PointerMonitor::handleEvent);
     connect(m_connection.get(), &X11Connection::settled, this, &X11PointerMonitor::handleSettled);
     selectRawEvents();
-    m_lastTold = query();
+    m_lastEmitted = query();
 }
 
 int X11PointerMonitor::frameInterval() {
@@ -45,7 +45,7 @@ void X11PointerMonitor::selectRawEvents() {
         return;
     }
     m_extensionOpcode = input->major_opcode;
-    // A click or a touch shows where a pointer stands that was moved by a program.
+    // Clicks and touches reveal the location of a pointer that a program has warped.
     struct {
         xcb_input_event_mask_t head;
         std::uint32_t mask;
@@ -68,7 +68,7 @@ void X11PointerMonitor::handleSettled() {
         return;
     }
     m_moving = false;
-    // Until the frame ends, movements wait in the socket instead of waking the program one by one.
+    // Until the frame ends, events stay in the socket instead of waking the program one by one.
     m_connection->setListening(X11Connection::Listening::off);
     m_frame.start(frameInterval());
     m_lastLook.start();
@@ -76,7 +76,7 @@ void X11PointerMonitor::handleSettled() {
 }
 
 void X11PointerMonitor::endFrame() {
-    // Movements of the last frame begin the next one.
+    // Movements during this frame start the next one.
     m_connection->dispatch();
     if (!m_frame.isActive()) {
         m_connection->setListening(X11Connection::Listening::on);
@@ -84,13 +84,13 @@ void X11PointerMonitor::endFrame() {
 }
 
 QPointF X11PointerMonitor::location() const {
-    return query().value_or(m_lastTold.value_or(QPointF()));
+    return query().value_or(m_lastEmitted.value_or(QPointF()));
 }
 
 void X11PointerMonitor::refresh() {
     const auto now = query();
-    if (now && now != m_lastTold) {
-        m_lastTold = now;
+    if (now && now != m_lastEmitted) {
+        m_lastEmitted = now;
         Q_EMIT moved(*now);
     }
 }
@@ -98,7 +98,7 @@ void X11PointerMonitor::refresh() {
 std::optional<QPointF> X11PointerMonitor::query() const {
     const auto answer = m_connection->reply(xcb_query_pointer_reply,
                                             xcb_query_pointer(m_connection->xcb(), m_connection->root()));
-    // A pointer on another X screen has no place on this desktop.
+    // A pointer on another X screen is not on this desktop.
     if (!answer || answer->same_screen == 0) {
         return std::nullopt;
     }

@@ -12,9 +12,9 @@ namespace quillary {
 
 class X11Screens;
 
-/// The pointer by raw XInput 2 events, which the server delivers whoever has the pointer grabbed, on a
-/// connection of its own so that a fast mouse burdens no other. Between two frames it sleeps; a moment after
-/// the last movement it looks once more, and then does nothing at all.
+/// Tracks the pointer by raw XInput 2 events, which the server delivers even while another client has grabbed
+/// the pointer. It has a separate connection, so that it can stop listening between two frames. After the
+/// last movement it queries the pointer once more and is then idle.
 class X11PointerMonitor final : public PointerMonitor {
     Q_OBJECT
 
@@ -24,12 +24,11 @@ public:
     [[nodiscard]] QPointF location() const override;
     void refresh() override;
 
-    /// The time between two looks at a moving pointer, in milliseconds: a frame of the fastest screen, within
-    /// bounds for screens that tell nonsense.
+    /// The time between two queries while the pointer moves, in milliseconds: one frame of the screen with
+    /// the highest refresh rate, clamped to 4 to 16 ms because some screens report implausible rates.
     [[nodiscard]] static int frameInterval();
-    /// The time after the last movement at which it looks once more, in milliseconds: raw events are sent
-    /// even while another client holds the pointer frozen, and nothing is sent when it is let go at its new
-    /// place.
+    /// The time from the last movement to the final query, in milliseconds. While another client freezes the
+    /// pointer, raw events arrive but the location does not change, and releasing it sends no event.
     static constexpr int lastLookDelay = 250;
 
 private:
@@ -43,7 +42,7 @@ private:
     const X11Screens& m_screens;
     QTimer m_frame;
     QTimer m_lastLook;
-    std::optional<QPointF> m_lastTold;
+    std::optional<QPointF> m_lastEmitted;
     std::uint8_t m_extensionOpcode = 0;
     bool m_moving = false;
 };

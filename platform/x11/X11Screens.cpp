@@ -74,7 +74,7 @@ QRect X11Screens::frameNear(QPoint point) const {
     return nearest;
 }
 
-// Qt learns of a monitor and of a new scale at its own time, sometimes after us.
+// Qt may process a new monitor or scale later than we do.
 void X11Screens::followQtScreens() {
     const auto follow = [this](QScreen* screen) {
         connect(screen, &QScreen::geometryChanged, this, &X11Screens::update);
@@ -100,7 +100,7 @@ void X11Screens::handleEvent(const xcb_generic_event_t* event) {
         }
         return;
     }
-    // Some servers tell a change of the user's own monitors by no RandR event but by the root window's.
+    // Some servers send no RandR event for a change of user-defined monitors, only the root window's event.
     const bool rootChanged = kind == XCB_CONFIGURE_NOTIFY &&
                              eventAs<xcb_configure_notify_event_t>(event)->window == m_connection.root();
     const bool randrChanged = m_randrEvent >= 0 && (kind == m_randrEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
@@ -125,7 +125,7 @@ void X11Screens::handleClients() {
     std::unordered_set<xcb_window_t> now;
     std::vector<xcb_window_t> added;
     for (const auto window : m_clients.windows()) {
-        // Our own docks stand beside each other; they make no room for one another.
+        // Our own docks do not make room for one another.
         if (!X11Connection::isOwnWindow(window) && now.insert(window).second &&
             !m_strutWindows.contains(window)) {
             added.push_back(window);

@@ -13,8 +13,8 @@ namespace quillary {
 class X11ClientList;
 struct X11Monitor;
 
-/// The monitors that RandR tells, read by ourselves: Qt misses some changes and knows no free space per
-/// monitor. A monitor that shows the same area as an earlier one is a mirror and left out.
+/// The monitors that RandR reports. They are not taken from Qt, which misses some changes and does not know
+/// the reserved space of each monitor.
 class X11Screens final : public Screens {
     Q_OBJECT
 
@@ -23,15 +23,14 @@ public:
     ~X11Screens() override;
 
     [[nodiscard]] std::vector<ScreenInfo> list() const override { return m_list; }
-    /// A point of the X server's root window in global points.
+    /// Converts a point of the root window, in device pixels, to global points.
     [[nodiscard]] QPointF toPoints(QPoint native) const { return toGlobalPoints(m_nativeScreens, native); }
-    /// A rectangle of the X server's root window in global points.
+    /// Converts a rectangle of the root window, in device pixels, to global points.
     [[nodiscard]] QRectF toPoints(const QRect& native) const {
         return toGlobalPoints(m_nativeScreens, native);
     }
-
-    /// The frame of the screen that holds the point, else of the nearest one, in global points; empty without
-    /// screens.
+    /// The frame of the screen that contains the point, else of the nearest one, in global points; empty
+    /// without screens.
     [[nodiscard]] QRect frameNear(QPoint point) const;
 
 private:
@@ -49,7 +48,7 @@ private:
     std::vector<X11Monitor> m_monitors;
     QSize m_desktop;
     std::unordered_set<xcb_window_t> m_strutWindows;
-    // Ordered, so that equal struts give equal frames whatever came first.
+    // Ordered, so that the frames do not depend on the order in which struts appeared.
     std::map<xcb_window_t, Strut> m_struts;
     std::unordered_set<xcb_window_t> m_staleStruts;
     bool m_monitorsStale = false;

@@ -8,19 +8,20 @@
 
 namespace quillary {
 
-/// Whether some program owns a manager selection of the screen (ICCCM 2.8), whose name ends in "_S" and the
-/// screen's number: compositors and trays show themselves that way.
+/// Watches whether a program owns one of the screen's manager selections (ICCCM 2.8), by which compositors
+/// and trays announce themselves. The name of such a selection ends in "_S" and the screen's number.
 class X11SelectionOwner final : public QObject {
     Q_OBJECT
 
 public:
-    /// The name is given without the number.
+    /// `name` is the selection's name without "_S" and the number. Without the XFIXES extension the owner is
+    /// never present.
     X11SelectionOwner(X11Connection& connection, const std::string& name);
 
     [[nodiscard]] bool isPresent() const { return m_present; }
 
 Q_SIGNALS:
-    /// The owner came or went.
+    /// `isPresent` changed.
     void changed();
 
 private:

@@ -9,7 +9,7 @@ void request(xcb_connection_t* connection, xcb_window_t window) {
 }
 
 std::optional<xcb_timestamp_t> answer(const xcb_generic_event_t* event, xcb_window_t window) {
-    // Events that other clients sent carry a bit more here and are not believed.
+    // Events that other clients sent have the bit 0x80 set and are not trusted.
     if (event->response_type != XCB_PROPERTY_NOTIFY) {
         return std::nullopt;
     }

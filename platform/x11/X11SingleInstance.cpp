@@ -17,7 +17,7 @@ namespace quillary {
 
 namespace {
 
-// Each time the one that ran had ended before it answered.
+// An attempt fails when the running instance ends before it answers.
 constexpr int mostAttempts = 5;
 
 constexpr std::uint32_t protocolVersion = 1;
@@ -39,10 +39,10 @@ bool X11SingleInstance::claim() {
         if (owner == m_window) {
             return true;
         }
-        if (tell(owner) == Answer::heard) {
+        if (notify(owner) == Answer::heard) {
             xcb_destroy_window(m_connection.xcb(), std::exchange(m_window, XCB_WINDOW_NONE));
             m_connection.flush();
-            // What was started is the window that the other one shows now.
+            // The launch is complete: the other instance now shows the window.
             if (const auto id = StartupId::own(); !id.empty()) {
                 m_startup.origin().broadcast(startupEnd(id));
             }
@@ -67,7 +67,7 @@ void X11SingleInstance::createWindow() {
 
 xcb_window_t X11SingleInstance::takeOrFindOwner() {
     auto* xcb = m_connection.xcb();
-    // Between the look and the claim nobody else may claim.
+    // No other client may acquire the selection between the check and our claim.
     xcb_grab_server(xcb);
     const auto found =
         m_connection.reply(xcb_get_selection_owner_reply, xcb_get_selection_owner(xcb, m_selection));
@@ -85,8 +85,8 @@ xcb_window_t X11SingleInstance::takeOrFindOwner() {
     return owner;
 }
 
-// By a connection of its own, whose events are nobody else's.
-X11SingleInstance::Answer X11SingleInstance::tell(xcb_window_t owner) const {
+// Uses a separate connection, so that no other object receives its events.
+X11SingleInstance::Answer X11SingleInstance::notify(xcb_window_t owner) const {
     const auto line = X11Connection::open();
     if (!line) {
         return Answer::heard;
@@ -150,11 +150,12 @@ void X11SingleInstance::handleTime(xcb_timestamp_t now) {
         return;
     }
     auto time = *std::exchange(m_asked, std::nullopt);
-    // Server times wrap. One that lies in the future would spoil all that the toolkit asks for from now on.
+    // Server times wrap around. Qt must not use a time in the future: it would stamp all later requests with
+    // it.
     if (time == XCB_CURRENT_TIME || static_cast<std::int32_t>(now - time) < 0) {
         time = now;
     }
-    m_userTime.tell(time, [this] { Q_EMIT reopened(); });
+    m_userTime.announce(time, [this] { Q_EMIT reopened(); });
 }
 
 } // namespace quillary

@@ -10,21 +10,21 @@ namespace quillary {
 
 class StartupNotification;
 
-/// One running program on each screen of an X server: it owns the selection _QUILLARY_Sn (n is the number of
-/// the screen), as ICCCM 2.8 has it for managers, by a window that bears the property _QUILLARY_INSTANCE. A
-/// second start sends that window a client message _QUILLARY_REOPEN with the moment of the start and its own
-/// window, and gets the same message back.
+/// One instance per screen of an X server. The instance owns the selection _QUILLARY_Sn, where n is the
+/// number of the screen (a manager selection of ICCCM 2.8), with a window that has the property
+/// _QUILLARY_INSTANCE. A second process sends that window the client message _QUILLARY_REOPEN with the time
+/// of its launch and a window of its own, and receives the same message in reply.
 ///
-/// An owner without the property is another program's, and loses the selection. A program that takes the
-/// selection from us can bring about a second start, and nothing worse.
+/// An owner without the property is not an instance and loses the selection. A client that takes the
+/// selection from us can cause a second instance, but nothing worse.
 class X11SingleInstance final : public SingleInstance {
     Q_OBJECT
 
 public:
     X11SingleInstance(X11Connection& connection, const StartupNotification& startup);
 
-    /// Waits up to `longestWait` for the one that runs. When that ends instead of answering, this process
-    /// takes its place; when it keeps silent it is believed to be busy.
+    /// Waits up to `longestWait` for the running instance to answer. If it ends instead, this process takes
+    /// over; if it does not answer in time, it is assumed to be busy, and the result is false.
     [[nodiscard]] bool claim() override;
 
     /// Milliseconds.
@@ -35,7 +35,7 @@ private:
 
     void createWindow();
     [[nodiscard]] xcb_window_t takeOrFindOwner();
-    [[nodiscard]] Answer tell(xcb_window_t owner) const;
+    [[nodiscard]] Answer notify(xcb_window_t owner) const;
     void handleEvent(const xcb_generic_event_t* event);
     void confirm(xcb_window_t asker);
     void handleTime(xcb_timestamp_t now);
@@ -47,7 +47,7 @@ private:
     xcb_atom_t m_mark = XCB_ATOM_NONE;
     xcb_atom_t m_reopen = XCB_ATOM_NONE;
     xcb_window_t m_window = XCB_WINDOW_NONE;
-    // The moment that the last message told; 0 when it told none.
+    // The launch time in the last message; 0 when it had none.
     std::optional<xcb_timestamp_t> m_asked;
 };
 

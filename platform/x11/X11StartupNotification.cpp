@@ -108,13 +108,13 @@ bool X11StartupNotification::eventFilter(QObject* /*watched*/, QEvent* event) {
     case QEvent::KeyRelease:
     case QEvent::TouchBegin:
     case QEvent::TouchEnd:
-        // Qt hands on the server's time; an event that a program made up has none.
+        // Qt passes the server's time on. Synthesised events have none.
         if (const auto time = static_cast<QInputEvent*>(event)->timestamp(); time != 0) {
             m_lastInput = static_cast<std::uint32_t>(time);
         }
         break;
     case QEvent::Drop:
-        // Its moment is the source's secret, and what came before is long past.
+        // Qt does not provide the time of a drop, and the last input event is too old to stand in for it.
         m_lastInput = 0;
         break;
     default:

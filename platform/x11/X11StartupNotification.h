@@ -8,21 +8,20 @@
 
 namespace quillary {
 
-/// Startup notification on X11: client messages to the root window, and the X server's time of the last click
-/// or key in one of this program's windows.
+/// Startup notification on X11: client messages to the root window, and the X server's time of the last
+/// button or key event in one of this program's windows.
 ///
-/// The protocol knows no monitor. A click is where the pointer is, and there window managers place new
-/// windows when they are set to follow the pointer; nothing else can be asked of them.
+/// The protocol cannot name a monitor. A click on a dock leaves the pointer on the right one, where window
+/// managers place new windows if they are configured to follow the pointer.
 class X11StartupNotification final : public QObject, public StartupNotification {
     Q_OBJECT
 
 public:
-    /// Watches the application's events. The number is that of the X screen.
+    /// Watches the QApplication's events. `screenNumber` is that of the X screen.
     explicit X11StartupNotification(int screenNumber);
     ~X11StartupNotification() override;
 
-    /// Its functions connect to the X server for the moment of the call, so that they depend on nothing in
-    /// this thread.
+    /// The functions of the result open a connection for each call and may run on any thread.
     [[nodiscard]] StartupOrigin origin() const override;
 
     [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;

@@ -14,7 +14,7 @@ QString decode(std::string_view bytes) {
     return utf8.hasError() ? QString::fromLatin1(view) : text;
 }
 
-// A sequence that the bound cut in the middle would make the whole text look like Latin-1.
+// A truncated last sequence would make the whole text look like Latin-1.
 std::string_view withoutCutSequence(std::string_view bytes) {
     auto end = bytes.size();
     while (end > 0 && bytes.size() - end < 3 &&

@@ -6,12 +6,12 @@
 
 namespace quillary::X11Text {
 
-/// The longest text that is taken from another program's window, in bytes.
+/// The longest text that is read from another program's window, in bytes.
 inline constexpr std::size_t maxBytes = 1024;
 
-/// A window's text as valid UTF-8 of at most maxBytes bytes. It ends at the first NUL. Bytes that are no
-/// UTF-8 are read as Latin-1, the encoding of ICCCM's STRING; control characters become spaces; cutting
-/// splits no character.
+/// A window's text as valid UTF-8 of at most maxBytes bytes, up to the first NUL. Text that is not UTF-8 is
+/// decoded as Latin-1, the encoding of ICCCM's STRING. Control characters become spaces. Truncation splits no
+/// character.
 [[nodiscard]] std::string clean(std::string_view bytes);
 
 } // namespace quillary::X11Text

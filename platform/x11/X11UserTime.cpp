@@ -26,8 +26,8 @@ X11UserTime::~X11UserTime() {
     }
 }
 
-void X11UserTime::tell(xcb_timestamp_t time, std::function<void()> told) {
-    m_pending = std::move(told);
+void X11UserTime::announce(xcb_timestamp_t time, std::function<void()> announced) {
+    m_pending = std::move(announced);
     m_deadline.start();
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 == nullptr || x11->connection() == nullptr) {
@@ -38,7 +38,7 @@ void X11UserTime::tell(xcb_timestamp_t time, std::function<void()> told) {
         m_window = std::make_unique<QWindow>();
         m_window->create();
     }
-    // The toolkit takes its idea of now from the events that it gets; this one says nothing else.
+    // Qt takes the present time from the events that it receives. This one has no other effect.
     xcb_property_notify_event_t event{};
     event.response_type = XCB_PROPERTY_NOTIFY;
     event.window = static_cast<xcb_window_t>(m_window->winId());
@@ -55,7 +55,7 @@ bool X11UserTime::nativeEventFilter(const QByteArray& type, void* message, qintp
         const auto* event = static_cast<const xcb_property_notify_event_t*>(message);
         if ((event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY && event->atom == XCB_ATOM_NONE &&
             event->window == static_cast<xcb_window_t>(m_window->winId())) {
-            // The toolkit looks at it after this.
+            // Qt processes the event after its native event filters.
             QMetaObject::invokeMethod(this, &X11UserTime::finish, Qt::QueuedConnection);
         }
     }
@@ -64,8 +64,8 @@ bool X11UserTime::nativeEventFilter(const QByteArray& type, void* message, qintp
 
 void X11UserTime::finish() {
     m_deadline.stop();
-    if (const auto told = std::exchange(m_pending, nullptr)) {
-        told();
+    if (const auto announced = std::exchange(m_pending, nullptr)) {
+        announced();
     }
 }
 

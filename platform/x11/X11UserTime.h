@@ -11,9 +11,9 @@
 
 namespace quillary {
 
-/// Lets the toolkit know of a moment at which the user asked for something elsewhere. It stamps the requests
-/// that bring a window to the front with the last moment that it knows of, and window managers refuse the
-/// ones that are older than what the user did since.
+/// Informs Qt of the time of a user action that it did not see, such as a launch from another program. Qt
+/// stamps its requests to raise a window with the latest user time that it knows, and window managers refuse
+/// requests that are older than the user's last action.
 class X11UserTime final : public QObject, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -21,16 +21,15 @@ public:
     X11UserTime();
     ~X11UserTime() override;
 
-    /// Tells it the moment (X server's time, which must not lie in the future), then calls `told` from the
-    /// event loop, once; after a second even if the server says nothing. A later call takes the place of one
-    /// that is under way.
-    void tell(xcb_timestamp_t time, std::function<void()> told);
+    /// Sets Qt's user time (X server's clock; not in the future), then calls `announced` once from the event
+    /// loop, after a second at the latest. A call replaces a previous one that has not finished.
+    void announce(xcb_timestamp_t time, std::function<void()> announced);
 
 private:
     [[nodiscard]] bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
     void finish();
 
-    // Never shown: the toolkit hears through a window only.
+    // Never shown. Qt receives the event through it.
     std::unique_ptr<QWindow> m_window;
     std::function<void()> m_pending;
     QTimer m_deadline;

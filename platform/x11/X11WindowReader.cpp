@@ -23,7 +23,7 @@ std::string ownHostName() {
     return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : std::string();
 }
 
-// WM_CLASS holds two texts, each ended by NUL: instance, then class.
+// WM_CLASS (ICCCM 4.1.2.5) consists of two NUL-terminated strings: instance, then class.
 void readClass(const std::string& bytes, WindowInfo& info) {
     const auto end = std::min(bytes.find('\0'), bytes.size());
     info.instance = X11Text::clean(bytes.substr(0, end));
@@ -69,7 +69,7 @@ std::optional<WindowInfo> X11WindowReader::finish(const Request& request) const 
     info.id = request.window;
     readClass(answer(request.windowClass).bytes, info);
     const auto pid = answer(request.pid).firstNumber();
-    // A process number means something on its own machine only.
+    // A process id is meaningful only on the machine that the client runs on.
     const auto machine = X11Text::clean(answer(request.machine).bytes);
     if (!machine.empty() && machine == m_hostName && pid <= std::numeric_limits<std::int32_t>::max()) {
         info.pid = pid;
@@ -81,7 +81,7 @@ std::optional<WindowInfo> X11WindowReader::finish(const Request& request) const 
     const auto types = answer(request.types);
     const auto states = answer(request.states);
     info.normal = X11WindowKind::isNormal(m_connection.atoms(), types.numbers, states.numbers);
-    // The last answer tells whether the window was there for all of them.
+    // If the window existed for the last request, it existed for all of them.
     return states.windowExists ? std::optional(info) : std::nullopt;
 }
 

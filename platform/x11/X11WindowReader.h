@@ -9,12 +9,12 @@
 
 namespace quillary {
 
-/// Reads what windows say of themselves (ICCCM, EWMH and toolkits' own properties).
+/// Reads the properties by which windows describe themselves: those of ICCCM and EWMH, and toolkits' own.
 class X11WindowReader {
 public:
     explicit X11WindowReader(X11Connection& connection);
 
-    /// The given windows, in one round trip; those that have gone are missing from the result.
+    /// Reads these windows in one round trip. Windows that no longer exist are missing from the result.
     [[nodiscard]] std::unordered_map<xcb_window_t, WindowInfo>
     read(const std::vector<xcb_window_t>& windows) const;
     /// Whether a change of the property can change what `read` returns.

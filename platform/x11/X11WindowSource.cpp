@@ -11,7 +11,7 @@ namespace quillary {
 
 namespace {
 
-// EWMH: the request comes from a pager or dock, that is, from the user.
+// EWMH's source indication of pagers and docks, whose requests are the user's own.
 constexpr std::uint32_t sourceUser = 2;
 constexpr std::uint32_t allDesktops = 0xFFFFFFFF;
 constexpr std::uint32_t maxSupportedBytes = 1024 * 4;
@@ -112,7 +112,7 @@ void X11WindowSource::updateActive() {
             requestProperty(m_connection, m_connection.root(), m_connection.atoms().netActiveWindow, 4);
         window = readProperty(m_connection, cookie).firstNumber();
     }
-    // Some window managers go on naming a window that has gone.
+    // Some window managers keep naming a window after it was destroyed.
     const auto& managed = m_clients.windows();
     if (std::ranges::find(managed, window) == managed.end()) {
         window = XCB_WINDOW_NONE;
@@ -154,7 +154,7 @@ void X11WindowSource::showDesktopOf(xcb_window_t window) {
     const auto current = requestProperty(m_connection, m_connection.root(), atoms.netCurrentDesktop, 4);
     const auto wanted = readProperty(m_connection, ofWindow).numbers;
     const auto shown = readProperty(m_connection, current).numbers;
-    // Some window managers refuse to activate a window of another desktop.
+    // Some window managers refuse to activate a window on another desktop.
     if (!wanted.empty() && !shown.empty() && wanted.front() != shown.front() &&
         wanted.front() != allDesktops) {
         X11Message::toWindowManager(m_connection, m_connection.root(), atoms.netCurrentDesktop,

@@ -14,7 +14,7 @@ class Scheduler;
 class X11ClientList;
 class X11Screens;
 
-/// Other programs' windows as the EWMH window manager lists them; none while there is no such window manager.
+/// Other programs' windows as the EWMH window manager lists them; empty without an EWMH window manager.
 class X11WindowSource final : public WindowSource {
     Q_OBJECT
 
@@ -30,8 +30,8 @@ public:
     void activate(std::uint64_t id) override;
     void close(std::uint64_t id) override;
 
-    /// How long no window has to be active before that is told, in seconds: window managers pass through that
-    /// state between two windows.
+    /// How long no window has to be active before activeWindowChanged is emitted, in seconds: window managers
+    /// briefly report no active window between two windows.
     static constexpr double focusGap = 0.15;
 
 private:
@@ -51,7 +51,7 @@ private:
     std::vector<WindowInfo> m_windows;
     std::unordered_set<xcb_window_t> m_stale;
     X11FullScreenWatch m_fullScreen;
-    // Our own windows too.
+    // May be one of our own windows.
     xcb_window_t m_focused = XCB_WINDOW_NONE;
     std::optional<std::uint64_t> m_activeWindow;
     std::unique_ptr<ScheduledTask> m_loseFocus;

@@ -5,12 +5,12 @@
 
 namespace quillary {
 
-/// Frees what xcb allocated with malloc.
+/// Frees memory that xcb allocated with malloc.
 struct XcbFree {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-/// A reply or an event of xcb; null when the request failed.
+/// Owns a reply or an event of xcb. Null for a failed request.
 template<typename T>
 using XcbPointer = std::unique_ptr<T, XcbFree>;
 
