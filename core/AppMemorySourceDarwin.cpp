@@ -39,7 +39,7 @@ std::string executable(std::int32_t pid) {
 
 std::uint64_t footprint(std::int32_t pid) {
     rusage_info_v2 usage{};
-    // The call's own way to pass a record of any flavour.
+    // The function takes a pointer to the record of any flavour under this type.
     auto* record = reinterpret_cast<rusage_info_t*>(&usage);
     return ::proc_pid_rusage(pid, RUSAGE_INFO_V2, record) == 0 ? usage.ri_phys_footprint : 0;
 }

@@ -14,11 +14,11 @@ namespace quillary::MemoryReader {
 
 namespace {
 
-// In words of 32 bits. More than the kernel's record has today: it fills in its own size.
+// In 32-bit words. Larger than the kernel's present record, whose size the call returns.
 constexpr mach_msg_type_number_t statisticsWords = 62;
 static_assert(sizeof(xsw_usage) == 32);
 
-// Asks for a value of exactly this type; one that cannot be had is zero.
+// The value of a name of sysctl; zero on failure.
 template<typename Value>
 Value systemValue(const char* name) {
     Value value{};
@@ -39,7 +39,7 @@ std::uint64_t used() {
         fatal("the size of a memory page is negative");
     }
     vm_statistics64 statistics{};
-    // Later systems may know a longer record; what is read here stands at its start.
+    // Later systems may return a longer record. The fields that are read here are at its start.
     std::memcpy(&statistics, words.data(), std::min(sizeof(statistics), sizeof(words)));
     return MemoryStats::usedBytes(static_cast<std::uint64_t>(pageSize), statistics.internal_page_count,
                                   statistics.purgeable_count, statistics.wire_count,

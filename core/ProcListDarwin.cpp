@@ -8,7 +8,7 @@ namespace quillary::ProcList {
 
 namespace {
 
-// Room for processes that start between the two calls.
+// For processes that start between the two calls.
 constexpr int spareSlots = 64;
 
 } // namespace

@@ -4,8 +4,8 @@
 
 namespace quillary {
 
-/// The meaning of an NSApplicationActivationPolicy: 0 is regular, 1 accessory, 2 prohibited. Values that are
-/// not documented stand in no dock, so they are prohibited.
+/// Converts an NSApplicationActivationPolicy: 0 is regular, 1 accessory, 2 prohibited. Undocumented values
+/// are prohibited, so that such applications appear in no dock.
 [[nodiscard]] ActivationPolicy activationPolicy(long value);
 
 } // namespace quillary

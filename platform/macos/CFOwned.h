@@ -11,7 +11,7 @@ struct CFReleaser {
     void operator()(CFTypeRef reference) const { CFRelease(reference); }
 };
 
-/// Owns what CoreFoundation's "Create" and "Copy" functions return, and releases it at the end.
+/// Owns an object that one of CoreFoundation's "Create" or "Copy" functions returned.
 template<typename Reference>
 using CFOwned = std::unique_ptr<std::remove_pointer_t<Reference>, CFReleaser>;
 

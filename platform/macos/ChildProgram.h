@@ -5,8 +5,8 @@
 
 namespace quillary {
 
-/// Starts a program and waits until it has ended; the event loop stands still meanwhile, so nothing of the
-/// program runs in between. Its exit status; -1 when it could not be started or was killed.
+/// Runs a program and waits until it has ended, without running the event loop meanwhile. Returns its exit
+/// status; -1 when it could not be started or a signal ended it.
 int runAndWait(const std::string& program, const std::vector<std::string>& arguments);
 
 } // namespace quillary

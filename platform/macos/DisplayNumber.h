@@ -5,8 +5,8 @@
 
 namespace quillary {
 
-/// A display's number out of what a screen's description holds for it: 0 when that is missing, no number, or
-/// no whole number of 32 bits.
+/// The number of a display, from the value in its screen's device description. 0 when the value is missing or
+/// not a 32-bit whole number.
 [[nodiscard]] std::uint32_t displayNumber(std::optional<double> described);
 
 } // namespace quillary

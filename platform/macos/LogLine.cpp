@@ -24,8 +24,8 @@ bool breaksLine(QChar character) {
 std::string logLine(std::string_view text) {
     const auto start = text.substr(0, longestLine);
     auto line = QString::fromUtf8(start.data(), static_cast<qsizetype>(start.size()));
-    // The cut may have left the beginning of a character, whose replacement would say that the text was
-    // broken.
+    // Truncation may have split a character. Its replacement character would suggest that the text was
+    // malformed.
     if (start.size() < text.size() && line.endsWith(QChar::ReplacementCharacter)) {
         line.chop(1);
     }

@@ -5,8 +5,8 @@
 
 namespace quillary {
 
-/// The text as one line of a log: UTF-8, with spaces for line breaks and control characters, and U+FFFD for
-/// what is no UTF-8. A line is cut at about a thousand bytes, the most that the unified log keeps of a text.
+/// The text as one line of the unified log: line breaks and control characters become spaces, malformed UTF-8
+/// becomes U+FFFD. The line is truncated to 1,000 bytes, because the log keeps little more of a string.
 [[nodiscard]] std::string logLine(std::string_view text);
 
 } // namespace quillary

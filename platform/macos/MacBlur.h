@@ -7,8 +7,7 @@
 
 namespace quillary {
 
-/// A blurred picture of what lies behind a window, seen in a region of it. It stands under the window's
-/// contents.
+/// Blurs what lies behind a region of a window, by a view under the window's contents.
 class MacBlur {
 public:
     MacBlur() = default;
@@ -16,7 +15,8 @@ public:
     MacBlur& operator=(const MacBlur&) = delete;
     ~MacBlur();
 
-    /// Points of the contents, origin top-left. Setting the same again costs nothing.
+    /// Shows the blur in a region of contents of this size, in points with the origin top-left. An empty
+    /// region hides it. Calling it again with equal values is free.
     void show(const QRegion& region, QSize size, NSWindow* window);
 
 private:

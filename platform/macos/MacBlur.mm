@@ -4,7 +4,7 @@ namespace quillary {
 
 namespace {
 
-// Opaque where the blur is seen.
+// Opaque where the blur is visible.
 NSImage* maskOf(const QRegion& region, QSize size) {
     return [NSImage imageWithSize:NSMakeSize(size.width(), size.height())
                           flipped:YES
@@ -21,7 +21,7 @@ NSVisualEffectView* makeView(NSView* contents) {
     NSVisualEffectView* made = [[NSVisualEffectView alloc] initWithFrame:[contents frame]];
     [made setMaterial:NSVisualEffectMaterialPopover];
     [made setBlendingMode:NSVisualEffectBlendingModeBehindWindow];
-    // The window never has the focus, which would leave the material grey.
+    // By default the material is grey in a window without the focus.
     [made setState:NSVisualEffectStateActive];
     [made setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
     [[contents superview] addSubview:made positioned:NSWindowBelow relativeTo:contents];

@@ -4,12 +4,12 @@
 
 #import <AppKit/AppKit.h>
 
-/// The way between AppKit's images and the toolkit's icons.
+/// Converts between AppKit's images and Qt's icons.
 namespace quillary::MacIcon {
 
-/// An icon that the image is drawn into at each size that is asked for.
+/// An icon that renders the image at each requested size.
 [[nodiscard]] QIcon icon(NSImage* image);
-/// The icon at this many points, for both kinds of screens.
+/// The icon as a square image with sides of this many points, rendered at twice that many pixels.
 [[nodiscard]] NSImage* image(const QIcon& icon, int side);
 
 } // namespace quillary::MacIcon

@@ -10,7 +10,7 @@ namespace quillary::MacIcon {
 
 namespace {
 
-// Pixels as QImage::Format_ARGB32_Premultiplied lays them out.
+// The layout of QImage::Format_ARGB32_Premultiplied.
 constexpr std::uint32_t pixelLayout = static_cast<std::uint32_t>(kCGImageAlphaPremultipliedFirst) |
                                       static_cast<std::uint32_t>(kCGBitmapByteOrder32Little);
 

@@ -4,11 +4,11 @@
 
 namespace quillary {
 
-/// The unified log, where the program's lines stand unredacted under its own subsystem.
+/// Writes to the unified log, under the program's subsystem and without redaction.
 class MacLog final : public SystemLog {
 public:
     void write(const std::string& line) override;
-    /// The same, from any thread.
+    /// Like `write`, from any thread.
     static void writeLine(const std::string& line);
 };
 

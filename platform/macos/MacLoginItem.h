@@ -4,8 +4,8 @@
 
 namespace quillary {
 
-/// The program's own entry among the user's login items. The system refuses it for a program that is no
-/// bundle.
+/// The program's entry among the user's login items (SMAppService). The system refuses to register a program
+/// that is not a bundle.
 class MacLoginItem final : public LoginItem {
 public:
     [[nodiscard]] Status status() const override;

@@ -10,7 +10,7 @@ namespace quillary {
 
 namespace {
 
-// Absent for a program that is no bundle, as in a build folder.
+// Absent for a program that is not a bundle, as in a build folder.
 std::optional<std::string> ownBundle() {
     std::string path = MacText::plain([[NSBundle mainBundle] bundlePath]);
     return path.ends_with(".app") ? std::optional(std::move(path)) : std::nullopt;
@@ -23,7 +23,7 @@ MacMemorySource::MacMemorySource() : m_source(ownBundle()) {}
 MemorySource::Sampler MacMemorySource::sampler() {
     return [copy = m_source] {
         if (pthread_main_np() == 0) {
-            // Nobody waits for figures: they yield to what people do wait for.
+            // Below the priority of work that the user waits for.
             pthread_set_qos_class_self_np(QOS_CLASS_UTILITY, 0);
         }
         MemorySample sample;

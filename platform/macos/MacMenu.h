@@ -6,14 +6,15 @@
 
 #import <AppKit/AppKit.h>
 
-/// A Menu as the system shows menus.
+/// Converts a Menu to an NSMenu.
 namespace quillary::MacMenu {
 
-/// What is done with an entry that was chosen; called on the main thread.
+/// Called with the chosen entry on the main thread.
 using Chosen = std::function<void(const ClosureMenuItem&)>;
 
+/// A new menu with these entries.
 [[nodiscard]] NSMenu* make(const Menu& items, const Chosen& chosen);
-/// Puts these lines in the place of those that the menu has.
+/// Replaces the menu's entries.
 void fill(NSMenu* menu, const Menu& items, const Chosen& chosen);
 
 } // namespace quillary::MacMenu

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-/// An entry that knows what it stands for.
+/// A menu item that holds the entry it represents.
 @interface QuillaryMenuItem : NSMenuItem
 @end
 
@@ -23,7 +23,7 @@
 
 - (void)fire:(id)sender {
     static_cast<void>(sender);
-    // What it does may take this entry's menu away.
+    // The handler may destroy the menu and this item.
     const quillary::Menu kept = m_line;
     const quillary::MacMenu::Chosen chosen = m_chosen;
     if (!kept.empty() && chosen) {
@@ -38,7 +38,7 @@ namespace quillary::MacMenu {
 namespace {
 
 NSString* titleOf(const ClosureMenuItem& item) {
-    // One line, whatever the title holds.
+    // Line breaks and control characters become spaces.
     return MacText::native(logLine(item.title));
 }
 

@@ -10,25 +10,25 @@ class QWindow;
 
 namespace quillary {
 
-/// A dock's window as an AppKit panel that never activates the program: floating, on all spaces except those
-/// of full-screen windows, left alone by Exposé, without shadow, not to be moved.
+/// A dock's window as an NSPanel that never activates the program: floating, on all spaces except those of
+/// full-screen windows, unaffected by Exposé, without a shadow, not movable.
 ///
-/// The system lets clicks through for a whole window only, so `setIgnoresMouseEvents` decides and the input
-/// region does not.
+/// AppKit lets clicks through for whole windows only, so `setIgnoresMouseEvents` applies and the input region
+/// does not.
 class MacPanelWindow final : public PanelWindow {
     Q_OBJECT
 
 public:
-    /// Dresses the widget, which must be a top-level one that was never shown.
-    explicit MacPanelWindow(QWidget& widget);
+    /// `contents` must be a top-level widget that was never shown.
+    explicit MacPanelWindow(QWidget& contents);
     ~MacPanelWindow() override;
 
     void setFrame(const QRect& frame) override;
     [[nodiscard]] QRect frame() const override { return m_frame; }
-    /// Does nothing.
+    /// No-op.
     void setInputRegion(const QRegion& region) override;
     void setIgnoresMouseEvents(bool ignores) override;
-    /// Does nothing: the desktop always blends.
+    /// No-op: the desktop always blends.
     void setVisibleShape(const QRegion& region) override;
     [[nodiscard]] bool composited() const override { return true; }
     [[nodiscard]] bool blursBehind() const override { return true; }

@@ -22,7 +22,7 @@ static_assert(onAllSpaces == 81);
 static_assert(NSWindowStyleMaskNonactivatingPanel == 128);
 
 NSWindow* windowOf(const QWidget& widget) {
-    // Asked for only once the widget has a window: winId() would make one.
+    // internalWinId, because winId would create a window.
     if (widget.internalWinId() == 0) {
         return nil;
     }
@@ -35,15 +35,16 @@ struct MacPanelWindow::Native {
     MacBlur blur;
 };
 
-MacPanelWindow::MacPanelWindow(QWidget& widget) : m_native(std::make_unique<Native>()), m_contents(&widget) {
-    // Of these the toolkit makes a panel; it may become key, as panels that take keys do.
-    widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-    widget.setAttribute(Qt::WA_TranslucentBackground);
-    widget.setAttribute(Qt::WA_ShowWithoutActivating);
-    widget.setAttribute(Qt::WA_MacAlwaysShowToolWindow);
-    widget.installEventFilter(this);
+MacPanelWindow::MacPanelWindow(QWidget& contents)
+    : m_native(std::make_unique<Native>()), m_contents(&contents) {
+    // For these flags Qt creates an NSPanel. It can become the key window.
+    contents.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    contents.setAttribute(Qt::WA_TranslucentBackground);
+    contents.setAttribute(Qt::WA_ShowWithoutActivating);
+    contents.setAttribute(Qt::WA_MacAlwaysShowToolWindow);
+    contents.installEventFilter(this);
     const NonactivatingCreation creation;
-    widget.winId();
+    contents.winId();
     dress();
 }
 
@@ -78,12 +79,12 @@ void MacPanelWindow::dress() {
 bool MacPanelWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_contents) {
         switch (event->type()) {
-        // The toolkit makes a window anew, or dresses it its own way, at these moments.
+        // At these events Qt recreates the window or resets its properties.
         case QEvent::WinIdChange:
         case QEvent::Show:
             dress();
             break;
-        // Event monitors are not promised what AppKit hands to a window's tracking areas and drags.
+        // Event monitors need not receive the events of a window's tracking areas and of drags.
         case QEvent::Enter:
         case QEvent::Leave:
         case QEvent::MouseMove:

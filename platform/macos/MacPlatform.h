@@ -4,11 +4,10 @@
 
 namespace quillary {
 
-/// The platform of macOS. Panel windows that it made must be gone before it.
+/// The platform of macOS. Panel windows that it made must be destroyed before it.
 class MacPlatform final : public Platform {
 public:
-    /// Makes the program an accessory; null with one line on standard error when the toolkit does not draw by
-    /// AppKit.
+    /// Makes the program an accessory. Null, with one line on standard error, when Qt does not use AppKit.
     [[nodiscard]] static std::unique_ptr<MacPlatform> open();
     ~MacPlatform() override;
 
@@ -27,7 +26,7 @@ public:
                                                              const std::string& description,
                                                              std::function<Menu()> menuNeedsUpdate) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWidget& contents) override;
-    /// The first Application Support folder of the user.
+    /// The user's Application Support folder.
     [[nodiscard]] std::filesystem::path applicationSupportDirectory() const override;
 
 private:

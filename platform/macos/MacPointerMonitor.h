@@ -10,8 +10,8 @@
 
 namespace quillary {
 
-/// Follows the pointer by AppKit's event monitors: a global one for events that go to other programs, a local
-/// one for this program's own.
+/// Tracks the pointer by two of AppKit's event monitors: a global one for events that other programs receive,
+/// a local one for this program's events.
 class MacPointerMonitor final : public PointerMonitor {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ public:
 
 private:
     void follow();
-    void tell();
+    void report();
 
     struct Native;
     std::unique_ptr<Native> m_native;

@@ -26,7 +26,7 @@ MacPointerMonitor::MacPointerMonitor() : m_native(std::make_unique<Native>()) {
     m_clock.start();
     m_pending.setSingleShot(true);
     m_pending.setTimerType(Qt::PreciseTimer);
-    connect(&m_pending, &QTimer::timeout, this, &MacPointerMonitor::tell);
+    connect(&m_pending, &QTimer::timeout, this, &MacPointerMonitor::report);
 
     const QPointer<MacPointerMonitor> self(this);
     m_native->global = [NSEvent addGlobalMonitorForEventsMatchingMask:movements
@@ -58,22 +58,22 @@ QPointF MacPointerMonitor::location() const {
 }
 
 void MacPointerMonitor::refresh() {
-    tell();
+    report();
 }
 
 void MacPointerMonitor::follow() {
     const double wait = m_pace.wait(static_cast<double>(m_clock.nsecsElapsed()) * 1e-9);
     if (wait <= 0) {
-        tell();
+        report();
     } else if (!m_pending.isActive()) {
         m_pending.start(static_cast<int>(std::ceil(wait * 1000.0)));
     }
 }
 
-void MacPointerMonitor::tell() {
+void MacPointerMonitor::report() {
     m_pending.stop();
     const QPointF place = location();
-    if (m_pace.tells(place, static_cast<double>(m_clock.nsecsElapsed()) * 1e-9)) {
+    if (m_pace.accepts(place, static_cast<double>(m_clock.nsecsElapsed()) * 1e-9)) {
         Q_EMIT moved(place);
     }
 }

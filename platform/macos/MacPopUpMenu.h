@@ -13,18 +13,18 @@ class QWidget;
 
 namespace quillary {
 
-/// A Menu that opens at a point of a window, as the system opens context menus. One is open at most in the
-/// whole program. The system follows the pointer in a loop of its own until the menu closes.
+/// Shows a Menu at a point of a window, as a context menu of the system. At most one is open in the whole
+/// program. AppKit runs a tracking loop until the menu closes.
 class MacPopUpMenu final : public QObject {
     Q_OBJECT
 
 public:
-    /// Opens a menu with its corner at a point of the widget (points, origin top-left); one that is open
-    /// already closes first. `closed` runs once, after the handler of the entry that was chosen, if one was.
-    /// When the owner is destroyed first the menu goes with it and neither runs.
+    /// Opens a menu with its corner at a point of the widget (points, origin top-left), after closing the one
+    /// that is open, if any. `closed` runs once, after the handler of the chosen entry, if any. When the
+    /// owner is destroyed first, the menu closes and neither runs.
     static void popUp(Menu menu, QWidget& window, QPoint location, QObject& owner,
                       std::function<void()> closed);
-    /// Takes the owner's menu away, if it has one open; its `closed` never runs.
+    /// Closes the owner's menu, if it has one open, without running `closed`.
     static void drop(const QObject& owner);
 
     ~MacPopUpMenu() override;

@@ -15,16 +15,16 @@ namespace quillary {
 
 namespace {
 
-// Until the loop of a menu that was told to close has ended.
+// The interval of checks whether the loop of a cancelled menu has ended.
 constexpr std::chrono::milliseconds openPause{20};
 
-// The one that is open or about to open.
+// The menu that is open or about to open.
 QPointer<MacPopUpMenu>& current() {
     static QPointer<MacPopUpMenu> menu;
     return menu;
 }
 
-// How many of the system's loops are running.
+// The number of AppKit's tracking loops that are running.
 int& loops() {
     static int count = 0;
     return count;
@@ -66,10 +66,10 @@ void MacPopUpMenu::popUp(Menu menu, QWidget& window, QPoint location, QObject& o
     if (!guard) {
         return;
     }
-    // The owner frees it.
+    // Owned by `owner` as its QObject parent.
     auto* made = new MacPopUpMenu(std::move(menu), window, location, owner, std::move(closed));
     current() = made;
-    // Not from within the event that asks for it: whoever handles that may be gone when the menu closes.
+    // Not inside the handler of the present event, whose object may not exist any more when the menu closes.
     QTimer::singleShot(0, made, &MacPopUpMenu::open);
 }
 
@@ -95,7 +95,7 @@ void MacPopUpMenu::open() {
     [menu popUpMenuPositioningItem:nil atLocation:NSMakePoint(m_location.x(), m_location.y()) inView:view];
     --loops();
     if (guard) {
-        // The system tells of the choice before or just after this: what follows waits for the event loop.
+        // Queued, because AppKit may send the chosen item's action just after this.
         QTimer::singleShot(0, this, &MacPopUpMenu::finish);
     }
 }
@@ -107,7 +107,7 @@ void MacPopUpMenu::finish() {
     current().clear();
     [m_native->menu cancelTrackingWithoutAnimation];
     deleteLater();
-    // What runs now may destroy the owner, and this with it.
+    // The handlers may destroy the owner, and with it this object.
     const auto entry = std::move(m_chosen);
     const auto closed = std::move(m_closed);
     if (entry) {

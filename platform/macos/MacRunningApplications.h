@@ -9,13 +9,14 @@
 
 namespace quillary {
 
-/// Gives each running application a handle of its own: process ids are used again, these are not.
+/// Assigns a handle to each running application. Unlike process ids, handles are never reused.
 class MacRunningApplications {
 public:
-    /// The applications in the system's order. Those that are no longer among them lose their handles.
+    /// The applications in the system's order. Forgets the handles of those that have ended.
     [[nodiscard]] std::vector<RunningApplication> list();
+    /// The application with its handle, which it gets here if it has none.
     [[nodiscard]] RunningApplication describe(NSRunningApplication* application);
-    /// Nil for a handle whose application has gone.
+    /// Nil when the application has ended.
     [[nodiscard]] NSRunningApplication* find(std::uint64_t handle) const;
 
 private:

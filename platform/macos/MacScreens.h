@@ -7,8 +7,7 @@
 
 namespace quillary {
 
-/// The screens as AppKit lists them. A display is known by the UUID that ColorSync gives it, its number is
-/// CoreGraphics's.
+/// The screens as AppKit lists them. A display's UUID is that of ColorSync, its number that of CoreGraphics.
 class MacScreens final : public Screens {
     Q_OBJECT
 
@@ -18,7 +17,7 @@ public:
 
     [[nodiscard]] std::vector<ScreenInfo> list() const override;
 
-    /// The way from AppKit's coordinates to the program's, for the arrangement of this moment.
+    /// The conversion from AppKit's coordinates, for the present arrangement of the screens.
     [[nodiscard]] static ScreenCoordinates coordinates();
 
 private:

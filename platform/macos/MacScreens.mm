@@ -49,7 +49,7 @@ MacScreens::MacScreens() : m_native(std::make_unique<Native>()) {
 MacScreens::~MacScreens() = default;
 
 ScreenCoordinates MacScreens::coordinates() {
-    // The first of the list has the origin, whichever screen has the focus.
+    // The first screen has the origin. +[NSScreen mainScreen] is the one with the focus.
     NSScreen* primary = [[NSScreen screens] firstObject];
     return ScreenCoordinates(primary == nil ? 0.0 : [primary frame].size.height);
 }

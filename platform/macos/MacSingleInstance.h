@@ -6,9 +6,9 @@
 
 namespace quillary {
 
-/// Of the processes with the program's bundle identifier the one that was launched first stays. The system
-/// itself starts a bundle once and tells the running one when it is opened again; others that make way tell
-/// it too.
+/// Of the processes with the program's bundle identifier, the one that was launched first is the instance.
+/// The system starts a bundle only once and sends the running process an Apple event when it is opened again.
+/// A process that was started by other means notifies the instance before it ends.
 class MacSingleInstance final : public SingleInstance {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ public:
     MacSingleInstance();
     ~MacSingleInstance() override;
 
-    /// True as well for a program that is no bundle: nothing is known of its other processes.
+    /// Also true for a program that is not a bundle, whose other processes cannot be found.
     [[nodiscard]] bool claim() override;
 
 private:

@@ -11,7 +11,7 @@
 
 #import <AppKit/AppKit.h>
 
-/// Takes the event by which the system tells that the program was opened again.
+/// Handles the Apple event that the system sends when the program is opened again.
 @interface QuillaryReopenHandler : NSObject
 @end
 
@@ -81,7 +81,7 @@ bool MacSingleInstance::claim() {
     }
     m_native->opened = NotificationToken([NSDistributedNotificationCenter defaultCenter], openedAgain,
                                          [this](NSNotification*) { Q_EMIT reopened(); });
-    // AppKit installs handlers of its own while it finishes launching; ours must come after them.
+    // AppKit installs its handlers while it finishes launching. Ours must replace them afterwards.
     if ([[NSRunningApplication currentApplication] isFinishedLaunching]) {
         followReopening();
     } else {

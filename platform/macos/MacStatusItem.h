@@ -10,8 +10,8 @@
 
 namespace quillary {
 
-/// The program's symbol in the system's menu bar: the system's own picture of a dock, or the given one where
-/// the system has none.
+/// The program's symbol in the menu bar: the system's symbol "dock.rectangle", or the given icon where the
+/// system does not have it.
 class MacStatusItem final : public StatusItem {
     Q_OBJECT
 

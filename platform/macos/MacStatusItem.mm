@@ -8,7 +8,7 @@
 
 #import <AppKit/AppKit.h>
 
-/// Fills the menu just before each opening.
+/// Fills the menu each time before it opens.
 @interface QuillaryMenuSource : NSObject <NSMenuDelegate>
 @end
 
@@ -31,7 +31,7 @@ namespace quillary {
 
 namespace {
 
-// The height of pictures in the menu bar, points.
+// The height of images in the menu bar, in points.
 constexpr int symbolSide = 18;
 
 NSImage* symbolImage(const QIcon& fallback, const std::string& description) {
@@ -49,7 +49,7 @@ NSImage* symbolImage(const QIcon& fallback, const std::string& description) {
 
 struct MacStatusItem::Native {
     NSStatusItem* item = nil;
-    // The menu does not keep its delegate.
+    // The menu does not retain its delegate.
     QuillaryMenuSource* source = nil;
 };
 

@@ -4,7 +4,7 @@
 
 namespace quillary {
 
-/// The preferences of macOS's own Dock, the domain "com.apple.dock". The Dock reads them when it starts.
+/// The preferences of macOS's Dock, in the domain "com.apple.dock". The Dock reads them when it starts.
 class MacSystemDockPreferences final : public SystemDockPreferences {
 public:
     [[nodiscard]] DockPrefs read() const override;

@@ -41,7 +41,7 @@ PreferenceValue valueOf(CFStringRef key) {
     return {};
 }
 
-// Null takes the key away.
+// Null removes the key.
 void setValue(CFStringRef key, CFPropertyListRef value) {
     CFPreferencesSetAppValue(key, value, domain());
 }
@@ -72,7 +72,7 @@ void MacSystemDockPreferences::synchronise() {
 }
 
 void MacSystemDockPreferences::restart() {
-    // The system starts the Dock again by itself.
+    // launchd starts the Dock again.
     runAndWait("/usr/bin/killall", {"Dock"});
 }
 

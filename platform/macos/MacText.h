@@ -8,20 +8,20 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-/// The way between the system's texts and the program's, which are UTF-8.
+/// Converts between NSString and the program's texts, which are UTF-8.
 namespace quillary::MacText {
 
-/// What is no UTF-8 becomes U+FFFD.
+/// Malformed parts become U+FFFD.
 [[nodiscard]] NSString* native(std::string_view text);
 /// Empty for nil.
 [[nodiscard]] std::string plain(NSString* _Nullable text);
-/// The bytes as UTF-8 with U+FFFD for each part that is none.
+/// The bytes as UTF-8; malformed parts become U+FFFD.
 [[nodiscard]] std::string wellFormed(std::string_view bytes);
-/// Absent for nil and for what is no text.
+/// Absent for nil and for objects that are not strings.
 [[nodiscard]] std::optional<std::string> plainIfText(id _Nullable value);
-/// A file URL; the path is absolute.
+/// The file URL of an absolute path.
 [[nodiscard]] NSURL* fileUrl(const std::string& path);
-/// What went wrong, in words; never empty.
+/// The error's localised description; never empty.
 [[nodiscard]] std::string description(NSError* _Nullable error);
 
 } // namespace quillary::MacText

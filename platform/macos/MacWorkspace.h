@@ -18,7 +18,7 @@ public:
     /// Every running application that the system lists, background ones too, in its order.
     [[nodiscard]] std::vector<RunningApplication> runningApplications() const override;
     [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
-    /// Always absent: full-screen windows have spaces of their own, which the system keeps docks out of.
+    /// Always absent: a full-screen window has its own space, from which the system excludes docks.
     [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override;
     [[nodiscard]] std::optional<std::string> ownBundleIdentifier() const override;
 

@@ -16,7 +16,7 @@ namespace {
 
 using Completion = void (^)(NSRunningApplication*, NSError*);
 
-// Called on a queue of the system's.
+// AppKit calls it on an arbitrary queue.
 Completion logFailure(std::string what) {
     return ^(NSRunningApplication*, NSError* error) {
       if (error != nil) {

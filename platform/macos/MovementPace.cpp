@@ -6,7 +6,7 @@ namespace quillary {
 
 namespace {
 
-// Half a frame of the slowest usual screen.
+// Half a frame at 60 Hz, in seconds.
 constexpr double frame = 0.008;
 
 } // namespace
@@ -15,7 +15,7 @@ double MovementPace::wait(double now) const {
     return m_lastTime ? std::clamp(*m_lastTime + frame - now, 0.0, frame) : 0.0;
 }
 
-bool MovementPace::tells(QPointF place, double now) {
+bool MovementPace::accepts(QPointF place, double now) {
     if (m_lastPlace && *m_lastPlace == place) {
         return false;
     }

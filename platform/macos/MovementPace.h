@@ -6,14 +6,14 @@
 
 namespace quillary {
 
-/// Holds the pointer's movements back to one a frame, and those that lead nowhere altogether.
+/// Limits the pointer's movements to one every 8 ms and filters out those that end where the last one did.
 class MovementPace {
 public:
-    /// The seconds to wait before a movement that was noticed `now` may be told: 0 when the last one was told
-    /// long enough ago. Seconds on a monotonic clock.
+    /// How long to delay a movement noticed at `now`: 0 when the last accepted one is long enough ago.
+    /// Seconds; `now` is on a monotonic clock.
     [[nodiscard]] double wait(double now) const;
-    /// Whether this place is to be told; notes that it is.
-    [[nodiscard]] bool tells(QPointF place, double now);
+    /// Whether the place differs from the last accepted one. If so, it is the last accepted one from now on.
+    [[nodiscard]] bool accepts(QPointF place, double now);
 
 private:
     std::optional<QPointF> m_lastPlace;

@@ -2,9 +2,9 @@
 
 namespace quillary {
 
-/// While one lives, panels come into being as panels that never activate their program. AppKit tells the
-/// window server of that when a panel is made, and no more when its style mask is set later; the toolkit
-/// makes its panels without. Main thread, one at a time.
+/// During its lifetime, every NSPanel is created with the style mask of panels that never activate their
+/// program. AppKit passes that property to the window server only when a panel is created, and Qt creates its
+/// panels without it. Main thread only, one object at a time.
 class NonactivatingCreation {
 public:
     NonactivatingCreation();

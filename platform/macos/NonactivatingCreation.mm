@@ -7,7 +7,7 @@ namespace quillary {
 
 namespace {
 
-// Initialisers consume the object and return one that the caller owns.
+// Initialisers consume `self` and return a retained object.
 typedef id (*Initialiser)(id __attribute__((ns_consumed)), SEL, NSRect, NSWindowStyleMask, NSBackingStoreType,
                           BOOL, NSScreen*) __attribute__((ns_returns_retained));
 

@@ -7,8 +7,8 @@
 
 namespace quillary {
 
-/// An observation of a notification centre, delivered on the main queue; it ends with this. To be made and
-/// destroyed on the main thread.
+/// Observes a notification centre during its lifetime. The handler runs on the main queue. Create and destroy
+/// it on the main thread.
 class NotificationToken {
 public:
     using Handler = std::function<void(NSNotification*)>;
@@ -22,7 +22,7 @@ public:
     ~NotificationToken();
 
 private:
-    // Gone with this, so that a notification which waits in the queue calls nobody.
+    // Observers hold a weak reference, so that a queued notification has no effect after destruction.
     std::shared_ptr<Handler> m_handler;
     NSNotificationCenter* m_center = nil;
     id m_token = nil;

@@ -4,8 +4,8 @@
 
 namespace quillary {
 
-/// Whether an event of a widget means that the program is to come to the front: an ordinary window was shown
-/// or raised. The windows of docks, menus and labels never do that.
+/// Whether an event of a window should activate the program: an ordinary window was shown or raised, as
+/// opposed to one of a dock, a menu or a tooltip.
 [[nodiscard]] bool bringsForward(QEvent::Type event, Qt::WindowType window);
 
 } // namespace quillary

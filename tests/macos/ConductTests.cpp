@@ -58,27 +58,27 @@ TEST(RaisedWindow, otherEventsDoNot) {
 TEST(MovementPace, theFirstMovementIsToldAtOnce) {
     MovementPace pace;
     EXPECT_EQ(pace.wait(5.0), 0.0);
-    EXPECT_TRUE(pace.tells(QPointF(1, 2), 5.0));
+    EXPECT_TRUE(pace.accepts(QPointF(1, 2), 5.0));
 }
 
 TEST(MovementPace, theNextOneWaitsForEightMilliseconds) {
     MovementPace pace;
-    ASSERT_TRUE(pace.tells(QPointF(1, 2), 5.0));
+    ASSERT_TRUE(pace.accepts(QPointF(1, 2), 5.0));
     EXPECT_NEAR(pace.wait(5.002), 0.006, 1e-9);
     EXPECT_EQ(pace.wait(5.009), 0.0);
 }
 
 TEST(MovementPace, aPlaceThatWasToldIsNotToldAgain) {
     MovementPace pace;
-    ASSERT_TRUE(pace.tells(QPointF(1, 2), 5.0));
-    EXPECT_FALSE(pace.tells(QPointF(1, 2), 6.0));
-    EXPECT_TRUE(pace.tells(QPointF(1, 3), 6.0));
+    ASSERT_TRUE(pace.accepts(QPointF(1, 2), 5.0));
+    EXPECT_FALSE(pace.accepts(QPointF(1, 2), 6.0));
+    EXPECT_TRUE(pace.accepts(QPointF(1, 3), 6.0));
 }
 
 TEST(MovementPace, aMovementThatLedNowhereDelaysNoOther) {
     MovementPace pace;
-    ASSERT_TRUE(pace.tells(QPointF(1, 2), 5.0));
-    ASSERT_FALSE(pace.tells(QPointF(1, 2), 6.0));
+    ASSERT_TRUE(pace.accepts(QPointF(1, 2), 5.0));
+    ASSERT_FALSE(pace.accepts(QPointF(1, 2), 6.0));
     EXPECT_EQ(pace.wait(6.001), 0.0);
 }
 
