@@ -211,8 +211,8 @@ void DockManager::followFullScreen() {
 }
 
 void DockManager::save() {
-    if (const auto failure = store.save(current)) {
-        platform.log().write("Quillary: save failed " + *failure);
+    if (const auto saved = store.save(current); !saved) {
+        platform.log().write("Quillary: save failed " + saved.error());
     }
 }
 

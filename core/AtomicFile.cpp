@@ -27,8 +27,8 @@ std::error_code lastError() {
     return {errno, std::generic_category()};
 }
 
-std::string describe(const fs::path& path, std::error_code error) {
-    return path.string() + ": " + error.message();
+Failure failure(const fs::path& path, std::error_code error) {
+    return Failure(path.string() + ": " + error.message());
 }
 
 /// Follows symbolic links to where the content belongs, which need not exist.
@@ -150,20 +150,20 @@ std::error_code flushFolder(const fs::path& folder) {
 
 } // namespace
 
-std::optional<std::string> write(const fs::path& target, std::string_view bytes) {
+Result<> write(const fs::path& target, std::string_view bytes) {
     std::error_code error;
     const fs::path file = finalTarget(target, error);
     if (!error && !file.has_filename()) {
         error = std::make_error_code(std::errc::invalid_argument);
     }
     if (error) {
-        return describe(file, error);
+        return failure(file, error);
     }
     const fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
     const fs::path temporary = folder / ("." + file.filename().string() + ".tmp");
     const FileDescriptor opened = openTemporary(temporary, error);
     if (!opened.isOpen()) {
-        return describe(temporary, error);
+        return failure(temporary, error);
     }
     error = fill(opened.get(), bytes);
     if (!error && std::rename(temporary.c_str(), file.c_str()) != 0) {
@@ -171,12 +171,12 @@ std::optional<std::string> write(const fs::path& target, std::string_view bytes)
     }
     if (error) {
         ::unlink(temporary.c_str());
-        return describe(file, error);
+        return failure(file, error);
     }
     if ((error = flushFolder(folder))) {
-        return describe(folder, error);
+        return failure(folder, error);
     }
-    return std::nullopt;
+    return {};
 }
 
 } // namespace quillary::AtomicFile

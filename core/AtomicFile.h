@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/Result.h"
+
 #include <filesystem>
-#include <optional>
-#include <string>
 #include <string_view>
 
 namespace quillary::AtomicFile {
@@ -15,9 +15,9 @@ namespace quillary::AtomicFile {
 /// The temporary file has one fixed name for each target (".<name>.tmp") and is locked while it is written,
 /// so that what a killed writer leaves behind is used by the next one, and two writers do not mix.
 ///
-/// Returns nothing on success, else the text of the error; then the old file is whole and no temporary file
-/// is left. Only an error of the last step, flushing the folder, is returned with the new content already in
-/// place. The folder must exist, and what is at `target`, if anything, must be a regular file.
-[[nodiscard]] std::optional<std::string> write(const std::filesystem::path& target, std::string_view bytes);
+/// On failure the old file is whole and no temporary file is left. Only an error of the last step, flushing
+/// the folder, is returned with the new content already in place. The folder must exist, and what is at
+/// `target`, if anything, must be a regular file.
+[[nodiscard]] Result<> write(const std::filesystem::path& target, std::string_view bytes);
 
 } // namespace quillary::AtomicFile

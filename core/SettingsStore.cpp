@@ -31,18 +31,18 @@ void keepTooLarge(const fs::path& url) {
     }
 }
 
-std::optional<std::string> createFolders(const fs::path& folder) {
+Result<> createFolders(const fs::path& folder) {
     std::error_code error;
     if (folder.empty() || fs::is_directory(folder, error)) {
-        return std::nullopt;
+        return {};
     }
-    if (std::optional<std::string> failure = createFolders(folder.parent_path())) {
-        return failure;
+    if (auto above = createFolders(folder.parent_path()); !above) {
+        return above;
     }
     if (::mkdir(folder.c_str(), S_IRWXU) == 0 || errno == EEXIST) {
-        return std::nullopt;
+        return {};
     }
-    return folder.string() + ": " + std::generic_category().message(errno);
+    return Failure(folder.string() + ": " + std::generic_category().message(errno));
 }
 
 } // namespace
@@ -63,18 +63,18 @@ Settings SettingsStore::load() const {
     return {};
 }
 
-std::optional<std::string> SettingsStore::save(const Settings& settings) const {
+Result<> SettingsStore::save(const Settings& settings) const {
     if (m_url.native().size() >= PATH_MAX) {
         // The system would refuse it too, but only after one attempt for each of its folders.
-        return std::generic_category().message(ENAMETOOLONG);
+        return Failure(std::generic_category().message(ENAMETOOLONG));
     }
-    if (std::optional<std::string> failure = createFolders(m_url.parent_path())) {
-        return failure;
+    if (auto folders = createFolders(m_url.parent_path()); !folders) {
+        return folders;
     }
     const std::string content = encodeSettings(settings);
     if (content.size() > sizeLimit) {
         // Written, it would not be read again at the next start.
-        return m_url.string() + ": " + std::make_error_code(std::errc::file_too_large).message();
+        return Failure(m_url.string() + ": " + std::make_error_code(std::errc::file_too_large).message());
     }
     return AtomicFile::write(m_url, content);
 }

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "core/Result.h"
 #include "core/Settings.h"
 
 #include <cstddef>
 #include <filesystem>
-#include <optional>
-#include <string>
 
 namespace quillary {
 
@@ -27,9 +26,8 @@ public:
     [[nodiscard]] Settings load() const;
 
     /// Replaces the file as `AtomicFile::write` does, after creating missing folders (mode 0700, as the XDG
-    /// Base Directory rules ask). Returns nothing on success, else the text of the error. A location longer
-    /// than PATH_MAX is refused before anything is created.
-    [[nodiscard]] std::optional<std::string> save(const Settings& settings) const;
+    /// Base Directory rules ask). A location longer than PATH_MAX is refused before anything is created.
+    [[nodiscard]] Result<> save(const Settings& settings) const;
 
 private:
     std::filesystem::path m_url;

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <optional>
-#include <string>
+#include "core/Result.h"
 
 namespace quillary {
 
@@ -14,10 +13,10 @@ public:
 
     /// The present state, read from the system at each call.
     [[nodiscard]] virtual Status status() const = 0;
-    /// Makes the system start the program at login. Returns the error's description when the system refuses.
-    [[nodiscard]] virtual std::optional<std::string> registerItem() = 0;
-    /// Undoes registerItem. Returns the error's description when the system refuses.
-    [[nodiscard]] virtual std::optional<std::string> unregisterItem() = 0;
+    /// Asks the system to start the program at login. Fails with the description of the system's error.
+    [[nodiscard]] virtual Result<> registerItem() = 0;
+    /// Asks the system not to start it any more. Fails likewise.
+    [[nodiscard]] virtual Result<> unregisterItem() = 0;
 };
 
 } // namespace quillary

@@ -46,10 +46,10 @@ bool GeneralSection::launchesAtLogin() const {
 void GeneralSection::setLaunchAtLogin(bool on) {
     launchAtLogin->setOn(on);
     LoginItem& item = platform.loginItem();
-    const auto failure = on ? item.registerItem() : item.unregisterItem();
-    if (failure) {
+    const auto changed = on ? item.registerItem() : item.unregisterItem();
+    if (!changed) {
         launchAtLogin->setOn(launchesAtLogin());
-        platform.log().write("Quillary: launch at login failed " + *failure);
+        platform.log().write("Quillary: launch at login failed " + changed.error());
     }
 }
 

@@ -9,8 +9,8 @@ namespace quillary {
 class MacLoginItem final : public LoginItem {
 public:
     [[nodiscard]] Status status() const override;
-    [[nodiscard]] std::optional<std::string> registerItem() override;
-    [[nodiscard]] std::optional<std::string> unregisterItem() override;
+    [[nodiscard]] Result<> registerItem() override;
+    [[nodiscard]] Result<> unregisterItem() override;
 };
 
 } // namespace quillary

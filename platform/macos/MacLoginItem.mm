@@ -11,20 +11,20 @@ LoginItem::Status MacLoginItem::status() const {
                                                                                : Status::disabled;
 }
 
-std::optional<std::string> MacLoginItem::registerItem() {
+Result<> MacLoginItem::registerItem() {
     NSError* error = nil;
     if ([[SMAppService mainAppService] registerAndReturnError:&error]) {
-        return std::nullopt;
+        return {};
     }
-    return MacText::description(error);
+    return Failure(MacText::description(error));
 }
 
-std::optional<std::string> MacLoginItem::unregisterItem() {
+Result<> MacLoginItem::unregisterItem() {
     NSError* error = nil;
     if ([[SMAppService mainAppService] unregisterAndReturnError:&error]) {
-        return std::nullopt;
+        return {};
     }
-    return MacText::description(error);
+    return Failure(MacText::description(error));
 }
 
 } // namespace quillary

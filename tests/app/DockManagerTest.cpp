@@ -1,4 +1,5 @@
 #include "tests/app/Fixture.h"
+#include "tests/core/Succeeded.h"
 
 #include <QFile>
 
@@ -17,7 +18,7 @@ protected:
     }
     void storeFirst(const Settings& settings) const {
         const SettingsStore store(platform.applicationSupportDirectory() / "Quillary" / "settings.json");
-        ASSERT_EQ(store.save(settings), std::nullopt);
+        ASSERT_TRUE(succeeded(store.save(settings)));
     }
     /// Makes every further save fail: a folder cannot be replaced by a file.
     void breakSaving() const {

@@ -1,4 +1,5 @@
 #include "tests/app/Fixture.h"
+#include "tests/core/Succeeded.h"
 
 namespace quillary::test {
 namespace {
@@ -15,7 +16,7 @@ protected:
         settings.hideSystemDock = hide;
         settings.savedSystemDock = saved;
         const SettingsStore store(platform.applicationSupportDirectory() / "Quillary" / "settings.json");
-        ASSERT_EQ(store.save(settings), std::nullopt);
+        ASSERT_TRUE(succeeded(store.save(settings)));
         start();
     }
 };

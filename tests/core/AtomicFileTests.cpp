@@ -1,5 +1,6 @@
 #include "core/AtomicFile.h"
 #include "tests/core/ChildProcess.h"
+#include "tests/core/Succeeded.h"
 #include "tests/core/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -23,21 +24,21 @@ namespace {
 namespace fs = std::filesystem;
 using test::ChildProcess;
 using test::readFile;
+using test::succeeded;
 using test::TemporaryFolder;
 using test::writeFile;
 using testing::HasSubstr;
 
 using Names = std::set<std::string>;
-using Failure = std::optional<std::string>;
 
 TEST(AtomicFile, createsAndReplaces) {
     const TemporaryFolder folder;
     const fs::path file = folder.path() / "settings.json";
-    EXPECT_EQ(AtomicFile::write(file, "first, rather long"), std::nullopt);
+    EXPECT_TRUE(succeeded(AtomicFile::write(file, "first, rather long")));
     EXPECT_EQ(readFile(file), "first, rather long");
-    EXPECT_EQ(AtomicFile::write(file, std::string_view("a\0b", 3)), std::nullopt);
+    EXPECT_TRUE(succeeded(AtomicFile::write(file, std::string_view("a\0b", 3))));
     EXPECT_EQ(readFile(file), std::string("a\0b", 3));
-    EXPECT_EQ(AtomicFile::write(file, ""), std::nullopt);
+    EXPECT_TRUE(succeeded(AtomicFile::write(file, "")));
     EXPECT_EQ(readFile(file), "");
     EXPECT_EQ(folder.names(), Names{"settings.json"});
 }
@@ -47,7 +48,7 @@ TEST(AtomicFile, onlyTheOwnerMayReadAndWrite) {
     const fs::path file = folder.path() / "settings.json";
     writeFile(file, "old");
     fs::permissions(file, fs::perms::all);
-    ASSERT_EQ(AtomicFile::write(file, "new"), std::nullopt);
+    ASSERT_TRUE(succeeded(AtomicFile::write(file, "new")));
     EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
@@ -56,7 +57,7 @@ TEST(AtomicFile, replacesTheFileInsteadOfWritingIntoIt) {
     const fs::path file = folder.path() / "settings.json";
     writeFile(file, "old");
     fs::create_hard_link(file, folder.path() / "other name");
-    ASSERT_EQ(AtomicFile::write(file, "new"), std::nullopt);
+    ASSERT_TRUE(succeeded(AtomicFile::write(file, "new")));
     EXPECT_EQ(readFile(file), "new");
     EXPECT_EQ(readFile(folder.path() / "other name"), "old");
 }
@@ -67,7 +68,7 @@ TEST(AtomicFile, aSymbolicLinkStaysAndItsTargetIsReplaced) {
     writeFile(folder.path() / "real" / "file", "old");
     fs::create_symlink("real/file", folder.path() / "inner");
     fs::create_symlink(folder.path() / "inner", folder.path() / "outer");
-    ASSERT_EQ(AtomicFile::write(folder.path() / "outer", "new"), std::nullopt);
+    ASSERT_TRUE(succeeded(AtomicFile::write(folder.path() / "outer", "new")));
     EXPECT_TRUE(fs::is_symlink(folder.path() / "outer"));
     EXPECT_TRUE(fs::is_symlink(folder.path() / "inner"));
     EXPECT_FALSE(fs::is_symlink(folder.path() / "real" / "file"));
@@ -79,7 +80,7 @@ TEST(AtomicFile, aDanglingLinkGetsItsTarget) {
     const TemporaryFolder folder;
     fs::create_directory(folder.path() / "real");
     fs::create_symlink("real/missing", folder.path() / "link");
-    ASSERT_EQ(AtomicFile::write(folder.path() / "link", "new"), std::nullopt);
+    ASSERT_TRUE(succeeded(AtomicFile::write(folder.path() / "link", "new")));
     EXPECT_TRUE(fs::is_symlink(folder.path() / "link"));
     EXPECT_EQ(readFile(folder.path() / "real" / "missing"), "new");
 }
@@ -87,9 +88,9 @@ TEST(AtomicFile, aDanglingLinkGetsItsTarget) {
 TEST(AtomicFile, aLinkIntoAMissingFolderFails) {
     const TemporaryFolder folder;
     fs::create_symlink("nowhere/file", folder.path() / "link");
-    const Failure failure = AtomicFile::write(folder.path() / "link", "new");
-    ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(*failure, HasSubstr("No such file or directory"));
+    const auto written = AtomicFile::write(folder.path() / "link", "new");
+    ASSERT_FALSE(written);
+    EXPECT_THAT(written.error(), HasSubstr("No such file or directory"));
     EXPECT_EQ(folder.names(), Names{"link"});
 }
 
@@ -97,16 +98,16 @@ TEST(AtomicFile, linksInACircleFail) {
     const TemporaryFolder folder;
     fs::create_symlink("b", folder.path() / "a");
     fs::create_symlink("a", folder.path() / "b");
-    EXPECT_TRUE(AtomicFile::write(folder.path() / "a", "new").has_value());
+    EXPECT_FALSE(AtomicFile::write(folder.path() / "a", "new"));
     EXPECT_EQ(folder.names(), (Names{"a", "b"}));
 }
 
 TEST(AtomicFile, aFolderInTheWayFailsAndStays) {
     const TemporaryFolder folder;
     fs::create_directory(folder.path() / "settings.json");
-    const Failure failure = AtomicFile::write(folder.path() / "settings.json", "new");
-    ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(*failure, HasSubstr("Is a directory"));
+    const auto written = AtomicFile::write(folder.path() / "settings.json", "new");
+    ASSERT_FALSE(written);
+    EXPECT_THAT(written.error(), HasSubstr("Is a directory"));
     EXPECT_TRUE(fs::is_directory(folder.path() / "settings.json"));
     EXPECT_EQ(folder.names(), Names{"settings.json"});
 }
@@ -115,7 +116,7 @@ TEST(AtomicFile, aPipeInTheWayFailsAndStays) {
     const TemporaryFolder folder;
     const fs::path pipe = folder.path() / "pipe";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_TRUE(AtomicFile::write(pipe, "new").has_value());
+    EXPECT_FALSE(AtomicFile::write(pipe, "new"));
     EXPECT_TRUE(fs::is_fifo(pipe));
     EXPECT_EQ(folder.names(), Names{"pipe"});
 }
@@ -123,17 +124,17 @@ TEST(AtomicFile, aPipeInTheWayFailsAndStays) {
 TEST(AtomicFile, belowARegularFileNothingCanBeWritten) {
     const TemporaryFolder folder;
     writeFile(folder.path() / "file", "old");
-    const Failure failure = AtomicFile::write(folder.path() / "file" / "settings.json", "new");
-    ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(*failure, HasSubstr("Not a directory"));
+    const auto written = AtomicFile::write(folder.path() / "file" / "settings.json", "new");
+    ASSERT_FALSE(written);
+    EXPECT_THAT(written.error(), HasSubstr("Not a directory"));
     EXPECT_EQ(readFile(folder.path() / "file"), "old");
 }
 
 TEST(AtomicFile, anUnusableNameFails) {
-    EXPECT_TRUE(AtomicFile::write("", "new").has_value());
+    EXPECT_FALSE(AtomicFile::write("", "new"));
     const TemporaryFolder folder;
-    EXPECT_TRUE(AtomicFile::write(folder.path() / "missing" / "", "new").has_value());
-    EXPECT_TRUE(AtomicFile::write(folder.path() / std::string(300, 'n'), "new").has_value());
+    EXPECT_FALSE(AtomicFile::write(folder.path() / "missing" / "", "new"));
+    EXPECT_FALSE(AtomicFile::write(folder.path() / std::string(300, 'n'), "new"));
     EXPECT_EQ(folder.names(), Names{});
 }
 
@@ -148,8 +149,8 @@ TEST(AtomicFile, aReadOnlyFolderKeepsTheOldFile) {
         if (::geteuid() == 0 && ::setuid(nobody) != 0) {
             return 2;
         }
-        const Failure failure = AtomicFile::write(file, "new");
-        return failure && failure->find("Permission denied") != std::string::npos ? 0 : 1;
+        const auto written = AtomicFile::write(file, "new");
+        return !written && written.error().find("Permission denied") != std::string::npos ? 0 : 1;
     });
     EXPECT_EQ(child.exitCode(), 0);
     fs::permissions(folder.path(), fs::perms::owner_all);
@@ -182,13 +183,13 @@ TEST(AtomicFile, whenTheBytesDoNotFitTheOldFileStays) {
     const TemporaryFolder folder;
     const fs::path file = folder.path() / "settings.json";
     writeFile(file, "old");
-    Failure failure;
+    Result<> written;
     {
         const FileSizeLimit limit(5000);
-        failure = AtomicFile::write(file, std::string(100'000, 'n'));
+        written = AtomicFile::write(file, std::string(100'000, 'n'));
     }
-    ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(*failure, HasSubstr("File too large"));
+    ASSERT_FALSE(written);
+    EXPECT_THAT(written.error(), HasSubstr("File too large"));
     EXPECT_EQ(readFile(file), "old");
     EXPECT_EQ(folder.names(), Names{"settings.json"});
 }
@@ -197,7 +198,7 @@ TEST(AtomicFile, leftoversOfAKilledWriterAreUsedUp) {
     const TemporaryFolder folder;
     writeFile(folder.path() / ".settings.json.tmp", "half of something much longer than the new content");
     fs::permissions(folder.path() / ".settings.json.tmp", fs::perms::all);
-    ASSERT_EQ(AtomicFile::write(folder.path() / "settings.json", "new"), std::nullopt);
+    ASSERT_TRUE(succeeded(AtomicFile::write(folder.path() / "settings.json", "new")));
     EXPECT_EQ(readFile(folder.path() / "settings.json"), "new");
     EXPECT_EQ(fs::status(folder.path() / "settings.json").permissions(),
               fs::perms::owner_read | fs::perms::owner_write);
@@ -210,13 +211,13 @@ TEST(AtomicFile, whatTheTemporaryNameLeadsToIsNotTouched) {
     writeFile(folder.path() / "victim", "precious");
 
     fs::create_symlink("victim", temporary);
-    EXPECT_EQ(AtomicFile::write(folder.path() / "settings.json", "one"), std::nullopt);
+    EXPECT_TRUE(succeeded(AtomicFile::write(folder.path() / "settings.json", "one")));
     fs::create_hard_link(folder.path() / "victim", temporary);
-    EXPECT_EQ(AtomicFile::write(folder.path() / "settings.json", "two"), std::nullopt);
+    EXPECT_TRUE(succeeded(AtomicFile::write(folder.path() / "settings.json", "two")));
     ASSERT_EQ(::mkfifo(temporary.c_str(), 0600), 0);
-    EXPECT_EQ(AtomicFile::write(folder.path() / "settings.json", "three"), std::nullopt);
+    EXPECT_TRUE(succeeded(AtomicFile::write(folder.path() / "settings.json", "three")));
     fs::create_symlink("unborn", temporary);
-    EXPECT_EQ(AtomicFile::write(folder.path() / "settings.json", "four"), std::nullopt);
+    EXPECT_TRUE(succeeded(AtomicFile::write(folder.path() / "settings.json", "four")));
 
     EXPECT_EQ(readFile(folder.path() / "victim"), "precious");
     EXPECT_EQ(readFile(folder.path() / "settings.json"), "four");
@@ -226,7 +227,7 @@ TEST(AtomicFile, whatTheTemporaryNameLeadsToIsNotTouched) {
 TEST(AtomicFile, aFolderUnderTheTemporaryNameFailsAndStays) {
     const TemporaryFolder folder;
     fs::create_directory(folder.path() / ".settings.json.tmp");
-    EXPECT_TRUE(AtomicFile::write(folder.path() / "settings.json", "new").has_value());
+    EXPECT_FALSE(AtomicFile::write(folder.path() / "settings.json", "new"));
     EXPECT_EQ(folder.names(), Names{".settings.json.tmp"});
 }
 
@@ -241,14 +242,14 @@ bool isWhole(const std::string& content) {
 TEST(AtomicFile, aWriterKilledAtAnyMomentLeavesTheOldOrTheNewFile) {
     const TemporaryFolder folder;
     const fs::path file = folder.path() / "settings.json";
-    ASSERT_EQ(AtomicFile::write(file, wholeContent('a')), std::nullopt);
+    ASSERT_TRUE(succeeded(AtomicFile::write(file, wholeContent('a'))));
     constexpr std::uint32_t seed = 20;
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
     for (int round = 0; round < 300; ++round) {
         ChildProcess writer([&file] {
             for (char letter = 'a';; letter = letter == 'z' ? 'a' : static_cast<char>(letter + 1)) {
-                if (AtomicFile::write(file, wholeContent(letter))) {
+                if (!AtomicFile::write(file, wholeContent(letter))) {
                     return 1;
                 }
             }
@@ -258,14 +259,14 @@ TEST(AtomicFile, aWriterKilledAtAnyMomentLeavesTheOldOrTheNewFile) {
         ASSERT_TRUE(isWhole(readFile(file))) << "round " << round;
         ASSERT_LE(folder.names().size(), 2U);
     }
-    ASSERT_EQ(AtomicFile::write(file, "last"), std::nullopt);
+    ASSERT_TRUE(succeeded(AtomicFile::write(file, "last")));
     EXPECT_EQ(folder.names(), Names{"settings.json"});
 }
 
 TEST(AtomicFile, writersAtTheSameTimeDoNotMix) {
     const TemporaryFolder folder;
     const fs::path file = folder.path() / "settings.json";
-    ASSERT_EQ(AtomicFile::write(file, wholeContent('s')), std::nullopt);
+    ASSERT_TRUE(succeeded(AtomicFile::write(file, wholeContent('s'))));
     std::vector<std::unique_ptr<ChildProcess>> writers;
     for (const char letter : {'a', 'b', 'c'}) {
         writers.push_back(std::make_unique<ChildProcess>([&file, letter] {
@@ -294,10 +295,10 @@ TEST(AtomicFile, aWriterThatNeverFinishesDoesNotHoldTheOthersForEver) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_TRUE(AtomicFile::write(file, "new").has_value());
+    EXPECT_FALSE(AtomicFile::write(file, "new"));
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
     EXPECT_EQ(stuck.kill(), SIGKILL);
-    EXPECT_EQ(AtomicFile::write(file, "new"), std::nullopt);
+    EXPECT_TRUE(succeeded(AtomicFile::write(file, "new")));
     EXPECT_EQ(readFile(file), "new");
 }
 

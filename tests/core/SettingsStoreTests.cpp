@@ -1,4 +1,5 @@
 #include "core/SettingsStore.h"
+#include "tests/core/Succeeded.h"
 #include "tests/core/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -12,6 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using test::readFile;
+using test::succeeded;
 using test::TemporaryFolder;
 using test::writeFile;
 using testing::HasSubstr;
@@ -125,20 +127,20 @@ TEST(SettingsStore, aTooLargeFileThatCannotBeCopiedIsNoFailure) {
 TEST(SettingsStore, whatWouldNotBeReadAgainIsNotWritten) {
     const TemporaryFolder folder;
     const SettingsStore store(folder.path() / "settings.json");
-    ASSERT_EQ(store.save(someSettings()), std::nullopt);
+    ASSERT_TRUE(succeeded(store.save(someSettings())));
     const Settings huge({DockConfig("K", std::string(SettingsStore::sizeLimit, 'n'), {})}, false);
-    const std::optional<std::string> failure = store.save(huge);
-    ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(*failure, HasSubstr("File too large"));
+    const auto saved = store.save(huge);
+    ASSERT_FALSE(saved);
+    EXPECT_THAT(saved.error(), HasSubstr("File too large"));
     EXPECT_EQ(store.load(), someSettings());
 }
 
 TEST(SettingsStore, savingAndLoadingIsTheIdentity) {
     const TemporaryFolder folder;
     const SettingsStore store(folder.path() / "settings.json");
-    EXPECT_EQ(store.save(someSettings()), std::nullopt);
+    EXPECT_TRUE(succeeded(store.save(someSettings())));
     EXPECT_EQ(store.load(), someSettings());
-    EXPECT_EQ(store.save(Settings()), std::nullopt);
+    EXPECT_TRUE(succeeded(store.save(Settings())));
     EXPECT_EQ(store.load(), Settings());
     EXPECT_EQ(folder.names(), Names{"settings.json"});
 }
@@ -146,7 +148,7 @@ TEST(SettingsStore, savingAndLoadingIsTheIdentity) {
 TEST(SettingsStore, missingFoldersAreCreatedForTheOwnerAlone) {
     const TemporaryFolder folder;
     const SettingsStore store(folder.path() / "share" / "Quillary" / "settings.json");
-    EXPECT_EQ(store.save(someSettings()), std::nullopt);
+    EXPECT_TRUE(succeeded(store.save(someSettings())));
     EXPECT_EQ(store.load(), someSettings());
     EXPECT_EQ(fs::status(folder.path() / "share").permissions(), fs::perms::owner_all);
     EXPECT_EQ(fs::status(folder.path() / "share" / "Quillary").permissions(), fs::perms::owner_all);
@@ -155,10 +157,10 @@ TEST(SettingsStore, missingFoldersAreCreatedForTheOwnerAlone) {
 TEST(SettingsStore, aFolderThatCannotBeCreatedFails) {
     const TemporaryFolder folder;
     writeFile(folder.path() / "file", "in the way");
-    const std::optional<std::string> failure =
+    const auto saved =
         SettingsStore(folder.path() / "file" / "Quillary" / "settings.json").save(someSettings());
-    ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(*failure, HasSubstr("Not a directory"));
+    ASSERT_FALSE(saved);
+    EXPECT_THAT(saved.error(), HasSubstr("Not a directory"));
     EXPECT_EQ(folder.names(), Names{"file"});
 }
 
@@ -170,14 +172,14 @@ TEST(SettingsStore, aPathTooLongIsRefusedAtOnce) {
         folders += "/a";
     }
     file += folders;
-    EXPECT_EQ(SettingsStore(file / "settings.json").save(someSettings()), "File name too long");
+    EXPECT_EQ(SettingsStore(file / "settings.json").save(someSettings()), Failure("File name too long"));
     EXPECT_EQ(folder.names(), Names{});
 }
 
 TEST(SettingsStore, aDamagedScreenNameDoesNotKeepTheRestFromBeingSaved) {
     const TemporaryFolder folder;
     const SettingsStore store(folder.path() / "settings.json");
-    EXPECT_EQ(store.save(Settings({DockConfig("K", "\xff", {"/a"})}, true)), std::nullopt);
+    EXPECT_TRUE(succeeded(store.save(Settings({DockConfig("K", "\xff", {"/a"})}, true))));
     EXPECT_EQ(store.load(), Settings({DockConfig("K", "\xef\xbf\xbd", {"/a"})}, true));
 }
 

@@ -155,19 +155,20 @@ MemorySource::Sampler FakeMemorySource::sampler() {
     return [found = sample] { return found; };
 }
 
-std::optional<std::string> FakeLoginItem::change(Status wanted) {
+Result<> FakeLoginItem::change(Status wanted) {
     ++requests;
-    if (!refusal) {
-        current = wanted;
+    if (refusal) {
+        return Failure(*refusal);
     }
-    return refusal;
+    current = wanted;
+    return {};
 }
 
-std::optional<std::string> FakeLoginItem::registerItem() {
+Result<> FakeLoginItem::registerItem() {
     return change(Status::enabled);
 }
 
-std::optional<std::string> FakeLoginItem::unregisterItem() {
+Result<> FakeLoginItem::unregisterItem() {
     return change(Status::disabled);
 }
 

@@ -173,8 +173,8 @@ public:
 class FakeLoginItem final : public LoginItem {
 public:
     [[nodiscard]] Status status() const override { return current; }
-    [[nodiscard]] std::optional<std::string> registerItem() override;
-    [[nodiscard]] std::optional<std::string> unregisterItem() override;
+    [[nodiscard]] Result<> registerItem() override;
+    [[nodiscard]] Result<> unregisterItem() override;
 
     Status current = Status::disabled;
     /// The system refuses every request with this error.
@@ -182,7 +182,7 @@ public:
     int requests = 0;
 
 private:
-    std::optional<std::string> change(Status wanted);
+    [[nodiscard]] Result<> change(Status wanted);
 };
 
 /// Fires the entry that these titles lead to; false when there is none or it cannot be chosen.

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "core/Result.h"
 #include "platform/linux/glib/Released.h"
 
 #include <gio/gio.h>
 
 #include <chrono>
-#include <string>
 
 namespace quillary {
 
@@ -20,22 +20,11 @@ public:
     };
     explicit BusOperation(const Service& called);
 
-    enum class Outcome {
-        answered,
-        /// Nobody has that name on the bus, or there is no bus.
-        absent,
-        failed,
-    };
-    struct Answer {
-        Outcome outcome = Outcome::failed;
-        /// Null unless answered.
-        Released<GVariant, g_variant_unref> value;
-        /// Why it failed; empty unless it did.
-        std::string error;
-    };
+    /// Null when no service has that name on the bus, or there is no bus.
+    using Answer = Released<GVariant, g_variant_unref>;
     /// Takes over `arguments` when they are floating. An answer of another type than `answerType` is a
     /// failure.
-    [[nodiscard]] Answer call(const char* method, GVariant* arguments, const char* answerType);
+    [[nodiscard]] Result<Answer> call(const char* method, GVariant* arguments, const char* answerType);
 
 private:
     [[nodiscard]] std::chrono::milliseconds timeLeft() const;

@@ -68,13 +68,13 @@ std::shared_ptr<Attempt> currentAttempt() {
 
 } // namespace
 
-Connection connect(std::chrono::milliseconds longest) {
+Result<GDBusConnection*> connect(std::chrono::milliseconds longest) {
     const auto attempt = currentAttempt();
     std::unique_lock guard(attempt->lock);
     if (!attempt->finished.wait_for(guard, longest, [&attempt] { return attempt->isFinished; })) {
-        return {.state = State::silent};
+        return Failure("the session bus does not answer");
     }
-    return {.state = attempt->bus != nullptr ? State::connected : State::absent, .bus = attempt->bus};
+    return attempt->bus;
 }
 
 bool showItems(GDBusConnection* bus, const std::vector<std::string>& uris, const std::string& startupId) {

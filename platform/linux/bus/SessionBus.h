@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Result.h"
+
 #include <chrono>
 #include <string>
 #include <vector>
@@ -9,23 +11,11 @@ using GDBusConnection = struct _GDBusConnection; // NOLINT(bugprone-reserved-ide
 
 namespace quillary::SessionBus {
 
-enum class State {
-    connected,
-    /// There is no session bus, or it refuses us.
-    absent,
-    /// It takes the connection but doesn't answer.
-    silent,
-};
-
-struct Connection {
-    State state = State::absent;
-    /// Lives as long as the program; null unless connected.
-    GDBusConnection* bus = nullptr;
-};
-
-/// The connection to the session bus that the whole process shares. Waits for it, at most the given time:
-/// never call it on the main thread. Its end does not end the program.
-[[nodiscard]] Connection connect(std::chrono::milliseconds longest);
+/// The connection to the session bus that the whole process shares; it lives as long as the program. Null
+/// when there is no session bus, or it refuses us; an error when the bus takes the connection but does not
+/// answer within the given time. Waits for that time at most. The end of the connection does not end the
+/// program.
+[[nodiscard]] Result<GDBusConnection*> connect(std::chrono::milliseconds longest);
 
 /// Asks the file manager to show the files of the URIs, selected (org.freedesktop.FileManager1, File Manager
 /// DBus Interface). Waits for the answer; false when there is none or it is an error. Not for the main

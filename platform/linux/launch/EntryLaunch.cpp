@@ -24,14 +24,12 @@ constexpr std::chrono::milliseconds busPatience{3000};
 // An application that starts by D-Bus answers only when it is up.
 constexpr guint activationPatienceSeconds = 30;
 
-constexpr const char* busIsSilent = "the session bus does not answer";
-
 using Entry = Released<GDesktopAppInfo, g_object_unref>;
 using Info = Released<GAppInfo, g_object_unref>;
 using Error = Released<GError, g_error_free>;
 
-std::string reasonOf(const GError* error) {
-    return error != nullptr && error->message != nullptr ? error->message : "unknown error";
+Failure failureOf(const GError* error) {
+    return Failure(error != nullptr && error->message != nullptr ? error->message : "unknown error");
 }
 
 // GIO wants a list whose elements it doesn't own.
@@ -77,7 +75,7 @@ std::string entryStem(GDesktopAppInfo* entry) {
     return path != nullptr ? std::filesystem::path(path).stem().string() : std::string("unknown");
 }
 
-std::string spawn(GDesktopAppInfo* entry, const UriList& uris, LaunchContext& context, GDBusConnection* bus) {
+Result<> spawn(GDesktopAppInfo* entry, const UriList& uris, LaunchContext& context, GDBusConnection* bus) {
     // Without G_SPAWN_DO_NOT_REAP_CHILD GLib forks twice and the program becomes nobody's child to wait for.
     constexpr auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
                                                     G_SPAWN_STDERR_TO_DEV_NULL);
@@ -92,8 +90,9 @@ std::string spawn(GDesktopAppInfo* entry, const UriList& uris, LaunchContext& co
     }
     if (!done) {
         context.fail();
+        return failureOf(error.get());
     }
-    return done ? std::string() : reasonOf(error.get());
+    return {};
 }
 
 struct Activation {
@@ -116,7 +115,7 @@ gboolean activationTookTooLong(gpointer data) {
 
 // The synchronous call of GIO doesn't tell whether a D-Bus activation came through; the asynchronous one
 // does.
-std::string activate(GDesktopAppInfo* entry, const UriList& uris, GAppLaunchContext* context) {
+Result<> activate(GDesktopAppInfo* entry, const UriList& uris, GAppLaunchContext* context) {
     const Released<GMainContext, g_main_context_unref> loop(g_main_context_new());
     const Released<GCancellable, g_object_unref> cancellable(g_cancellable_new());
     const Released<GSource, g_source_unref> limit(g_timeout_source_new_seconds(activationPatienceSeconds));
@@ -132,17 +131,16 @@ std::string activate(GDesktopAppInfo* entry, const UriList& uris, GAppLaunchCont
     g_main_context_pop_thread_default(loop.get());
     g_source_destroy(limit.get());
     const Error error(activation.error);
-    return error ? reasonOf(error.get()) : std::string();
+    return error ? failureOf(error.get()) : Result<>();
 }
 
-// What is wrong with the start; empty when nothing is.
-std::string start(GDesktopAppInfo* entry, const UriList& uris, const StartupOrigin& origin) {
+Result<> start(GDesktopAppInfo* entry, const UriList& uris, const StartupOrigin& origin) {
     const auto connection = SessionBus::connect(busPatience);
-    if (connection.state == SessionBus::State::silent) {
+    if (!connection) {
         // GIO would wait for ever for the same bus.
-        return busIsSilent;
+        return Failure(connection.error());
     }
-    const bool byBus = connection.bus != nullptr &&
+    const bool byBus = *connection != nullptr &&
                        g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) != 0;
     if (byBus && g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) == 0) {
         // GIO would ask the context for no id, and complain on standard error when it has none to tell the
@@ -150,52 +148,52 @@ std::string start(GDesktopAppInfo* entry, const UriList& uris, const StartupOrig
         return activate(entry, uris, nullptr);
     }
     LaunchContext context(entry, origin);
-    return byBus ? activate(entry, uris, context.get()) : spawn(entry, uris, context, connection.bus);
+    return byBus ? activate(entry, uris, context.get()) : spawn(entry, uris, context, *connection);
 }
 
 // GIO says of an entry only that it won't have it, and would wait for ever for the writer of a pipe.
-std::string refusal(const std::string& path) {
+Result<> check(const std::string& path) {
     std::error_code error;
     const auto status = std::filesystem::status(path, error);
     if (status.type() == std::filesystem::file_type::not_found) {
-        return "it does not exist";
+        return Failure("it does not exist");
     }
     if (error) {
-        return error.message();
+        return Failure(error.message());
     }
     if (!std::filesystem::is_regular_file(status)) {
-        return "it is no regular file";
+        return Failure("it is no regular file");
     }
     if (::access(path.c_str(), R_OK) != 0) {
-        return "it may not be read";
+        return Failure("it may not be read");
     }
     const auto entry = readDesktopEntry(path, {}, {});
     if (!entry) {
-        return "it is no valid entry of an application";
+        return Failure("it is no valid entry of an application");
     }
     if (entry->hidden) {
-        return "the entry is hidden";
+        return Failure("the entry is hidden");
     }
-    return entry->tryExecMissing ? "its TryExec is not installed" : "";
+    return entry->tryExecMissing ? Failure("its TryExec is not installed") : Result<>();
 }
 
-std::string startEntry(const std::string& path, const std::vector<std::string>& files,
-                       const StartupOrigin& origin) {
-    if (auto reason = refusal(path); !reason.empty()) {
-        return reason;
+Result<> startEntry(const std::string& path, const std::vector<std::string>& files,
+                    const StartupOrigin& origin) {
+    if (auto checked = check(path); !checked) {
+        return checked;
     }
     const Entry entry(g_desktop_app_info_new_from_filename(path.c_str()));
-    return entry ? start(entry.get(), UriList(files), origin) : "its program is not installed";
+    return entry ? start(entry.get(), UriList(files), origin) : Failure("its program is not installed");
 }
 
-std::string startHandler(const std::string& path, const StartupOrigin& origin) {
+Result<> startHandler(const std::string& path, const StartupOrigin& origin) {
     std::error_code status;
     const bool isFolder = std::filesystem::is_directory(path, status);
     if (!std::filesystem::exists(path, status)) {
-        return "it does not exist";
+        return Failure("it does not exist");
     }
-    if (SessionBus::connect(busPatience).state == SessionBus::State::silent) {
-        return busIsSilent;
+    if (const auto connection = SessionBus::connect(busPatience); !connection) {
+        return Failure(connection.error());
     }
     const Released<GFile, g_object_unref> file(g_file_new_for_path(path.c_str()));
     GError* problem = nullptr;
@@ -203,46 +201,47 @@ std::string startHandler(const std::string& path, const StartupOrigin& origin) {
                              : g_file_query_default_handler(file.get(), nullptr, &problem));
     const Error error(problem);
     if (!info || !G_IS_DESKTOP_APP_INFO(info.get())) {
-        return error ? reasonOf(error.get()) : "no application is there for it";
+        return error ? failureOf(error.get()) : Failure("no application is there for it");
     }
     auto* entry = reinterpret_cast<GDesktopAppInfo*>(info.get());
-    const auto reason = start(entry, UriList({path}), origin);
-    return reason.empty() ? reason : entryStem(entry) + ": " + reason;
+    return start(entry, UriList({path}), origin).map_error([entry](const std::string& reason) {
+        return entryStem(entry) + ": " + reason;
+    });
 }
 
-std::string show(const std::string& path, const StartupOrigin& origin) {
+Result<> show(const std::string& path, const StartupOrigin& origin) {
     std::error_code status;
     if (std::filesystem::symlink_status(path, status).type() == std::filesystem::file_type::not_found) {
-        return "it does not exist";
+        return Failure("it does not exist");
     }
     const auto connection = SessionBus::connect(busPatience);
-    if (connection.state == SessionBus::State::silent) {
-        return busIsSilent;
+    if (!connection) {
+        return Failure(connection.error());
     }
-    if (connection.bus != nullptr &&
-        SessionBus::showItems(connection.bus, {fileUri(path)}, makeStartupId(origin))) {
+    if (*connection != nullptr &&
+        SessionBus::showItems(*connection, {fileUri(path)}, makeStartupId(origin))) {
         return {};
     }
     return startHandler(std::filesystem::path(path).parent_path().string(), origin);
 }
 
-std::string outcome(const std::string& action, const std::string& path, const std::string& reason) {
-    return reason.empty() ? reason : action + " " + path + ": " + reason;
+Result<> described(const std::string& action, const std::string& path, const Result<>& outcome) {
+    return outcome.map_error([&](const std::string& reason) { return action + " " + path + ": " + reason; });
 }
 
 } // namespace
 
-std::string launch(const std::string& entryPath, const std::vector<std::string>& files,
-                   const StartupOrigin& origin) {
-    return outcome("launch", entryPath, startEntry(entryPath, files, origin));
+Result<> launch(const std::string& entryPath, const std::vector<std::string>& files,
+                const StartupOrigin& origin) {
+    return described("launch", entryPath, startEntry(entryPath, files, origin));
 }
 
-std::string open(const std::string& path, const StartupOrigin& origin) {
-    return outcome("open", path, startHandler(path, origin));
+Result<> open(const std::string& path, const StartupOrigin& origin) {
+    return described("open", path, startHandler(path, origin));
 }
 
-std::string reveal(const std::string& path, const StartupOrigin& origin) {
-    return outcome("reveal", path, show(withoutTrailingSlashes(path), origin));
+Result<> reveal(const std::string& path, const StartupOrigin& origin) {
+    return described("reveal", path, show(withoutTrailingSlashes(path), origin));
 }
 
 } // namespace quillary::EntryLaunch

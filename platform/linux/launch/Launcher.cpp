@@ -9,13 +9,13 @@ namespace quillary {
 Launcher::Launcher(Scheduler& scheduler, SystemLog& log, const StartupNotification* notification)
     : m_scheduler(scheduler), m_log(log), m_notification(notification) {}
 
-void Launcher::onWorker(std::function<Outcome(const StartupOrigin&)> work) {
+void Launcher::onWorker(std::function<Result<>(const StartupOrigin&)> work) {
     auto origin = m_notification != nullptr ? m_notification->origin() : StartupOrigin();
     m_scheduler.onWorker(
         [work = std::move(work), origin = std::move(origin), &log = m_log]() -> std::function<void()> {
-            return [failure = work(origin), &log] {
-                if (!failure.empty()) {
-                    log.write("Quillary: could not " + failure);
+            return [outcome = work(origin), &log] {
+                if (!outcome) {
+                    log.write("Quillary: could not " + outcome.error());
                 }
             };
         });

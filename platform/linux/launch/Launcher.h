@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Result.h"
 #include "platform/linux/launch/StartupNotification.h"
 
 #include <functional>
@@ -31,9 +32,7 @@ public:
     void reveal(const std::string& path);
 
 private:
-    /// What failed, empty when all went well.
-    using Outcome = std::string;
-    void onWorker(std::function<Outcome(const StartupOrigin&)> work);
+    void onWorker(std::function<Result<>(const StartupOrigin&)> work);
 
     Scheduler& m_scheduler;
     SystemLog& m_log;

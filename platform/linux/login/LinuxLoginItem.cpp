@@ -52,32 +52,34 @@ LoginItem::Status LinuxLoginItem::status() const {
     return started ? Status::enabled : Status::disabled;
 }
 
-std::optional<std::string> LinuxLoginItem::write(const std::string& text) const {
+Result<> LinuxLoginItem::write(const std::string& text) const {
     const fs::path entry = userEntry();
     std::error_code error;
     fs::create_directories(entry.parent_path(), error);
     if (error) {
-        return "cannot create " + entry.parent_path().string() + ": " + error.message();
+        return Failure("cannot create " + entry.parent_path().string() + ": " + error.message());
     }
-    if (const auto failure = AtomicFile::write(entry, text)) {
-        return "cannot write " + entry.string() + ": " + *failure;
+    if (const auto written = AtomicFile::write(entry, text); !written) {
+        return Failure("cannot write " + entry.string() + ": " + written.error());
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<std::string> LinuxLoginItem::registerItem() {
+Result<> LinuxLoginItem::registerItem() {
     const auto text = AutostartEntry::text(program.name, program.id, program.path);
-    return text ? write(*text) : "an entry cannot start " + program.path;
+    return text ? write(*text) : Failure("an entry cannot start " + program.path);
 }
 
-std::optional<std::string> LinuxLoginItem::unregisterItem() {
+Result<> LinuxLoginItem::unregisterItem() {
     if (startedBySystem()) {
         return write(AutostartEntry::hiddenText(program.name));
     }
     std::error_code error;
     fs::remove(userEntry(), error);
-    return error ? std::optional("cannot remove " + userEntry().string() + ": " + error.message())
-                 : std::nullopt;
+    if (error) {
+        return Failure("cannot remove " + userEntry().string() + ": " + error.message());
+    }
+    return {};
 }
 
 } // namespace quillary

@@ -3,7 +3,6 @@
 #include "platform/LoginItem.h"
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,15 +25,15 @@ public:
     explicit LinuxLoginItem(Program program);
 
     [[nodiscard]] Status status() const override;
-    [[nodiscard]] std::optional<std::string> registerItem() override;
+    [[nodiscard]] Result<> registerItem() override;
     /// Removes the user's entry, or hides the system's.
-    [[nodiscard]] std::optional<std::string> unregisterItem() override;
+    [[nodiscard]] Result<> unregisterItem() override;
 
 private:
     [[nodiscard]] std::filesystem::path userEntry() const;
     [[nodiscard]] std::vector<std::filesystem::path> systemEntries() const;
     [[nodiscard]] bool startedBySystem() const;
-    [[nodiscard]] std::optional<std::string> write(const std::string& text) const;
+    [[nodiscard]] Result<> write(const std::string& text) const;
 
     Program program;
 };

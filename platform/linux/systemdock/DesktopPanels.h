@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Result.h"
 #include "platform/linux/systemdock/SavedValuesFile.h"
 
 #include <optional>
@@ -16,15 +17,10 @@ public:
     /// What the log calls them ("Xfce's panels").
     [[nodiscard]] virtual std::string name() const = 0;
 
-    struct Reading {
-        /// The panels and their modes; empty when the desktop has none, or isn't there.
-        SavedValues panels;
-        /// Why they cannot be read; empty when they can.
-        std::string error;
-    };
-    [[nodiscard]] virtual Reading read() = 0;
-    /// Gives each of the panels the mode, or takes its mode away. Returns why that failed; empty on success.
-    [[nodiscard]] virtual std::string write(const SavedValues& panels) = 0;
+    /// The panels and their modes; empty when the desktop has none, or isn't there.
+    [[nodiscard]] virtual Result<SavedValues> read() = 0;
+    /// Gives each of the panels the mode, or takes its mode away.
+    [[nodiscard]] virtual Result<> write(const SavedValues& panels) = 0;
 
     /// Whether a panel in that mode is off the screen but for the pointer at its edge.
     [[nodiscard]] virtual bool isAway(const std::optional<std::string>& mode) const = 0;

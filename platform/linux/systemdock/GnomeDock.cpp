@@ -124,8 +124,8 @@ SavedValues GnomeDock::toPutAside() const {
 }
 
 void GnomeDock::hide() {
-    if (const auto error = file.store(toPutAside())) {
-        log.write("Quillary: could not hide GNOME's dock: " + *error);
+    if (const auto stored = file.store(toPutAside()); !stored) {
+        log.write("Quillary: could not hide GNOME's dock: " + stored.error());
         return;
     }
     g_settings_delay(settings.get());

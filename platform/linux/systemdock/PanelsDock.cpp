@@ -13,21 +13,21 @@ PanelsDock::PanelsDock(std::unique_ptr<DesktopPanels> controlled, SavedValuesFil
 
 DockPrefs PanelsDock::read() {
     const auto now = panels->read();
-    isReachable = now.error.empty();
+    isReachable = now.has_value();
     if (!isReachable) {
-        logFailure("read", now.error);
+        logFailure("read", now.error());
     }
-    if (now.panels.empty()) {
+    if (!isReachable || now->empty()) {
         return DockPrefs::hidden;
     }
     const auto saved = file.load();
-    if (isHidden(now.panels, saved)) {
+    if (isHidden(*now, saved)) {
         return DockPrefs::hidden;
     }
     if (saved.state != SavedValuesFile::State::absent) {
         file.remove();
     }
-    return ownValues(now.panels);
+    return ownValues(*now);
 }
 
 void PanelsDock::write(const DockPrefs& prefs) {
@@ -36,15 +36,15 @@ void PanelsDock::write(const DockPrefs& prefs) {
         return;
     }
     const auto now = panels->read();
-    if (!now.error.empty()) {
-        logFailure("read", now.error);
-    } else if (now.panels.empty()) {
+    if (!now) {
+        logFailure("read", now.error());
+    } else if (now->empty()) {
         // A desktop that has gone may come back with its panels as they were.
         return;
     } else if (prefs == DockPrefs::hidden) {
-        hide(now.panels);
+        hide(*now);
     } else {
-        bringBack(now.panels, prefs);
+        bringBack(*now, prefs);
     }
 }
 
@@ -88,8 +88,8 @@ SavedValues PanelsDock::toPutAside(const SavedValues& now) const {
 }
 
 void PanelsDock::hide(const SavedValues& now) {
-    if (const auto error = file.store(toPutAside(now))) {
-        logFailure("hide", *error);
+    if (const auto stored = file.store(toPutAside(now)); !stored) {
+        logFailure("hide", stored.error());
         return;
     }
     SavedValues changes;
@@ -98,8 +98,8 @@ void PanelsDock::hide(const SavedValues& now) {
             changes.emplace(id, panels->awayFrom(mode));
         }
     }
-    if (const auto error = panels->write(changes); !error.empty()) {
-        logFailure("hide", error);
+    if (const auto written = panels->write(changes); !written) {
+        logFailure("hide", written.error());
     }
 }
 
@@ -107,9 +107,9 @@ void PanelsDock::bringBack(const SavedValues& now, const DockPrefs& prefs) {
     const auto saved = file.load();
     const auto changes =
         saved.state == SavedValuesFile::State::valid ? remembered(now, saved.values) : chosen(now, prefs);
-    if (const auto error = panels->write(changes); !error.empty()) {
+    if (const auto written = panels->write(changes); !written) {
         // What was put aside stays for the next try.
-        logFailure("bring back", error);
+        logFailure("bring back", written.error());
         return;
     }
     file.remove();

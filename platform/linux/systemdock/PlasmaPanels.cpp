@@ -37,35 +37,38 @@ std::string_view nextLine(std::string_view& text) {
     return line;
 }
 
-BusOperation::Answer evaluate(const std::string& script) {
+Result<BusOperation::Answer> evaluate(const std::string& script) {
     return BusOperation(plasmaShell).call("evaluateScript", g_variant_new("(s)", script.c_str()), "(s)");
 }
 
 } // namespace
 
-DesktopPanels::Reading PlasmaPanels::read() {
+Result<SavedValues> PlasmaPanels::read() {
     const auto answer = evaluate(readScript);
-    if (answer.outcome != BusOperation::Outcome::answered) {
-        return {.panels = {}, .error = answer.error};
+    if (!answer) {
+        return Failure(answer.error());
+    }
+    SavedValues panels;
+    if (*answer == nullptr) {
+        return panels;
     }
     const char* output = nullptr;
-    g_variant_get(answer.value.get(), "(&s)", &output);
+    g_variant_get(answer->get(), "(&s)", &output);
     std::string_view text = output;
-    Reading reading;
-    while (!text.empty() && reading.panels.size() < mostPanels) {
+    while (!text.empty() && panels.size() < mostPanels) {
         const auto line = nextLine(text);
         const auto space = line.find(' ');
         if (space == std::string_view::npos) {
             continue;
         }
         if (const auto mode = line.substr(space + 1); isNumber(line.substr(0, space)) && isWord(mode)) {
-            reading.panels.emplace(line.substr(0, space), mode);
+            panels.emplace(line.substr(0, space), mode);
         }
     }
-    return reading;
+    return panels;
 }
 
-std::string PlasmaPanels::write(const SavedValues& panels) {
+Result<> PlasmaPanels::write(const SavedValues& panels) {
     std::string modes;
     for (const auto& [panel, mode] : panels) {
         if (isNumber(panel) && mode && isWord(*mode)) {
@@ -77,7 +80,10 @@ std::string PlasmaPanels::write(const SavedValues& panels) {
         return {};
     }
     const auto answer = evaluate("var modes = {" + modes + "}; " + writeScript);
-    return answer.outcome == BusOperation::Outcome::absent ? "plasmashell has gone" : answer.error;
+    if (!answer) {
+        return Failure(answer.error());
+    }
+    return *answer != nullptr ? Result<>() : Failure("plasmashell has gone");
 }
 
 bool PlasmaPanels::isAway(const std::optional<std::string>& mode) const {

@@ -10,8 +10,8 @@ namespace quillary {
 class PlasmaPanels final : public DesktopPanels {
 public:
     [[nodiscard]] std::string name() const override { return "Plasma's panels"; }
-    [[nodiscard]] Reading read() override;
-    [[nodiscard]] std::string write(const SavedValues& panels) override;
+    [[nodiscard]] Result<SavedValues> read() override;
+    [[nodiscard]] Result<> write(const SavedValues& panels) override;
     [[nodiscard]] bool isAway(const std::optional<std::string>& mode) const override;
     [[nodiscard]] std::string awayFrom(const std::optional<std::string>& mode) const override;
     [[nodiscard]] std::optional<std::string> shown() const override;

@@ -68,7 +68,7 @@ SavedValuesFile::Content SavedValuesFile::load() const {
                   : Content{.state = State::damaged, .values = {}};
 }
 
-std::optional<std::string> SavedValuesFile::store(const SavedValues& values) const {
+Result<> SavedValuesFile::store(const SavedValues& values) const {
     std::error_code error;
     fs::create_directories(file.parent_path(), error);
     return AtomicFile::write(file, encoded(values));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Result.h"
+
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -31,9 +33,8 @@ public:
     };
     [[nodiscard]] Content load() const;
 
-    /// Replaces the file at once, so that it is never seen half written, with permissions 0600. Returns the
-    /// text of the error; nothing on success.
-    [[nodiscard]] std::optional<std::string> store(const SavedValues& values) const;
+    /// Replaces the file at once, so that it is never seen half written, with permissions 0600.
+    [[nodiscard]] Result<> store(const SavedValues& values) const;
     void remove() const;
 
 private:

@@ -63,35 +63,34 @@ Value parsed(const std::string& text) {
     return isPlain ? std::move(value) : nullptr;
 }
 
-std::string failure(const BusOperation::Answer& answer) {
-    return answer.outcome == BusOperation::Outcome::absent ? "xfconf has gone" : answer.error;
-}
-
 } // namespace
 
-DesktopPanels::Reading XfcePanels::read() {
+Result<SavedValues> XfcePanels::read() {
     const auto answer =
         BusOperation(xfconf).call("GetAllProperties", g_variant_new("(ss)", channel, panelList), "(a{sv})");
-    if (answer.outcome != BusOperation::Outcome::answered) {
-        return {.panels = {}, .error = answer.error};
+    if (!answer) {
+        return Failure(answer.error());
     }
-    const Value properties(g_variant_get_child_value(answer.value.get(), 0));
+    SavedValues panels;
+    if (*answer == nullptr) {
+        return panels;
+    }
+    const Value properties(g_variant_get_child_value(answer->get(), 0));
     const Value list(g_variant_lookup_value(properties.get(), panelList, nullptr));
-    Reading reading;
     for (const auto& panel : panelNames(list.get())) {
         const Value mode(g_variant_lookup_value(properties.get(), property(panel).c_str(), nullptr));
         auto text = mode ? takeText(g_variant_print(mode.get(), TRUE)) : std::string();
         // What could not be put back as it was is not touched.
         if (!mode || isMode(text)) {
-            reading.panels.emplace(panel, mode ? std::optional(std::move(text)) : std::nullopt);
+            panels.emplace(panel, mode ? std::optional(std::move(text)) : std::nullopt);
         }
     }
-    return reading;
+    return panels;
 }
 
-std::string XfcePanels::write(const SavedValues& panels) {
+Result<> XfcePanels::write(const SavedValues& panels) {
     BusOperation operation(xfconf);
-    std::string error;
+    Result<> outcome;
     for (const auto& [panel, mode] : panels) {
         const auto path = property(panel);
         const Value value = mode ? parsed(*mode) : nullptr;
@@ -100,11 +99,13 @@ std::string XfcePanels::write(const SavedValues& panels) {
                 ? operation.call("SetProperty", g_variant_new("(ssv)", channel, path.c_str(), value.get()),
                                  "()")
                 : operation.call("ResetProperty", g_variant_new("(ssb)", channel, path.c_str(), FALSE), "()");
-        if (answer.outcome != BusOperation::Outcome::answered) {
-            error = failure(answer);
+        if (!answer) {
+            outcome = Failure(answer.error());
+        } else if (*answer == nullptr) {
+            outcome = Failure("xfconf has gone");
         }
     }
-    return error;
+    return outcome;
 }
 
 bool XfcePanels::isAway(const std::optional<std::string>& mode) const {

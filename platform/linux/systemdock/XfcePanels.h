@@ -11,8 +11,8 @@ namespace quillary {
 class XfcePanels final : public DesktopPanels {
 public:
     [[nodiscard]] std::string name() const override { return "Xfce's panels"; }
-    [[nodiscard]] Reading read() override;
-    [[nodiscard]] std::string write(const SavedValues& panels) override;
+    [[nodiscard]] Result<SavedValues> read() override;
+    [[nodiscard]] Result<> write(const SavedValues& panels) override;
     [[nodiscard]] bool isAway(const std::optional<std::string>& mode) const override;
     [[nodiscard]] std::string awayFrom(const std::optional<std::string>& mode) const override;
     [[nodiscard]] std::optional<std::string> shown() const override { return std::nullopt; }

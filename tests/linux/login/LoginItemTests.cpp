@@ -1,4 +1,5 @@
 #include "platform/linux/login/LinuxLoginItem.h"
+#include "tests/core/Succeeded.h"
 #include "tests/core/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -58,33 +59,33 @@ private:
 
 TEST_F(LoginItemTest, registeringWritesAnEntryThatStartsTheProgram) {
     EXPECT_EQ(item.status(), Status::disabled);
-    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_TRUE(succeeded(item.registerItem()));
     EXPECT_EQ(item.status(), Status::enabled);
     EXPECT_NE(read(entry("user")).find("\nExec=\"/opt/quillary/bin/quillary\"\n"), std::string::npos);
 }
 
 TEST_F(LoginItemTest, unregisteringRemovesItAndTwiceIsNoError) {
-    ASSERT_EQ(item.registerItem(), std::nullopt);
-    EXPECT_EQ(item.unregisterItem(), std::nullopt);
+    ASSERT_TRUE(succeeded(item.registerItem()));
+    EXPECT_TRUE(succeeded(item.unregisterItem()));
     EXPECT_EQ(item.status(), Status::disabled);
     EXPECT_FALSE(fs::exists(entry("user")));
-    EXPECT_EQ(item.unregisterItem(), std::nullopt);
+    EXPECT_TRUE(succeeded(item.unregisterItem()));
 }
 
 TEST_F(LoginItemTest, anEntryThatAnotherProgramSwitchedOffIsSwitchedOnAgain) {
     put("user", "X-GNOME-Autostart-enabled=false\n");
     EXPECT_EQ(item.status(), Status::disabled);
-    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_TRUE(succeeded(item.registerItem()));
     EXPECT_EQ(item.status(), Status::enabled);
 }
 
 TEST_F(LoginItemTest, anEntryOfTheSystemCountsUntilTheUserHidesIt) {
     put("second", "");
     EXPECT_EQ(item.status(), Status::enabled);
-    EXPECT_EQ(item.unregisterItem(), std::nullopt);
+    EXPECT_TRUE(succeeded(item.unregisterItem()));
     EXPECT_EQ(item.status(), Status::disabled);
     EXPECT_NE(read(entry("user")).find("\nHidden=true\n"), std::string::npos);
-    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_TRUE(succeeded(item.registerItem()));
     EXPECT_EQ(item.status(), Status::enabled);
 }
 
@@ -99,35 +100,38 @@ TEST_F(LoginItemTest, theFirstOfTheSystemsFoldersDecides) {
 TEST_F(LoginItemTest, withoutTheVariablesTheStandardsFoldersCount) {
     set("XDG_CONFIG_HOME", "relative");
     set("HOME", (folder.path() / "home").string());
-    ASSERT_EQ(item.registerItem(), std::nullopt);
+    ASSERT_TRUE(succeeded(item.registerItem()));
     EXPECT_TRUE(fs::exists(folder.path() / "home/.config/autostart/quillary.desktop"));
 }
 
 TEST_F(LoginItemTest, aRefusedWriteSaysWhichFileAndWhy) {
     fs::create_directories(folder.path() / "user");
     std::ofstream(folder.path() / "user/autostart") << "a file";
-    const auto failure = item.registerItem();
-    ASSERT_TRUE(failure);
-    EXPECT_TRUE(failure->starts_with("cannot create " + (folder.path() / "user/autostart").string() + ": "))
-        << *failure;
+    const auto changed = item.registerItem();
+    ASSERT_FALSE(changed);
+    EXPECT_TRUE(
+        changed.error().starts_with("cannot create " + (folder.path() / "user/autostart").string() + ": "))
+        << changed.error();
     EXPECT_EQ(item.status(), Status::disabled);
     fs::remove(folder.path() / "user/autostart");
     fs::create_directories(entry("user"));
     const auto second = item.registerItem();
-    ASSERT_TRUE(second);
-    EXPECT_TRUE(second->starts_with("cannot write " + entry("user").string() + ": ")) << *second;
+    ASSERT_FALSE(second);
+    EXPECT_TRUE(second.error().starts_with("cannot write " + entry("user").string() + ": "))
+        << second.error();
 }
 
 TEST_F(LoginItemTest, aRefusedRemovalSaysWhichFileAndWhy) {
     fs::create_directories(entry("user") / "something inside");
-    const auto failure = item.unregisterItem();
-    ASSERT_TRUE(failure);
-    EXPECT_TRUE(failure->starts_with("cannot remove " + entry("user").string() + ": ")) << *failure;
+    const auto changed = item.unregisterItem();
+    ASSERT_FALSE(changed);
+    EXPECT_TRUE(changed.error().starts_with("cannot remove " + entry("user").string() + ": "))
+        << changed.error();
 }
 
 TEST_F(LoginItemTest, aProgramThatNoEntryCanNameIsRefused) {
     LinuxLoginItem odd({.id = "quillary", .name = "Quillary", .path = "/a=b/quillary"});
-    EXPECT_EQ(odd.registerItem(), "an entry cannot start /a=b/quillary");
+    EXPECT_EQ(odd.registerItem(), Failure("an entry cannot start /a=b/quillary"));
     EXPECT_FALSE(fs::exists(entry("user")));
 }
 

@@ -1,4 +1,5 @@
 #include "platform/linux/systemdock/PanelsDock.h"
+#include "tests/core/Succeeded.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
 #include "tests/linux/systemdock/HiderRun.h"
@@ -25,19 +26,22 @@ public:
     explicit FakePanels(Desktop& controlled) : desktop(controlled) {}
 
     [[nodiscard]] std::string name() const override { return "the panels"; }
-    [[nodiscard]] Reading read() override {
+    [[nodiscard]] Result<SavedValues> read() override {
         ++desktop.reads;
-        return desktop.readError.empty() ? Reading{.panels = desktop.panels, .error = {}}
-                                         : Reading{.panels = {}, .error = desktop.readError};
-    }
-    [[nodiscard]] std::string write(const SavedValues& panels) override {
-        ++desktop.writes;
-        if (desktop.writeError.empty()) {
-            for (const auto& [id, mode] : panels) {
-                desktop.panels[id] = mode;
-            }
+        if (!desktop.readError.empty()) {
+            return Failure(desktop.readError);
         }
-        return desktop.writeError;
+        return desktop.panels;
+    }
+    [[nodiscard]] Result<> write(const SavedValues& panels) override {
+        ++desktop.writes;
+        if (!desktop.writeError.empty()) {
+            return Failure(desktop.writeError);
+        }
+        for (const auto& [id, mode] : panels) {
+            desktop.panels[id] = mode;
+        }
+        return {};
     }
     [[nodiscard]] bool isAway(const std::optional<std::string>& mode) const override {
         return mode == "always";
@@ -120,7 +124,7 @@ TEST_F(PanelsDockTest, aStartAfterACrashWithForgottenSettingsBringsBackNonethele
 }
 
 TEST_F(PanelsDockTest, aCrashBeforeThePanelsWereHiddenLeavesNothingBehind) {
-    ASSERT_EQ(SavedValuesFile(path).store({{"1", "never"}, {"2", "dodge"}}), std::nullopt);
+    ASSERT_TRUE(succeeded(SavedValuesFile(path).store({{"1", "never"}, {"2", "dodge"}})));
     HiderRun later(dock, DockPrefs{false, std::nullopt});
     EXPECT_EQ(later.show(), nothing);
     EXPECT_FALSE(isPutAside());
@@ -129,7 +133,7 @@ TEST_F(PanelsDockTest, aCrashBeforeThePanelsWereHiddenLeavesNothingBehind) {
 
 TEST_F(PanelsDockTest, aPanelThatIsAwayOfItselfDoesNotMakeTheOthersHidden) {
     desktop.panels = {{"1", "never"}, {"2", "always"}};
-    ASSERT_EQ(SavedValuesFile(path).store(desktop.panels), std::nullopt);
+    ASSERT_TRUE(succeeded(SavedValuesFile(path).store(desktop.panels)));
     EXPECT_EQ(dock.read(), (DockPrefs{false, std::nullopt}));
 }
 

@@ -1,0 +1,5 @@
+set(tl-expected_FOUND TRUE)
+if(NOT TARGET tl::expected)
+  add_library(tl::expected INTERFACE IMPORTED GLOBAL)
+  target_include_directories(tl::expected SYSTEM INTERFACE ${QUILLARY_MACOS_CACHE}/include)
+endif()
