@@ -4,13 +4,13 @@
 #include "app/view/Appearance.h"
 #include "app/view/DockScene.h"
 #include "app/view/DockSceneBuilder.h"
-#include "app/view/DragHover.h"
 #include "app/view/IconSprites.h"
 #include "app/view/ItemPress.h"
 #include "app/view/LabelText.h"
 #include "app/view/PixelFit.h"
 #include "app/view/Plates.h"
 #include "app/view/SceneMotion.h"
+#include "app/view/drag/DragHover.h"
 
 #include <QFontMetricsF>
 #include <QPointF>

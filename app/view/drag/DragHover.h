@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/view/DockDrops.h"
-#include "app/view/FileDrop.h"
+#include "app/view/drag/DockDrops.h"
+#include "app/view/drag/FileDrop.h"
 
 #include <QPointF>
 

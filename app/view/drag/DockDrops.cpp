@@ -1,4 +1,4 @@
-#include "app/view/DockDrops.h"
+#include "app/view/drag/DockDrops.h"
 
 #include "app/DockModel.h"
 #include "platform/Platform.h"

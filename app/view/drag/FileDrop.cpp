@@ -1,4 +1,4 @@
-#include "app/view/FileDrop.h"
+#include "app/view/drag/FileDrop.h"
 
 #include "core/FileUrl.h"
 #include "platform/Scheduler.h"

@@ -1,6 +1,6 @@
-#include "app/view/ItemDrag.h"
+#include "app/view/drag/ItemDrag.h"
 
-#include "app/view/FileDrop.h"
+#include "app/view/drag/FileDrop.h"
 
 #include <QCoreApplication>
 #include <QDrag>

@@ -1,4 +1,4 @@
-#include "app/view/DragHover.h"
+#include "app/view/drag/DragHover.h"
 
 #include <QDropEvent>
 #include <QMimeData>
