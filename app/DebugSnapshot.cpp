@@ -10,7 +10,6 @@
 #include "core/AtomicFile.h"
 #include "platform/Platform.h"
 #include "platform/Scheduler.h"
-#include "platform/Workspace.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -77,7 +76,7 @@ void DebugSnapshot::takeDocks() {
 
 void DebugSnapshot::finish() {
     writeSettingsPicture();
-    write(folder / "snapshot-report.txt", report(manager, platform.workspace()));
+    write(folder / "snapshot-report.txt", report(manager, platform.files()));
     terminate();
 }
 
@@ -113,7 +112,7 @@ void DebugSnapshot::writePicture(const std::string& name, const QImage& picture)
     }
 }
 
-std::string DebugSnapshot::report(const DockManager& manager, const Workspace& workspace) {
+std::string DebugSnapshot::report(const DockManager& manager, const FileFacts& files) {
     const MemoryMonitor& memory = *manager.memory;
     const MemoryStats& stats = memory.stats();
     std::string text = "showsMemory: ";
@@ -125,7 +124,7 @@ std::string DebugSnapshot::report(const DockManager& manager, const Workspace& w
         text += "\ndock " + model->screenName();
         for (const std::string& path : model->running->paths()) {
             const auto usage = memory.byApp().find(path);
-            text += "\n  " + displayName(workspace, path) + " · ";
+            text += "\n  " + displayName(files, path) + " · ";
             text += usage == memory.byApp().end() ? "—" : RamBadges::text(usage->second);
             text += " · ";
             text += rawValue(memory.badge(path));

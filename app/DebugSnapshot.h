@@ -10,9 +10,9 @@ class QImage;
 namespace quillary {
 
 class DockManager;
+class FileFacts;
 class Platform;
 class ScheduledTask;
-class Workspace;
 
 /// Pictures of every dock and of the settings window and a text report for checking the program without a
 /// person at the screen, asked for by an environment variable. Nothing it cannot draw or write is told: it is
@@ -33,7 +33,7 @@ public:
     ~DebugSnapshot();
 
     /// The report's text, without a line feed at its end.
-    [[nodiscard]] static std::string report(const DockManager& manager, const Workspace& workspace);
+    [[nodiscard]] static std::string report(const DockManager& manager, const FileFacts& files);
 
 private:
     void takeDocks();

@@ -4,9 +4,9 @@
 
 namespace quillary {
 
-class Workspace;
+class FileFacts;
 
 /// The name under which the program speaks of a path: the file manager's, without a trailing ".app".
-[[nodiscard]] std::string displayName(const Workspace& workspace, const std::string& path);
+[[nodiscard]] std::string displayName(const FileFacts& files, const std::string& path);
 
 } // namespace quillary

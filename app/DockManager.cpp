@@ -33,7 +33,7 @@ DockManager::DockManager(Platform& system)
       memory(std::make_shared<MemoryMonitor>(system.scheduler(), system.memory())),
       settingsURL(system.applicationSupportDirectory() / "Quillary" / "settings.json"),
       platform(system),
-      icons(std::make_shared<IconCache>(system.workspace())),
+      icons(std::make_shared<IconCache>(system.icons())),
       store(settingsURL),
       current(store.load()),
       systemDockHidden(current.hideSystemDock),

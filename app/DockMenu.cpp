@@ -53,7 +53,7 @@ private:
     }
 
     void addItem(const std::string& path) {
-        const std::string name = displayName(platform.workspace(), path);
+        const std::string name = displayName(platform.files(), path);
         add("Open " + name, onModel([path](DockModel& dock) { dock.open(path); }));
         if (std::ranges::find(config.items, path) != config.items.end()) {
             add("Remove from Dock", onModel([path](DockModel& dock) { dock.remove(path); }));

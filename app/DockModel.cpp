@@ -4,6 +4,7 @@
 #include "app/MemoryMonitor.h"
 #include "app/RunningApps.h"
 #include "core/DockItems.h"
+#include "platform/FileFacts.h"
 #include "platform/Platform.h"
 #include "platform/Scheduler.h"
 #include "platform/Workspace.h"
@@ -133,7 +134,7 @@ void DockModel::remove(const std::string& path) {
 
 void DockModel::open(const std::string& path) {
     Workspace& workspace = platform.workspace();
-    if (!workspace.isApplication(path)) {
+    if (!platform.files().isApplication(path)) {
         workspace.open(path);
         return;
     }

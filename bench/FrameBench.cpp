@@ -37,7 +37,7 @@ public:
         manager = std::make_unique<DockManager>(platform);
         manager->update(model().key, [style](DockConfig& config) { config.style = style; });
         const DockGeometry geometry = model().geometry(model().cells());
-        sprites = std::make_unique<IconSprites>(std::make_shared<IconCache>(platform.workspace()));
+        sprites = std::make_unique<IconSprites>(std::make_shared<IconCache>(platform.icons()));
         sprites->setLook(IconSprites::Look::of(geometry, appearance, ratio));
         target = QImage((geometry.panelSize() * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
         target.setDevicePixelRatio(ratio);

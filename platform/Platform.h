@@ -13,6 +13,8 @@ class QWidget;
 
 namespace quillary {
 
+class FileFacts;
+class FileIcons;
 class LoginItem;
 class MemorySource;
 class PanelWindow;
@@ -33,6 +35,8 @@ public:
 
     [[nodiscard]] virtual Screens& screens() = 0;
     [[nodiscard]] virtual Workspace& workspace() = 0;
+    [[nodiscard]] virtual const FileFacts& files() const = 0;
+    [[nodiscard]] virtual const FileIcons& icons() const = 0;
     [[nodiscard]] virtual SystemDockPreferences& systemDock() = 0;
     [[nodiscard]] virtual PointerMonitor& pointer() = 0;
     [[nodiscard]] virtual Scheduler& scheduler() = 0;

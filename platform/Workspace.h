@@ -2,7 +2,6 @@
 
 #include "platform/RunningApplication.h"
 
-#include <QIcon>
 #include <QObject>
 #include <QRectF>
 
@@ -12,7 +11,7 @@
 
 namespace quillary {
 
-/// Running applications and what can be done with applications and files. Paths are absolute, UTF-8.
+/// The running applications, and opening applications and files. Paths are absolute, UTF-8.
 ///
 /// No operation fails visibly: what cannot be done is written to the log as one line and nothing else
 /// happens.
@@ -29,16 +28,6 @@ public:
     [[nodiscard]] virtual std::optional<QRectF> fullScreenFrame() const = 0;
     /// This program's own identifier, in the form of RunningApplication::bundleIdentifier.
     [[nodiscard]] virtual std::optional<std::string> ownBundleIdentifier() const = 0;
-
-    /// Whether the path names an application rather than a document or folder.
-    [[nodiscard]] virtual bool isApplication(const std::string& path) const = 0;
-    /// Whether something stands at the path.
-    [[nodiscard]] virtual bool exists(const std::string& path) const = 0;
-    /// The name that the file manager shows for the path; the last path component when there is no better
-    /// one.
-    [[nodiscard]] virtual std::string displayName(const std::string& path) const = 0;
-    /// The path's icon in every size the system has; a generic one when it has none. Never null.
-    [[nodiscard]] virtual QIcon icon(const std::string& path) const = 0;
 
     /// Brings a running application to the front, or starts it.
     virtual void openApplication(const std::string& path) = 0;

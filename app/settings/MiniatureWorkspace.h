@@ -1,11 +1,12 @@
 #pragma once
 
+#include "platform/FileIcons.h"
 #include "platform/Workspace.h"
 
 namespace quillary {
 
 /// A system that knows four coloured squares and nothing else, for docks that are shown as examples.
-class MiniatureWorkspace final : public Workspace {
+class MiniatureWorkspace final : public Workspace, public FileIcons {
 public:
     /// `share`: how much of an icon's side its square takes; the rest is clear around it.
     explicit MiniatureWorkspace(double share) : squareShare(share) {}
@@ -17,9 +18,6 @@ public:
     [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override { return {}; }
     [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override { return {}; }
     [[nodiscard]] std::optional<std::string> ownBundleIdentifier() const override { return {}; }
-    [[nodiscard]] bool isApplication(const std::string& /*path*/) const override { return true; }
-    [[nodiscard]] bool exists(const std::string& /*path*/) const override { return true; }
-    [[nodiscard]] std::string displayName(const std::string& path) const override { return path; }
     [[nodiscard]] QIcon icon(const std::string& path) const override;
     void openApplication(const std::string& /*path*/) override {}
     void open(const std::string& /*path*/) override {}

@@ -10,11 +10,11 @@
 #include "app/view/IconCache.h"
 #include "app/view/PixelFit.h"
 #include "app/view/drag/ItemDrag.h"
+#include "platform/FileFacts.h"
 #include "platform/PanelWindow.h"
 #include "platform/Platform.h"
 #include "platform/PointerMonitor.h"
 #include "platform/Scheduler.h"
-#include "platform/Workspace.h"
 
 #include <QBitmap>
 #include <QCloseEvent>
@@ -129,7 +129,7 @@ DockSceneState DockView::state(double now) {
                     const auto known = existing.find(path);
                     return known != existing.end()
                                ? known->second
-                               : existing.emplace(path, platform.workspace().exists(path)).first->second;
+                               : existing.emplace(path, platform.files().exists(path)).first->second;
                 }};
 }
 
@@ -219,7 +219,7 @@ QString DockView::labelText(const std::string& path) {
     if (known != names.end()) {
         return known->second;
     }
-    QString text = QString::fromStdString(displayName(platform.workspace(), path)).left(longestName);
+    QString text = QString::fromStdString(displayName(platform.files(), path)).left(longestName);
     std::ranges::replace_if(
         text, [](QChar letter) { return letter.category() == QChar::Other_Control; }, u' ');
     const auto usage = model->memory->byApp().find(path);

@@ -1,14 +1,14 @@
 #include "app/view/IconCache.h"
 
-#include "platform/Workspace.h"
+#include "platform/FileIcons.h"
 
 namespace quillary {
 
-IconCache::IconCache(Workspace& system) : workspace(system) {}
+IconCache::IconCache(const FileIcons& system) : source(system) {}
 
 const QIcon& IconCache::icon(const std::string& path) {
     const auto known = icons.find(path);
-    return known != icons.end() ? known->second : icons.emplace(path, workspace.icon(path)).first->second;
+    return known != icons.end() ? known->second : icons.emplace(path, source.icon(path)).first->second;
 }
 
 } // namespace quillary

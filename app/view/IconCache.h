@@ -9,19 +9,19 @@
 
 namespace quillary {
 
-class Workspace;
+class FileIcons;
 
 /// The icon of every path that was ever shown; the system is asked once for each. One cache serves all docks.
 class IconCache {
 public:
-    /// The workspace must outlive the cache.
-    explicit IconCache(Workspace& workspace);
+    /// The source must outlive the cache.
+    explicit IconCache(const FileIcons& source);
 
     /// Never null: the system's generic icon stands for a path without one.
     [[nodiscard]] const QIcon& icon(const std::string& path);
 
 private:
-    Workspace& workspace;
+    const FileIcons& source;
     std::map<std::string, QIcon, std::less<>> icons;
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileFacts.h"
+#include "platform/FileIcons.h"
 #include "platform/Workspace.h"
 #include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/launch/Launcher.h"
@@ -22,7 +24,7 @@ class WindowSource;
 /// Applications as desktop entries and the windows that belong to them. An application runs while it has a
 /// window for docks; windows that belong to no entry are left out. Its identifier is the desktop file id. An
 /// application's policy is always regular.
-class LinuxWorkspace final : public Workspace {
+class LinuxWorkspace final : public Workspace, public FileFacts, public FileIcons {
     Q_OBJECT
 
 public:

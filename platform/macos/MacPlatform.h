@@ -13,6 +13,8 @@ public:
 
     [[nodiscard]] Screens& screens() override;
     [[nodiscard]] Workspace& workspace() override;
+    [[nodiscard]] const FileFacts& files() const override;
+    [[nodiscard]] const FileIcons& icons() const override;
     [[nodiscard]] SystemDockPreferences& systemDock() override;
     [[nodiscard]] PointerMonitor& pointer() override;
     [[nodiscard]] Scheduler& scheduler() override;

@@ -57,6 +57,14 @@ Workspace& MacPlatform::workspace() {
     return m_parts->workspace;
 }
 
+const FileFacts& MacPlatform::files() const {
+    return parts->workspace;
+}
+
+const FileIcons& MacPlatform::icons() const {
+    return parts->workspace;
+}
+
 SystemDockPreferences& MacPlatform::systemDock() {
     return m_parts->systemDock;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileFacts.h"
+#include "platform/FileIcons.h"
 #include "platform/Workspace.h"
 
 #include <memory>
@@ -8,7 +10,7 @@ namespace quillary {
 
 /// Running applications, opening and revealing by NSWorkspace; names and existence by NSFileManager. A path
 /// is an application when it ends in ".app".
-class MacWorkspace final : public Workspace {
+class MacWorkspace final : public Workspace, public FileFacts, public FileIcons {
     Q_OBJECT
 
 public:

@@ -97,6 +97,14 @@ Workspace& X11Platform::workspace() {
     return m_parts->workspace;
 }
 
+const FileFacts& X11Platform::files() const {
+    return parts->workspace;
+}
+
+const FileIcons& X11Platform::icons() const {
+    return parts->workspace;
+}
+
 SystemDockPreferences& X11Platform::systemDock() {
     return m_parts->systemDock;
 }

@@ -176,19 +176,19 @@ TEST_F(DebugSnapshotTest, theReportNamesEveryDockWithAllRunningApplications) {
     manager->update(rightKey, [](DockConfig& config) { config.enabled = false; });
     platform.workspace().launch("/Applications/Mail.app");
     platform.workspace().launch("/Applications/Notes");
-    EXPECT_EQ(DebugSnapshot::report(*manager, platform.workspace()), "showsMemory: true\n"
-                                                                     "pressure: normal · used 0 MB of 0 MB\n"
-                                                                     "dock LEFT\n"
-                                                                     "  Mail · — · none\n"
-                                                                     "  Notes · — · none\n"
-                                                                     "dock RIGHT\n"
-                                                                     "  Mail · — · none\n"
-                                                                     "  Notes · — · none");
+    EXPECT_EQ(DebugSnapshot::report(*manager, platform.files()), "showsMemory: true\n"
+                                                                 "pressure: normal · used 0 MB of 0 MB\n"
+                                                                 "dock LEFT\n"
+                                                                 "  Mail · — · none\n"
+                                                                 "  Notes · — · none\n"
+                                                                 "dock RIGHT\n"
+                                                                 "  Mail · — · none\n"
+                                                                 "  Notes · — · none");
     request(folder.path().toStdString());
     platform.scheduler().advance(9);
     std::ostringstream stored;
     stored << std::ifstream(file("snapshot-report.txt")).rdbuf();
-    EXPECT_EQ(stored.str(), DebugSnapshot::report(*manager, platform.workspace()));
+    EXPECT_EQ(stored.str(), DebugSnapshot::report(*manager, platform.files()));
 }
 
 } // namespace

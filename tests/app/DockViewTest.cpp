@@ -25,7 +25,7 @@ protected:
         configure([](DockConfig& config) { config.magnification = Magnification::big; });
         turn();
         const auto dock = manager->models()[0];
-        view = std::make_unique<DockView>(dock, std::make_shared<IconCache>(platform.workspace()), platform);
+        view = std::make_unique<DockView>(dock, std::make_shared<IconCache>(platform.icons()), platform);
         view->attach(shownIn);
         view->resize(dock->geometry(dock->cells()).panelSize().toSize());
     }

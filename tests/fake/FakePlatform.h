@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileFacts.h"
+#include "platform/FileIcons.h"
 #include "platform/LoginItem.h"
 #include "platform/MemorySource.h"
 #include "platform/PanelWindow.h"
@@ -33,7 +35,7 @@ public:
     std::vector<ScreenInfo> connected;
 };
 
-class FakeWorkspace final : public Workspace {
+class FakeWorkspace final : public Workspace, public FileFacts, public FileIcons {
 public:
     [[nodiscard]] std::vector<RunningApplication> runningApplications() const override { return running; }
     [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override { return front; }
@@ -200,6 +202,8 @@ class FakePlatform final : public Platform {
 public:
     [[nodiscard]] FakeScreens& screens() override { return screenList; }
     [[nodiscard]] FakeWorkspace& workspace() override { return applications; }
+    [[nodiscard]] const FileFacts& files() const override { return applications; }
+    [[nodiscard]] const FileIcons& icons() const override { return applications; }
     [[nodiscard]] FakeSystemDock& systemDock() override { return dock; }
     [[nodiscard]] FakePointer& pointer() override { return pointerMonitor; }
     [[nodiscard]] ManualScheduler& scheduler() override { return time; }

@@ -173,9 +173,7 @@ public:
     }
 
     [[nodiscard]] const DockModel& model() const { return *manager->models().front(); }
-    [[nodiscard]] IconSprites sprites() {
-        return IconSprites(std::make_shared<IconCache>(system.workspace()));
-    }
+    [[nodiscard]] IconSprites sprites() { return IconSprites(std::make_shared<IconCache>(system.icons())); }
 
     [[nodiscard]] DockScene scene() const {
         const QFontMetricsF labels(fixedFont(DockFonts::label()));

@@ -1,6 +1,7 @@
 #include "app/view/drag/DockDrops.h"
 
 #include "app/DockModel.h"
+#include "platform/FileFacts.h"
 #include "platform/Platform.h"
 #include "platform/Scheduler.h"
 #include "platform/Workspace.h"
@@ -54,7 +55,7 @@ void DockDrops::dropFiles(const Target& target, const std::vector<ItemProvider>&
                      if (!dock || paths.empty()) {
                          return;
                      }
-                     if (target.path && system.workspace().isApplication(*target.path)) {
+                     if (target.path && system.files().isApplication(*target.path)) {
                          system.workspace().openWith(paths, *target.path);
                      } else {
                          dock->add(paths, target.path ? pinnedIndex(*dock, *target.path) : std::nullopt);
