@@ -43,6 +43,8 @@ public:
     /// Along-length of the resting row, its margins included.
     double restLen;
 
+    bool operator==(const DockGeometry&) const = default;
+
     /// Along-length reserved for magnification.
     [[nodiscard]] double growthRoom() const;
     /// Along-length of the panel.

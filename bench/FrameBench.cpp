@@ -44,9 +44,8 @@ public:
         from = geometry.rowOffset();
         to = from + geometry.restLen;
         along = from;
-        state.labelText = [](const std::string&) { return QStringLiteral("Application"); };
-        state.textWidth = [](const QString&) { return 70.0; };
-        state.exists = [](const std::string&) { return true; };
+        texts.label = [](const std::string&) { return QStringLiteral("Application"); };
+        texts.labelWidth = [](const QString&) { return 70.0; };
     }
 
     void magnify() { state.magnified = 1; }
@@ -56,7 +55,8 @@ public:
         state.mouseAxis = along;
     }
     [[nodiscard]] DockScene scene() const {
-        return fittedToPixels(buildDockScene(model(), state), {.ratio = ratio});
+        return fittedToPixels(buildDockScene(DockContents::of(model(), platform.files()), state, texts),
+                              {.ratio = ratio});
     }
     /// Paints what lies in these points of the panel.
     void paint(const DockScene& scene, const QRect& part) {
@@ -81,6 +81,7 @@ private:
     LabelText labelText;
     QImage target;
     DockSceneState state;
+    DockTexts texts;
     double from = 0, to = 0, along = 0;
 };
 

@@ -126,7 +126,7 @@ QWidget* DockSettingsSection::styleRow() {
     auto* caption = new FormLabel(u"Style"_s, TextRole::body, TextTone::primary);
     caption->setContentsMargins(ring, 0, 0, 0);
     layout->addWidget(caption);
-    auto* picker = new StylePicker(u"Style"_s, platform, model->memory);
+    auto* picker = new StylePicker(u"Style"_s);
     bind(*picker, &DockConfig::style);
     layout->addWidget(picker, 0, Qt::AlignLeading);
     return row;

@@ -1,8 +1,5 @@
 #include "app/settings/MiniatureDock.h"
 
-#include "app/DockModel.h"
-#include "app/MemoryMonitor.h"
-#include "app/RunningApps.h"
 #include "app/view/Appearance.h"
 #include "app/view/DockPainter.h"
 #include "app/view/DockSceneBuilder.h"
@@ -10,10 +7,15 @@
 #include "app/view/IconSprites.h"
 #include "app/view/LabelText.h"
 #include "app/view/Plates.h"
+#include "core/DockConfig.h"
 
 #include <QPainter>
+#include <QPixmap>
 
 #include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
 
 namespace quillary {
 
@@ -31,41 +33,78 @@ constexpr double detail = 4;
 // A full square would cover the disc behind it, which pictures of applications with their clear rims do not.
 constexpr double shareOnDisc = 0.8;
 
-DockConfig configuration(DockStyle style) {
-    DockConfig config({}, {}, MiniatureWorkspace::items());
+struct Square {
+    const char* path;
+    QColor colour;
+};
+
+const std::array<Square, 4>& squares() {
+    static const std::array<Square, 4> all{{{"/blue", QColor(10, 122, 255)},
+                                            {"/orange", QColor(255, 149, 10)},
+                                            {"/green", QColor(48, 199, 89)},
+                                            {"/pink", QColor(255, 55, 105)}}};
+    return all;
+}
+
+/// The squares as icons, each clear around a square that takes that share of its side.
+class SquareIcons final : public FileIcons {
+public:
+    explicit SquareIcons(double share) : m_share(share) {}
+
+    [[nodiscard]] QIcon icon(const std::string& path) const override {
+        constexpr int pixels = 88;
+        // A corner of 3 points on a square of 11.
+        constexpr double cornerShare = 3.0 / 11;
+        QPixmap picture(pixels, pixels);
+        picture.fill(Qt::transparent);
+        const auto square = std::ranges::find(squares(), path, &Square::path);
+        if (square != squares().end()) {
+            QPainter painter(&picture);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(square->colour);
+            const double side = pixels * m_share;
+            const double inset = (pixels - side) / 2;
+            painter.drawRoundedRect(QRectF(inset, inset, side, side), side * cornerShare, side * cornerShare);
+        }
+        return {picture};
+    }
+
+private:
+    double m_share;
+};
+
+DockContents contentsOf(DockStyle style) {
+    std::vector<DockCell> cells;
+    for (const Square& square : squares()) {
+        cells.push_back(DockCell::item(square.path, DockCell::Origin::pinned));
+    }
+    DockConfig config({}, {}, {});
     config.style = style;
     config.magnification = Magnification::off;
     config.iconSize = fullItemSide;
-    return config;
+    const DockGeometry geometry(config, cells, room);
+    return {.row = {std::move(cells), geometry}};
 }
 
 } // namespace
 
-MiniatureDock::MiniatureDock(DockStyle style, Platform& platform, std::shared_ptr<MemoryMonitor> memory)
-    : squareShare(style == DockStyle::bubbles ? shareOnDisc : 1),
-      workspace(squareShare),
-      icons(std::make_shared<IconCache>(workspace)),
-      model(std::make_unique<DockModel>(std::string(), configuration(style), nullptr,
-                                        std::make_shared<RunningApps>(workspace), std::move(memory),
-                                        platform)) {
-    model->setMaxLength(room);
-}
+MiniatureDock::MiniatureDock(DockStyle style)
+    : m_squareShare(style == DockStyle::bubbles ? shareOnDisc : 1),
+      m_icons(std::make_unique<SquareIcons>(m_squareShare)),
+      m_contents(contentsOf(style)) {}
 
-MiniatureDock::~MiniatureDock() = default;
+QImage MiniatureDock::picture(QSizeF size, double ratio, const QPalette& palette) const {
+    const DockGeometry& geometry = m_contents.row.geometry;
+    const DockScene scene = buildDockScene(m_contents, {}, {});
 
-QImage MiniatureDock::picture(QSizeF size, double ratio, const QPalette& palette) {
-    const DockGeometry geometry = model->geometry(model->cells());
-    DockSceneState state;
-    state.exists = [](const std::string&) { return true; };
-    const DockScene scene = buildDockScene(*model, state);
-
-    const double reduction = itemSide / (geometry.size * squareShare);
+    const double reduction = itemSide / (geometry.size * m_squareShare);
     const double fine = ratio * detail;
     QImage image((size * fine).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     image.setDevicePixelRatio(fine * reduction);
     const Appearance appearance = Appearance::of(palette, Blending::translucent);
-    IconSprites sprites(icons);
+    IconSprites sprites(std::make_shared<IconCache>(*m_icons));
     sprites.setLook(IconSprites::Look::of(geometry, appearance, fine * reduction));
     Plates plates;
     LabelText labelText;

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "app/settings/MiniatureWorkspace.h"
+#include "app/view/DockContents.h"
 #include "core/DockStyle.h"
+#include "platform/FileIcons.h"
 
 #include <QImage>
 #include <QSizeF>
@@ -12,33 +13,23 @@ class QPalette;
 
 namespace quillary {
 
-class DockModel;
-class IconCache;
-class MemoryMonitor;
-class Platform;
-
-/// A small picture of a dock with four items, made by the code that draws docks.
+/// A small picture of a dock with four coloured squares as items, made by the code that draws docks.
 class MiniatureDock {
 public:
     /// The side of an item's square in the picture, points.
     static constexpr double itemSide = 11;
 
-    /// The platform must outlive the miniature. `memory` is that of the real docks; no figure of it is shown.
-    MiniatureDock(DockStyle style, Platform& platform, std::shared_ptr<MemoryMonitor> memory);
-    ~MiniatureDock();
-    MiniatureDock(const MiniatureDock&) = delete;
-    MiniatureDock& operator=(const MiniatureDock&) = delete;
+    explicit MiniatureDock(DockStyle style);
 
     /// The dock at the bottom of a picture of that size, centred; clear around it. `size`:
     /// points; `ratio`: device pixels per point.
-    [[nodiscard]] QImage picture(QSizeF size, double ratio, const QPalette& palette);
+    [[nodiscard]] QImage picture(QSizeF size, double ratio, const QPalette& palette) const;
 
 private:
     /// How much of an item's side its square takes.
-    double squareShare;
-    MiniatureWorkspace workspace;
-    std::shared_ptr<IconCache> icons;
-    std::unique_ptr<DockModel> model;
+    double m_squareShare;
+    std::unique_ptr<FileIcons> m_icons;
+    DockContents m_contents;
 };
 
 } // namespace quillary

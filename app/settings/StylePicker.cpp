@@ -13,15 +13,13 @@ constexpr int gap = 10;
 
 } // namespace
 
-StylePicker::StylePicker(const QString& name, Platform& platform,
-                         const std::shared_ptr<MemoryMonitor>& memory, QWidget* parent)
-    : ChoiceGroup(name, parent) {
+StylePicker::StylePicker(const QString& name, QWidget* parent) : ChoiceGroup(name, parent) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     // Between the desktops: each tile has room for a focus ring around its own.
     layout->setSpacing(gap - 2 * FormPaint::ringReach);
     for (const DockStyle style : allCases<DockStyle>()) {
-        auto* tile = new StyleTile(style, platform, memory, this);
+        auto* tile = new StyleTile(style, this);
         layout->addWidget(tile);
         add(tile);
     }

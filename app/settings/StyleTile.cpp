@@ -22,11 +22,10 @@ const QColor teal(48, 176, 199, 153);
 
 } // namespace
 
-StyleTile::StyleTile(DockStyle style, Platform& platform, std::shared_ptr<MemoryMonitor> memory,
-                     QWidget* parent)
+StyleTile::StyleTile(DockStyle style, QWidget* parent)
     : StateButton(Kind::choice, QString::fromStdString(title(style)), parent),
       shown(style),
-      miniature(std::make_unique<MiniatureDock>(style, platform, std::move(memory))) {
+      miniature(std::make_unique<MiniatureDock>(style)) {
     setFont(formFont(TextRole::caption));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

@@ -9,9 +9,7 @@
 
 namespace quillary {
 
-class MemoryMonitor;
 class MiniatureDock;
-class Platform;
 
 /// A style of docks: a small desktop with a dock of that style over the style's name. A click anywhere on it
 /// chooses it.
@@ -22,9 +20,7 @@ public:
     /// The desktop's size, points.
     static constexpr QSizeF previewSize{84, 54};
 
-    /// The platform must outlive the tile; `memory` is as for MiniatureDock.
-    StyleTile(DockStyle style, Platform& platform, std::shared_ptr<MemoryMonitor> memory,
-              QWidget* parent = nullptr);
+    explicit StyleTile(DockStyle style, QWidget* parent = nullptr);
     ~StyleTile() override;
 
     [[nodiscard]] DockStyle style() const { return shown; }

@@ -1,10 +1,5 @@
 #include "app/view/DockSceneBuilder.h"
 
-#include "app/DockModel.h"
-#include "app/MemoryMonitor.h"
-#include "app/RunningApps.h"
-#include "core/RamBadge.h"
-
 #include <QMarginsF>
 
 #include <algorithm>
@@ -41,15 +36,13 @@ constexpr double pillUp = 0.08;
 
 /// One moment's layout, worked out once for all parts of the scene.
 struct Moment {
-    std::vector<DockCell> cells;
-    DockGeometry geometry;
+    const std::vector<DockCell>& cells;
+    const DockGeometry& geometry;
     std::vector<double> scales;
     DockLayout::Shifted spread;
 
-    Moment(const DockModel& model, const DockSceneState& state)
-        : cells(model.cells()),
-          geometry(model.geometry(cells)),
-          scales(geometry.scales(state.mouseAxis, cells)) {
+    Moment(const DockRow& row, const DockSceneState& state)
+        : cells(row.cells), geometry(row.geometry), scales(geometry.scales(state.mouseAxis, cells)) {
         for (double& scale : scales) {
             scale = 1 + (scale - 1) * state.magnified;
         }
@@ -132,14 +125,18 @@ DockScene::Separator separator(const DockGeometry& geometry, double along) {
             strong ? 0.35 : 0.22};
 }
 
-std::optional<DockScene::Dot> dot(const DockModel& model, const DockGeometry& geometry, double along,
-                                  const std::string& path) {
-    if (model.running->app(path) == nullptr) {
+DockContents::Memory memoryOf(const DockContents& contents, const std::string& path) {
+    const auto found = contents.memory.find(path);
+    return found != contents.memory.end() ? found->second : DockContents::Memory();
+}
+
+std::optional<DockScene::Dot> dot(const DockContents& contents, double along, const std::string& path) {
+    if (!contents.running.contains(path)) {
         return std::nullopt;
     }
-    const bool active = model.running->activePath() == path;
-    const RamBadge badge = model.showMemory() ? model.memory->badge(path) : RamBadge::none;
-    DockScene::Dot result{.center = geometry.point(along, dotDepth)};
+    const bool active = contents.active == path;
+    const RamBadge badge = memoryOf(contents, path).badge;
+    DockScene::Dot result{.center = contents.row.geometry.point(along, dotDepth)};
     switch (badge) {
     case RamBadge::none:
         result.diameter = active ? 5 : 4;
@@ -162,16 +159,15 @@ std::optional<DockScene::Dot> dot(const DockModel& model, const DockGeometry& ge
     return result;
 }
 
-std::optional<DockScene::Pill> pill(const DockModel& model, const QRectF& icon, const std::string& path,
-                                    const DockSceneState& state) {
-    const auto usage = model.memory->byApp().find(path);
-    if (!model.showMemory() || usage == model.memory->byApp().end() || model.running->app(path) == nullptr ||
-        model.memory->badge(path) != RamBadge::hog) {
+std::optional<DockScene::Pill> pill(const DockContents& contents, const QRectF& icon, const std::string& path,
+                                    const DockTexts& texts) {
+    const DockContents::Memory memory = memoryOf(contents, path);
+    if (memory.badge != RamBadge::hog || !contents.running.contains(path)) {
         return std::nullopt;
     }
-    const QString text = QString::fromStdString(RamBadges::text(usage->second));
+    const QString text = QString::fromStdString(RamBadges::text(memory.bytes));
     const double fontSize = std::max(icon.width() * pillFontShare, smallestPillFont);
-    const QSizeF room = state.pillTextSize(text, fontSize).grownBy({pillPadX, pillPadY, pillPadX, pillPadY});
+    const QSizeF room = texts.pillSize(text, fontSize).grownBy({pillPadX, pillPadY, pillPadX, pillPadY});
     const QPointF topRight = icon.topRight() + QPointF(icon.width() * pillOut, -icon.width() * pillUp);
     return DockScene::Pill{text, fontSize, QRectF(topRight - QPointF(room.width(), 0), room)};
 }
@@ -182,31 +178,31 @@ double hop(double time, double size) {
     return std::sin(phase * std::numbers::pi) * size * hopHeight;
 }
 
-DockScene::Icon icon(const DockModel& model, const Moment& moment, std::size_t index,
-                     const DockSceneState& state) {
+DockScene::Icon icon(const DockContents& contents, const Moment& moment, std::size_t index,
+                     const DockSceneState& state, const DockTexts& texts) {
     const DockGeometry& geometry = moment.geometry;
     const std::string& path = moment.cells[index].path;
     const double along = moment.spread.centers[index];
     const double size = geometry.size * moment.scales[index];
-    const double raised = model.bouncing().contains(path) ? hop(state.time, size) : 0;
+    const double raised = contents.launching.contains(path) ? hop(state.time, size) : 0;
     const QPointF center = geometry.point(along, size / 2 + iconGap + raised);
     DockScene::Icon result{.path = path,
                            .rect = centred(center, size, size),
-                           .opacity = state.exists(path) ? 1 : missingOpacity,
+                           .opacity = contents.missing.contains(path) ? missingOpacity : 1,
                            .shadow = DockScene::iconShadow(geometry.style),
-                           .pressed = state.pressed(path),
+                           .pressed = state.pressedPath == path ? state.pressed : 0,
                            .highlight = state.targetedPath == path ? targetedOpacity : 0};
     if (geometry.style == DockStyle::bubbles) {
         result.disc = {center, size * DockScene::discShare};
     }
-    result.dot = dot(model, geometry, along, path);
-    result.pill = pill(model, result.rect, path, state);
+    result.dot = dot(contents, along, path);
+    result.pill = pill(contents, result.rect, path, texts);
     return result;
 }
 
 DockScene::Label label(const DockGeometry& geometry, double along, double iconSize, const QString& text,
-                       const DockSceneState& state) {
-    const double width = state.textWidth(text) + 2 * labelPadX;
+                       const DockSceneState& state, const DockTexts& texts) {
+    const double width = texts.labelWidth(text) + 2 * labelPadX;
     const double farSide = iconSize + iconGap;
     QRectF rect;
     if (isHorizontal(geometry.edge)) {
@@ -244,8 +240,8 @@ QPointF hideOffset(const DockGeometry& geometry, double hidden) {
 
 } // namespace
 
-DockScene buildDockScene(const DockModel& model, const DockSceneState& state) {
-    const Moment moment(model, state);
+DockScene buildDockScene(const DockContents& contents, const DockSceneState& state, const DockTexts& texts) {
+    const Moment moment(contents.row, state);
     const DockGeometry& geometry = moment.geometry;
     const auto& centers = moment.spread.centers;
     DockScene scene;
@@ -263,13 +259,13 @@ DockScene buildDockScene(const DockModel& model, const DockSceneState& state) {
             scene.separators.push_back(separator(geometry, centers[i]));
             continue;
         }
-        scene.icons.push_back(icon(model, moment, i, state));
+        scene.icons.push_back(icon(contents, moment, i, state, texts));
     }
     if (state.mouseAxis) {
         const auto hit = geometry.hitTest(*state.mouseAxis, moment.cells, centers, moment.scales);
         if (hit) {
             scene.label = label(geometry, centers[*hit], geometry.size * moment.scales[*hit],
-                                state.labelText(moment.cells[*hit].path), state);
+                                texts.label(moment.cells[*hit].path), state, texts);
         }
     }
     if (moment.cells.empty()) {

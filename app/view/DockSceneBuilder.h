@@ -1,42 +1,31 @@
 #pragma once
 
+#include "app/view/DockContents.h"
 #include "app/view/DockScene.h"
+#include "app/view/DockSceneState.h"
+
+#include <QSizeF>
+#include <QString>
 
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace quillary {
 
-class DockModel;
-
-/// What the view adds to the model's state: what moves, and what costs too much to ask at every movement.
-struct DockSceneState {
-    /// Along-coordinate of the pointer that magnifies: the present one, or the last while icons shrink back.
-    std::optional<double> mouseAxis{};
-    /// How far magnification has come in, 0…1.
-    double magnified = 0;
-    /// 0 while shown, 1 while hidden; springs overshoot.
-    double hidden = 0;
-    /// Whether dragged files hover over the background.
-    bool dropTargeted = false;
-    /// The item over which something hovers that can be dropped on it.
-    std::optional<std::string> targetedPath{};
-    /// How far an item is pressed, 0…1.
-    std::function<double(const std::string&)> pressed = [](const std::string&) { return 0.0; };
-    /// Seconds of the clock that launching icons hop by.
-    double time = 0;
+/// The texts of a scene and the room they take in the desktop's fonts. Both are expensive: each is asked for
+/// only where the scene shows it.
+struct DockTexts {
     /// What the label of a path says.
-    std::function<QString(const std::string&)> labelText;
+    std::function<QString(const std::string& path)> label;
     /// The width of a text in the label's font, points.
-    std::function<double(const QString&)> textWidth;
-    /// The size of a text in the pill's font of that pixel size, points.
-    std::function<QSizeF(const QString&, double)> pillTextSize;
-    /// Whether something stands at the path.
-    std::function<bool(const std::string&)> exists;
+    std::function<double(const QString& text)> labelWidth;
+    /// The size of a text in the memory pill's font of that pixel size, points.
+    std::function<QSizeF(const QString& text, double fontSize)> pillSize;
 };
 
-/// Turns a dock's state into its scene.
-[[nodiscard]] DockScene buildDockScene(const DockModel& model, const DockSceneState& state);
+/// The scene of a dock with these contents at one moment. `texts` is used for what the pointer is on and for
+/// the application that uses the most memory only.
+[[nodiscard]] DockScene buildDockScene(const DockContents& contents, const DockSceneState& state,
+                                       const DockTexts& texts);
 
 } // namespace quillary

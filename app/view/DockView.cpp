@@ -48,24 +48,26 @@ DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> i
       platform(system),
       sprites(icons),
       labelMetrics(DockFonts::label()),
+      contents(DockContents::of(*model, platform.files())),
+      texts(makeTexts()),
       magnified(crossingDuration, 0),
       hidden(hiddenResponse, hiddenDamping, model->hidden() ? 1 : 0),
       drag(model, platform) {
     setAcceptDrops(true);
-    const auto redraw = [this] { refresh(Existence::askAgain); };
-    const auto rearrange = [this] { refresh(Existence::askAgain, Movement::fromWhatIsSeen); };
+    const auto redraw = [this] { refresh(Contents::readAgain); };
+    const auto rearrange = [this] { refresh(Contents::readAgain, Movement::fromWhatIsSeen); };
     connect(model.get(), &DockModel::configChanged, this, rearrange);
     connect(model.get(), &DockModel::maxLengthChanged, this, rearrange);
     connect(model.get(), &DockModel::showMemoryChanged, this, redraw);
     connect(model.get(), &DockModel::mouseChanged, this, &DockView::followMouse);
-    connect(model.get(), &DockModel::bouncingChanged, this, [this] { refresh(Existence::asKnown); });
+    connect(model.get(), &DockModel::bouncingChanged, this, &DockView::followLaunching);
     connect(model.get(), &DockModel::hiddenChanged, this, &DockView::followHidden);
     connect(model->running.get(), &RunningApps::appsChanged, this, rearrange);
     connect(&platform.pointer(), &PointerMonitor::moved, this, &DockView::followPress);
     connect(model->running.get(), &RunningApps::activePathChanged, this, redraw);
     connect(model->memory.get(), &MemoryMonitor::statsChanged, this, redraw);
     connect(model->memory.get(), &MemoryMonitor::byAppChanged, this, redraw);
-    refresh(Existence::askAgain);
+    refresh(Contents::asKnown);
 }
 
 DockView::~DockView() = default;
@@ -82,7 +84,7 @@ void DockView::attach(PanelWindow& panelWindow) {
 void DockView::settle() {
     hidden.jumpTo(model->hidden() ? 1 : 0);
     motion.clear();
-    refresh(Existence::askAgain);
+    refresh(Contents::readAgain);
 }
 
 void DockView::followMouse() {
@@ -91,22 +93,27 @@ void DockView::followMouse() {
         drag.clearTarget();
     }
     magnified.moveTo(model->mouse() ? 1 : 0, platform.scheduler().now());
-    refresh(Existence::asKnown);
+    refresh(Contents::asKnown);
 }
 
 void DockView::followHidden() {
     hidden.moveTo(model->hidden() ? 1 : 0, platform.scheduler().now());
-    refresh(Existence::askAgain);
+    refresh(Contents::readAgain);
+}
+
+void DockView::followLaunching() {
+    contents.launching = model->bouncing();
+    refresh(Contents::asKnown);
 }
 
 bool DockView::moving(double now) const {
     return !magnified.settled(now) || !hidden.settled(now) || !press.settled(now) || !motion.settled(now) ||
-           (!model->bouncing().empty() && shown.opacity > 0);
+           (!contents.launching.empty() && shown.opacity > 0);
 }
 
 DockSceneState DockView::state(double now) {
     if (const auto mouse = model->mouse()) {
-        lastAxis = isHorizontal(model->config().edge) ? mouse->x() : mouse->y();
+        lastAxis = contents.row.geometry.along(*mouse);
     } else if (magnified.value(now) <= 0) {
         lastAxis.reset();
     }
@@ -115,31 +122,28 @@ DockSceneState DockView::state(double now) {
             .hidden = hidden.settled(now) ? hidden.target() : hidden.value(now),
             .dropTargeted = drag.target() && !drag.target()->path,
             .targetedPath = drag.target() ? drag.target()->path : std::nullopt,
-            .pressed = [this, now](const std::string& path) { return press.amount(path, now); },
-            .time = now,
-            .labelText = [this](const std::string& path) { return labelText(path); },
-            .textWidth = [this](const QString& text) { return labelWidth(text); },
-            .pillTextSize =
-                [](const QString& text, double size) {
-                    const QFontMetricsF metrics(DockFonts::pill(size));
+            .pressedPath = press.path(),
+            .pressed = press.amount(now),
+            .time = now};
+}
+
+DockTexts DockView::makeTexts() {
+    return {.label = [this](const std::string& path) { return labelText(path); },
+            .labelWidth = [this](const QString& text) { return labelWidth(text); },
+            .pillSize =
+                [](const QString& text, double fontSize) {
+                    const QFontMetricsF metrics(DockFonts::pill(fontSize));
                     return QSizeF(metrics.horizontalAdvance(text), metrics.height());
-                },
-            .exists =
-                [this](const std::string& path) {
-                    const auto known = existing.find(path);
-                    return known != existing.end()
-                               ? known->second
-                               : existing.emplace(path, platform.files().exists(path)).first->second;
                 }};
 }
 
-void DockView::refresh(Existence existence, Movement movement) {
-    if (existence == Existence::askAgain) {
-        existing.clear();
-        names.clear();
+void DockView::refresh(Contents reading, Movement movement) {
+    if (reading == Contents::readAgain) {
+        contents = DockContents::of(*model, platform.files());
+        labels.clear();
     }
     const double now = platform.scheduler().now();
-    DockScene next = buildDockScene(*model, state(now));
+    DockScene next = buildDockScene(contents, state(now), texts);
     if (movement == Movement::fromWhatIsSeen) {
         motion.retarget(shown, next, now);
     }
@@ -155,7 +159,7 @@ void DockView::refresh(Existence existence, Movement movement) {
 
 void DockView::frame() {
     frameWork.reset();
-    refresh(Existence::asKnown);
+    refresh(Contents::asKnown);
 }
 
 void DockView::setScene(DockScene next) {
@@ -215,18 +219,18 @@ void DockView::paint(QPainter& painter) {
 }
 
 QString DockView::labelText(const std::string& path) {
-    const auto known = names.find(path);
-    if (known != names.end()) {
+    const auto known = labels.find(path);
+    if (known != labels.end()) {
         return known->second;
     }
     QString text = QString::fromStdString(displayName(platform.files(), path)).left(longestName);
     std::ranges::replace_if(
         text, [](QChar letter) { return letter.category() == QChar::Other_Control; }, u' ');
-    const auto usage = model->memory->byApp().find(path);
-    if (model->showMemory() && usage != model->memory->byApp().end()) {
-        text += QStringLiteral(" · ") + QString::fromStdString(RamBadges::text(usage->second));
+    const auto memory = contents.memory.find(path);
+    if (memory != contents.memory.end()) {
+        text += QStringLiteral(" · ") + QString::fromStdString(RamBadges::text(memory->second.bytes));
     }
-    return names.emplace(path, text).first->second;
+    return labels.emplace(path, text).first->second;
 }
 
 double DockView::labelWidth(const QString& text) {
@@ -255,10 +259,10 @@ void DockView::mousePressEvent(QMouseEvent* event) {
     const double now = platform.scheduler().now();
     if (event->button() == Qt::LeftButton) {
         press.down(event->position(), pathAt(event->position()), now);
-        refresh(Existence::asKnown);
+        refresh(Contents::asKnown);
     } else if (event->button() == Qt::RightButton) {
         press.cancel(now);
-        refresh(Existence::asKnown);
+        refresh(Contents::asKnown);
         Q_EMIT menuRequested(event->position());
     }
 }
@@ -277,7 +281,7 @@ void DockView::mouseMoveEvent(QMouseEvent* event) {
 void DockView::movePress(QPointF position) {
     if (const auto start = press.move(position, platform.scheduler().now())) {
         const auto path = pathAt(*start);
-        refresh(Existence::asKnown);
+        refresh(Contents::asKnown);
         if (path) {
             beginDrag(*path);
         }
@@ -289,7 +293,7 @@ void DockView::mouseReleaseEvent(QMouseEvent* event) {
         return;
     }
     const auto click = press.up(event->position(), platform.scheduler().now());
-    refresh(Existence::asKnown);
+    refresh(Contents::asKnown);
     if (const auto path = click ? pathAt(*click) : std::nullopt) {
         model->open(*path);
     }
@@ -326,18 +330,18 @@ void DockView::hover(QDropEvent& event) {
     const auto before = drag.target();
     drag.hover(event, shown, scenePoint(event.position()));
     if (drag.target() != before) {
-        refresh(Existence::asKnown);
+        refresh(Contents::asKnown);
     }
 }
 
 void DockView::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
     drag.leave();
-    refresh(Existence::asKnown);
+    refresh(Contents::asKnown);
 }
 
 void DockView::dropEvent(QDropEvent* event) {
     drag.drop(*event, shown, scenePoint(event->position()));
-    refresh(Existence::asKnown);
+    refresh(Contents::asKnown);
 }
 
 // By what is on the screen and where the button went down: the pointer may be elsewhere by now. Along the
@@ -364,7 +368,7 @@ void DockView::changeEvent(QEvent* event) {
         labelMetrics = QFontMetricsF(DockFonts::label());
         measuredText.clear();
         measuredWidth = 0;
-        refresh(Existence::askAgain);
+        refresh(Contents::readAgain);
         update();
     }
     QWidget::changeEvent(event);

@@ -2,6 +2,7 @@
 
 #include "app/view/Animation.h"
 #include "app/view/Appearance.h"
+#include "app/view/DockContents.h"
 #include "app/view/DockScene.h"
 #include "app/view/DockSceneBuilder.h"
 #include "app/view/IconSprites.h"
@@ -71,7 +72,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    enum class Existence { asKnown, askAgain };
+    enum class Contents { asKnown, readAgain };
     enum class Movement { none, fromWhatIsSeen };
 
     void followMouse();
@@ -82,14 +83,16 @@ private:
     void hover(QDropEvent& event);
     [[nodiscard]] QPointF scenePoint(QPointF position) const;
     [[nodiscard]] QImage dragPicture(const std::string& path);
-    void refresh(Existence existence, Movement movement = Movement::none);
+    void refresh(Contents reading, Movement movement = Movement::none);
     void setScene(DockScene next);
     void updateShape();
     void updateBlur();
     void paint(QPainter& painter);
     void frame();
     [[nodiscard]] bool moving(double now) const;
+    void followLaunching();
     [[nodiscard]] DockSceneState state(double now);
+    [[nodiscard]] DockTexts makeTexts();
     [[nodiscard]] QString labelText(const std::string& path);
     [[nodiscard]] double labelWidth(const QString& text);
     [[nodiscard]] Appearance appearance() const;
@@ -108,8 +111,10 @@ private:
     DockScene drawn;
     /// What it was fitted to.
     PixelGrid grid;
-    std::map<std::string, bool, std::less<>> existing;
-    std::map<std::string, QString, std::less<>> names;
+    DockContents contents;
+    DockTexts texts;
+    /// The labels that were asked for since the contents were last read, by path.
+    std::map<std::string, QString, std::less<>> labels;
     /// Laying out a text costs more than the rest of a scene: the label's last one is remembered.
     QString measuredText;
     double measuredWidth = 0;

@@ -47,10 +47,6 @@ void ItemPress::cancel(double now) {
     pressed.moveTo(0, now);
 }
 
-double ItemPress::amount(std::string_view path, double now) const {
-    return path == pressedPath ? pressed.value(now) : 0;
-}
-
 bool ItemPress::beyondClick(QPointF position) const {
     const QPointF moved = position - *start;
     return std::hypot(moved.x(), moved.y()) > clickReach;

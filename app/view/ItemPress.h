@@ -6,7 +6,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace quillary {
 
@@ -25,15 +24,16 @@ public:
 
     /// Whether the button is down and may still make a click or a drag.
     [[nodiscard]] bool isDown() const { return start.has_value(); }
-    /// How far the item looks pressed: 0 not at all, 1 wholly.
-    [[nodiscard]] double amount(std::string_view path, double now) const;
+    /// The item that is pressed or springs back; empty before the first press.
+    [[nodiscard]] const std::string& path() const { return pressedPath; }
+    /// How far that item looks pressed: 0 not at all, 1 wholly.
+    [[nodiscard]] double amount(double now) const { return pressed.value(now); }
     [[nodiscard]] bool settled(double now) const { return pressed.settled(now); }
 
 private:
     [[nodiscard]] bool beyondClick(QPointF position) const;
 
     std::optional<QPointF> start;
-    /// The item that is pressed or springs back.
     std::string pressedPath;
     EasedValue pressed{0.1, 0};
 };

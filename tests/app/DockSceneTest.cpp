@@ -25,9 +25,12 @@ protected:
             config.magnification = magnification;
         });
     }
-    [[nodiscard]] DockScene scene() const { return buildDockScene(model(), state); }
+    [[nodiscard]] DockScene scene() const {
+        return buildDockScene(DockContents::of(model(), platform.files()), state, texts);
+    }
 
-    DockSceneState state = plainSceneState();
+    DockSceneState state;
+    DockTexts texts = plainTexts();
 };
 
 TEST_F(DockSceneTest, iconsStand19PointsFromEveryEdge) {
@@ -129,7 +132,7 @@ TEST_F(DockSceneTest, theActiveApplicationHasALargerGlowingDot) {
 }
 
 TEST_F(DockSceneTest, whatIsMissingIsDimmed) {
-    state.exists = [](const std::string& path) { return path != mail; };
+    platform.workspace().missing = {mail};
     EXPECT_DOUBLE_EQ(scene().icons[0].opacity, 0.35);
     EXPECT_DOUBLE_EQ(scene().icons[1].opacity, 1);
 }
@@ -137,7 +140,7 @@ TEST_F(DockSceneTest, whatIsMissingIsDimmed) {
 TEST_F(DockSceneTest, labelStandsOffTheMagnifiedIcon) {
     shape(DockEdge::bottom, Magnification::off);
     state.mouseAxis = 46;
-    state.textWidth = [](const QString&) { return 60.0; };
+    texts.labelWidth = [](const QString&) { return 60.0; };
     // 10 points of padding at each side; 48 + 19 + 18 from the edge.
     const auto bottom = scene().label;
     ASSERT_TRUE(bottom.has_value());
@@ -150,26 +153,26 @@ TEST_F(DockSceneTest, labelStandsOffTheMagnifiedIcon) {
 
 TEST_F(DockSceneTest, aLabelThatThePanelWouldCutMovesInside) {
     shape(DockEdge::bottom, Magnification::off);
-    state.textWidth = [](const QString&) { return 100.0; };
+    texts.labelWidth = [](const QString&) { return 100.0; };
     state.mouseAxis = 46;
     EXPECT_EQ(scene().label->rect.left(), 0);
     EXPECT_EQ(scene().label->rect.width(), 120);
     state.mouseAxis = 100;
     EXPECT_EQ(scene().label->rect.right(), 146);
-    state.textWidth = [](const QString&) { return 500.0; };
+    texts.labelWidth = [](const QString&) { return 500.0; };
     EXPECT_EQ(scene().label->rect.center().x(), 73);
 }
 
 TEST_F(DockSceneTest, sideLabelsGrowAwayFromTheDockWithin180Points) {
     shape(DockEdge::left, Magnification::off);
     state.mouseAxis = 46;
-    state.textWidth = [](const QString&) { return 50.0; };
+    texts.labelWidth = [](const QString&) { return 50.0; };
     EXPECT_EQ(scene().label->rect.left(), 48 + 19 + 10);
     EXPECT_EQ(scene().label->rect.width(), 70);
     EXPECT_EQ(scene().label->rect.center().y(), 46);
     shape(DockEdge::right, Magnification::off);
     EXPECT_EQ(scene().label->rect.right(), 289 - 77);
-    state.textWidth = [](const QString&) { return 500.0; };
+    texts.labelWidth = [](const QString&) { return 500.0; };
     EXPECT_EQ(scene().label->rect.width(), 180);
 }
 

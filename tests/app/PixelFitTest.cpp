@@ -109,13 +109,15 @@ TEST_F(DamageTest, aPointerThatMovesAPointRedrawsTheIconsAroundItOnly) {
     configure([](DockConfig& config) { config.magnification = Magnification::subtle; });
     const DockGeometry geometry = model().geometry(model().cells());
     const double tenth = geometry.rowOffset() + geometry.restCenters[9];
-    DockSceneState state = plainSceneState();
+    const DockContents contents = DockContents::of(model(), platform.files());
+    DockSceneState state;
     state.magnified = 1;
     state.mouseAxis = tenth;
-    const DockScene before = fittedToPixels(buildDockScene(model(), state), {});
+    const DockScene before = fittedToPixels(buildDockScene(contents, state, plainTexts()), {});
     state.mouseAxis = tenth + 1;
     const QRect damage =
-        DockScene::damage(before, fittedToPixels(buildDockScene(model(), state), {})).boundingRect();
+        DockScene::damage(before, fittedToPixels(buildDockScene(contents, state, plainTexts()), {}))
+            .boundingRect();
     EXPECT_TRUE(damage.contains(QPointF(tenth, 100).toPoint())) << damage.left() << " " << damage.right();
     EXPECT_LT(damage.width(), geometry.restLen / 2);
 }

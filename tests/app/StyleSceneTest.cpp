@@ -26,7 +26,7 @@ protected:
     }
     DockScene scene(DockStyle style) const {
         configure([style](DockConfig& config) { config.style = style; });
-        return buildDockScene(model(), state);
+        return buildDockScene(DockContents::of(model(), platform.files()), state, plainTexts());
     }
     DockScene scene(DockStyle style, DockEdge edge) const {
         configure([edge](DockConfig& config) { config.edge = edge; });
@@ -35,7 +35,7 @@ protected:
     /// Mail is the hog: 3 GiB of 8.
     void makeHog() const { manager->memory->publish({.total = 8 * gibibyte}, {{mail, 3 * gibibyte}}); }
 
-    DockSceneState state = plainSceneState();
+    DockSceneState state;
 };
 
 TEST_F(StyleSceneTest, glassIsThinWithContinuousCorners) {

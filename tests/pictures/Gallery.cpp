@@ -177,26 +177,27 @@ public:
 
     [[nodiscard]] DockScene scene() const {
         const QFontMetricsF labels(fixedFont(DockFonts::label()));
+        const DockTexts texts{
+            .label = [](const std::string&) { return QStringLiteral("Music · 1.0 GB"); },
+            .labelWidth = [&labels](const QString& text) { return labels.horizontalAdvance(text); },
+            .pillSize =
+                [](const QString& text, double size) {
+                    const QFontMetricsF metrics(fixedFont(DockFonts::pill(size)));
+                    return QSizeF(metrics.horizontalAdvance(text), metrics.height());
+                }};
+        const DockContents contents = DockContents::of(model(), system.files());
         DockSceneState state;
-        state.labelText = [](const std::string&) { return QStringLiteral("Music · 1.0 GB"); };
-        state.textWidth = [&labels](const QString& text) { return labels.horizontalAdvance(text); };
-        state.pillTextSize = [](const QString& text, double size) {
-            const QFontMetricsF metrics(fixedFont(DockFonts::pill(size)));
-            return QSizeF(metrics.horizontalAdvance(text), metrics.height());
-        };
-        state.exists = [](const std::string& path) { return path != "/Applications/Gone.app"; };
         if (shown.mood == Exhibit::Mood::magnified) {
-            const DockGeometry geometry = model().geometry(model().cells());
+            const DockGeometry& geometry = contents.row.geometry;
             state.mouseAxis = geometry.rowOffset() + geometry.restCenters[1] + 5;
             state.magnified = 1;
         } else if (shown.mood == Exhibit::Mood::dragged) {
             state.dropTargeted = true;
             state.targetedPath = "/Users/ada/Documents";
-            state.pressed = [](const std::string& path) {
-                return path == "/Applications/Music.app" ? 1.0 : 0.0;
-            };
+            state.pressedPath = "/Applications/Music.app";
+            state.pressed = 1;
         }
-        return buildDockScene(model(), state);
+        return buildDockScene(contents, state, texts);
     }
 
 private:
