@@ -7,12 +7,13 @@
 #include "app/settings/FormLabel.h"
 #include "app/settings/FormRow.h"
 #include "app/settings/GeneralSection.h"
-#include "app/settings/SlimScrollBar.h"
+#include "app/settings/SlimScrollBarStyle.h"
 #include "app/settings/Switch.h"
 
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -44,11 +45,14 @@ SettingsView::SettingsView(DockManager& docks, Platform& system, SettingsWindow:
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    setVerticalScrollBar(new SlimScrollBar);
+    auto* slim = new SlimScrollBarStyle;
+    slim->setParent(this);
+    verticalScrollBar()->setStyle(slim);
     setFocusPolicy(Qt::NoFocus);
 
     auto* centring = new QHBoxLayout(column);
-    centring->setContentsMargins(sideMargin, topMargin, sideMargin - SlimScrollBar::thickness, topMargin);
+    centring->setContentsMargins(sideMargin, topMargin, sideMargin - SlimScrollBarStyle::thickness,
+                                 topMargin);
     auto* groupColumn = new QWidget(column);
     groupColumn->setMaximumWidth(widestGroup);
     centring->addWidget(groupColumn);

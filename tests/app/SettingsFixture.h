@@ -5,6 +5,7 @@
 #include "app/settings/SettingsWindow.h"
 #include "tests/app/Fixture.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
