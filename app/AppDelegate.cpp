@@ -13,23 +13,21 @@ namespace quillary {
 
 AppDelegate::AppDelegate(Platform& system) : platform(system) {
     connect(&platform.instance(), &SingleInstance::reopened, this,
-            [this] { applicationShouldHandleReopen(SettingsWindow::window() != nullptr); });
+            [this] { applicationShouldHandleReopen(settingsWindow && settingsWindow->window() != nullptr); });
 }
 
-AppDelegate::~AppDelegate() {
-    SettingsWindow::discard();
-    SettingsWindow::setManager(nullptr);
-}
+AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
     docks = std::make_unique<DockManager>(platform);
-    SettingsWindow::setManager(docks.get());
+    settingsWindow = std::make_unique<SettingsWindow>(*docks);
+    connect(docks.get(), &DockManager::settingsRequested, this, &AppDelegate::showSettings);
     statusItem = platform.makeStatusItem(statusSymbol(), "Quillary", [this] { return menuNeedsUpdate(); });
-    snapshot = DebugSnapshot::runIfRequested(*docks, platform);
+    snapshot = DebugSnapshot::runIfRequested(*docks, platform, [this] { showSettings(); });
     if (!docks->settings().onboarded) {
         // Noted first: a greeting that ends the program must not come back at each start.
         docks->markOnboarded();
-        SettingsWindow::show(SettingsWindow::Form::welcome);
+        settingsWindow->show(SettingsWindow::Form::welcome);
     }
 }
 
@@ -41,12 +39,22 @@ void AppDelegate::applicationWillTerminate() {
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {
-    SettingsWindow::show(SettingsWindow::Form::normal);
+    showSettings();
     return false;
 }
 
+void AppDelegate::showSettings() {
+    if (settingsWindow) {
+        settingsWindow->show(SettingsWindow::Form::normal);
+    }
+}
+
 Menu AppDelegate::menuNeedsUpdate() {
-    return docks ? statusMenu(*docks, platform, [this] { Q_EMIT terminate(); }) : Menu();
+    if (!docks) {
+        return {};
+    }
+    return statusMenu(
+        *docks, platform, [this] { showSettings(); }, [this] { Q_EMIT terminate(); });
 }
 
 } // namespace quillary

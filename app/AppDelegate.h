@@ -11,6 +11,7 @@ namespace quillary {
 class DebugSnapshot;
 class DockManager;
 class Platform;
+class SettingsWindow;
 class StatusItem;
 
 /// The life of the program: what happens when it has started, when it is opened again and when it is about to
@@ -34,14 +35,19 @@ public:
 
     /// Null until launching has finished.
     [[nodiscard]] DockManager* manager() const { return docks.get(); }
+    /// The settings window, made by its first showing. Null until launching has finished.
+    [[nodiscard]] SettingsWindow* settings() const { return settingsWindow.get(); }
 
 Q_SIGNALS:
     /// The user asked the program to end.
     void terminate();
 
 private:
+    void showSettings();
+
     Platform& platform;
     std::unique_ptr<DockManager> docks;
+    std::unique_ptr<SettingsWindow> settingsWindow;
     std::unique_ptr<StatusItem> statusItem;
     std::unique_ptr<DebugSnapshot> snapshot;
     bool terminated = false;

@@ -6,7 +6,6 @@
 #include "app/DockPanel.h"
 #include "app/MemoryMonitor.h"
 #include "app/RunningApps.h"
-#include "app/settings/SettingsWindow.h"
 #include "core/AtomicFile.h"
 #include "platform/Platform.h"
 #include "platform/Scheduler.h"
@@ -49,20 +48,22 @@ std::string pngOf(const QImage& picture) {
 
 } // namespace
 
-std::unique_ptr<DebugSnapshot> DebugSnapshot::runIfRequested(DockManager& manager, Platform& platform) {
+std::unique_ptr<DebugSnapshot> DebugSnapshot::runIfRequested(DockManager& manager, Platform& platform,
+                                                             std::function<void()> openSettings) {
     const QByteArray folder = qgetenv(variable);
     if (folder.isEmpty()) {
         return nullptr;
     }
     return std::make_unique<DebugSnapshot>(std::filesystem::path(folder.toStdString()), manager, platform,
-                                           [] { QCoreApplication::quit(); });
+                                           std::move(openSettings), [] { QCoreApplication::quit(); });
 }
 
 DebugSnapshot::DebugSnapshot(std::filesystem::path target, DockManager& docks, Platform& system,
-                             std::function<void()> end)
+                             std::function<void()> openSettings, std::function<void()> end)
     : folder(std::move(target)),
       manager(docks),
       platform(system),
+      showSettings(std::move(openSettings)),
       terminate(std::move(end)),
       work(platform.scheduler().after(settlingTime, [this] { takeDocks(); })) {}
 
@@ -70,7 +71,7 @@ DebugSnapshot::~DebugSnapshot() = default;
 
 void DebugSnapshot::takeDocks() {
     writeDockPictures();
-    SettingsWindow::show(SettingsWindow::Form::normal);
+    showSettings();
     work = platform.scheduler().after(settingsTime, [this] { finish(); });
 }
 

@@ -25,11 +25,12 @@ public:
     /// When the variable is set and not empty: pictures the docks once they have settled (8 s), shows the
     /// settings window, pictures that and writes the report 1 s later, then ends the program. Otherwise null.
     /// Manager and platform must outlive what is returned.
-    [[nodiscard]] static std::unique_ptr<DebugSnapshot> runIfRequested(DockManager& manager,
-                                                                       Platform& platform);
+    [[nodiscard]] static std::unique_ptr<DebugSnapshot>
+    runIfRequested(DockManager& manager, Platform& platform, std::function<void()> showSettings);
 
+    /// `showSettings` shows the settings window, `terminate` ends the program.
     DebugSnapshot(std::filesystem::path folder, DockManager& manager, Platform& platform,
-                  std::function<void()> terminate);
+                  std::function<void()> showSettings, std::function<void()> terminate);
     ~DebugSnapshot();
 
     /// The report's text, without a line feed at its end.
@@ -45,6 +46,7 @@ private:
     std::filesystem::path folder;
     DockManager& manager;
     Platform& platform;
+    std::function<void()> showSettings;
     std::function<void()> terminate;
     std::unique_ptr<ScheduledTask> work;
 };

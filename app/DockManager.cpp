@@ -114,7 +114,8 @@ void DockManager::showPanel(const std::shared_ptr<DockModel>& model, const Scree
         existing->reposition();
         return;
     }
-    auto created = std::make_unique<DockPanel>(model, screen, icons, platform);
+    auto created =
+        std::make_unique<DockPanel>(model, screen, icons, platform, [this] { Q_EMIT settingsRequested(); });
     DockPanel& fresh = *created;
     open.insert_or_assign(model->key, std::move(created));
     fresh.present();

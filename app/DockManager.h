@@ -78,6 +78,8 @@ Q_SIGNALS:
     void modelsChanged();
     void hideSystemDockChanged();
     void showMemorySettingChanged();
+    /// The user asked for the settings, in the menu of a dock.
+    void settingsRequested();
 
 private:
     void rebuild();

@@ -4,7 +4,6 @@
 #include "app/DockModel.h"
 #include "app/MemoryMonitor.h"
 #include "app/RunningApps.h"
-#include "app/settings/SettingsWindow.h"
 #include "core/Capitalised.h"
 #include "core/RamBadge.h"
 #include "platform/Platform.h"
@@ -21,7 +20,7 @@ public:
     DockMenuBuilder(const std::shared_ptr<DockModel>& dock, Platform& system)
         : model(dock), platform(system), config(dock->config()) {}
 
-    Menu build() {
+    Menu build(std::function<void()> showSettings) {
         if (const auto path = model->hoveredPath()) {
             addItem(*path);
         }
@@ -33,7 +32,7 @@ public:
         menu.push_back(toggle("Auto-hide", &DockConfig::autoHide));
         menu.push_back(toggle("Show Running Apps", &DockConfig::showRunning));
         menu.push_back(ClosureMenuItem::separator());
-        add("Settings…", [] { SettingsWindow::show(SettingsWindow::Form::normal); });
+        add("Settings…", std::move(showSettings));
         return std::move(menu);
     }
 
@@ -102,8 +101,9 @@ private:
 
 } // namespace
 
-Menu dockMenu(const std::shared_ptr<DockModel>& model, Platform& platform) {
-    return DockMenuBuilder(model, platform).build();
+Menu dockMenu(const std::shared_ptr<DockModel>& model, Platform& platform,
+              std::function<void()> showSettings) {
+    return DockMenuBuilder(model, platform).build(std::move(showSettings));
 }
 
 } // namespace quillary

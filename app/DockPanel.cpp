@@ -37,10 +37,11 @@ int rounded(double value) {
 } // namespace
 
 DockPanel::DockPanel(std::shared_ptr<DockModel> model, ScreenInfo target, std::shared_ptr<IconCache> icons,
-                     Platform& system)
+                     Platform& system, std::function<void()> openSettings)
     : dock(std::move(model)),
       screen(std::move(target)),
       platform(system),
+      showSettings(std::move(openSettings)),
       autoHide(dock->config().autoHide),
       view(std::make_unique<DockView>(dock, std::move(icons), platform)),
       window(platform.makePanelWindow(*view)) {
@@ -184,7 +185,7 @@ void DockPanel::setCovered(bool covered) {
 }
 
 Menu DockPanel::buildMenu() {
-    return dockMenu(dock, platform);
+    return dockMenu(dock, platform, showSettings);
 }
 
 void DockPanel::openMenu(QPointF position) {

@@ -9,6 +9,7 @@
 #include <QPointF>
 #include <QRect>
 
+#include <functional>
 #include <memory>
 
 class QWindow;
@@ -28,9 +29,10 @@ class DockPanel : public QObject {
     Q_OBJECT
 
 public:
-    /// Not on the screen yet. The platform must outlive the panel.
+    /// Not on the screen yet. `showSettings` is what the menu calls for the settings. The platform must
+    /// outlive the panel.
     DockPanel(std::shared_ptr<DockModel> model, ScreenInfo screen, std::shared_ptr<IconCache> icons,
-              Platform& platform);
+              Platform& platform, std::function<void()> showSettings);
     ~DockPanel() override;
 
     /// Where a panel of this size stands on an edge of a visible frame: centred, moved inside, whole points.
@@ -82,6 +84,7 @@ private:
     std::shared_ptr<DockModel> dock;
     ScreenInfo screen;
     Platform& platform;
+    std::function<void()> showSettings;
     QRect placed;
     bool autoHide;
     bool isCovered = false;

@@ -2,15 +2,15 @@
 
 #include "app/DockManager.h"
 #include "app/DockModel.h"
-#include "app/settings/SettingsWindow.h"
 #include "platform/Platform.h"
 #include "platform/Workspace.h"
 
 namespace quillary {
 
-Menu statusMenu(DockManager& manager, Platform& platform, std::function<void()> terminate) {
+Menu statusMenu(DockManager& manager, Platform& platform, std::function<void()> showSettings,
+                std::function<void()> terminate) {
     Menu menu;
-    menu.emplace_back("Settings…", false, [] { SettingsWindow::show(SettingsWindow::Form::normal); });
+    menu.emplace_back("Settings…", false, std::move(showSettings));
     menu.push_back(ClosureMenuItem::separator());
     // Each switch inverts what holds when it is chosen: the menu may have been open for long.
     for (const auto& model : manager.models()) {

@@ -11,6 +11,7 @@ class Platform;
 
 /// The menu of the status item as it is now: settings, one switch a screen, the switches of the whole program
 /// and the end, which `terminate` brings about. The manager must outlive the menu.
-[[nodiscard]] Menu statusMenu(DockManager& manager, Platform& platform, std::function<void()> terminate);
+[[nodiscard]] Menu statusMenu(DockManager& manager, Platform& platform, std::function<void()> showSettings,
+                              std::function<void()> terminate);
 
 } // namespace quillary

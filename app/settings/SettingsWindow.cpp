@@ -4,69 +4,52 @@
 #include "app/settings/SettingsView.h"
 
 #include <QGuiApplication>
-#include <QPointer>
 #include <QScreen>
 
-namespace quillary::SettingsWindow {
+namespace quillary {
 
 namespace {
 
 constexpr QSize initialSize(560, 640);
 
-struct State {
-    QPointer<DockManager> manager;
-    QPointer<QWidget> window;
-};
+} // namespace
 
-State& state() {
-    static State held;
-    return held;
-}
+SettingsWindow::SettingsWindow(DockManager& manager) : m_manager(&manager) {}
 
-QWidget* makeWindow(Form form) {
-    DockManager& manager = *state().manager;
-    auto* made = new SettingsView(manager, manager.system(), form);
-    made->setWindowTitle(QStringLiteral("Quillary Settings"));
-    made->resize(initialSize);
+SettingsWindow::~SettingsWindow() = default;
+
+std::unique_ptr<SettingsView> SettingsWindow::makeView(Form form) const {
+    auto view = std::make_unique<SettingsView>(*m_manager, m_manager->system(), form);
+    view->setWindowTitle(QStringLiteral("Quillary Settings"));
+    view->resize(initialSize);
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {
         QRect frame(QPoint(), initialSize);
         frame.moveCenter(screen->availableGeometry().center());
-        made->move(frame.topLeft());
+        view->move(frame.topLeft());
     }
-    return made;
+    return view;
 }
 
-} // namespace
-
-void setManager(DockManager* manager) {
-    state().manager = manager;
-}
-
-void show(Form form) {
-    if (!state().manager) {
+void SettingsWindow::show(Form form) {
+    if (!m_manager) {
         return;
     }
-    if (!state().window) {
-        state().window = makeWindow(form);
+    if (!m_view) {
+        m_view = makeView(form);
     }
-    QWidget& shown = *state().window;
-    if (shown.isVisible() && (shown.isMinimized() || !shown.isActiveWindow())) {
+    if (m_view->isVisible() && (m_view->isMinimized() || !m_view->isActiveWindow())) {
         // It may be on another virtual desktop, from which window managers do not fetch a window that asks to
         // be in front: one that appears does so where the user is.
-        shown.hide();
+        m_view->hide();
     }
-    shown.setWindowState(shown.windowState() & ~Qt::WindowMinimized);
-    shown.show();
-    shown.raise();
-    shown.activateWindow();
+    m_view->setWindowState(m_view->windowState() & ~Qt::WindowMinimized);
+    m_view->show();
+    m_view->raise();
+    m_view->activateWindow();
 }
 
-QWidget* window() {
-    return state().window;
+QWidget* SettingsWindow::window() const {
+    return m_view.get();
 }
 
-void discard() {
-    delete state().window;
-}
-
-} // namespace quillary::SettingsWindow
+} // namespace quillary

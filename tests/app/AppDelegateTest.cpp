@@ -15,8 +15,9 @@ protected:
     AppDelegateTest() { platform.screens().connected = {screenNamed("LEFT", leftFrame)}; }
 
     Settings stored() { return SettingsStore(delegate.manager()->settingsURL).load(); }
-    static bool greets() {
-        for (const auto* label : SettingsWindow::window()->findChildren<QLabel*>()) {
+    static QWidget* window(const AppDelegate& delegate) { return delegate.settings()->window(); }
+    static bool greets(const AppDelegate& delegate) {
+        for (const auto* label : window(delegate)->findChildren<QLabel*>()) {
             if (label->text() == QStringLiteral("Welcome — every screen now has its own Dock.")) {
                 return true;
             }
@@ -56,48 +57,57 @@ TEST_F(AppDelegateTest, quittingFromTheMenuAsksForTheEnd) {
 
 TEST_F(AppDelegateTest, theFirstRunGreetsOnceAfterNotingIt) {
     delegate.applicationDidFinishLaunching();
-    ASSERT_NE(SettingsWindow::window(), nullptr);
-    EXPECT_TRUE(SettingsWindow::window()->isVisible());
-    EXPECT_TRUE(greets());
+    ASSERT_NE(window(delegate), nullptr);
+    EXPECT_TRUE(window(delegate)->isVisible());
+    EXPECT_TRUE(greets(delegate));
     EXPECT_TRUE(stored().onboarded);
 }
 
 TEST_F(AppDelegateTest, theNextRunDoesNot) {
+    { AppDelegate(platform).applicationDidFinishLaunching(); }
     delegate.applicationDidFinishLaunching();
-    { AppDelegate first(platform); }
-    ASSERT_EQ(SettingsWindow::window(), nullptr);
-    AppDelegate next(platform);
-    next.applicationDidFinishLaunching();
-    EXPECT_EQ(SettingsWindow::window(), nullptr);
+    EXPECT_EQ(window(delegate), nullptr);
 }
 
 TEST_F(AppDelegateTest, openingItAgainShowsTheSettings) {
+    { AppDelegate(platform).applicationDidFinishLaunching(); }
     delegate.applicationDidFinishLaunching();
-    SettingsWindow::discard();
     Q_EMIT platform.instance().reopened();
-    ASSERT_NE(SettingsWindow::window(), nullptr);
-    EXPECT_TRUE(SettingsWindow::window()->isVisible());
-    EXPECT_FALSE(greets());
+    ASSERT_NE(window(delegate), nullptr);
+    EXPECT_TRUE(window(delegate)->isVisible());
+    EXPECT_FALSE(greets(delegate));
     EXPECT_FALSE(delegate.applicationShouldHandleReopen(true));
 }
 
 TEST_F(AppDelegateTest, openingItAgainBeforeLaunchingIsHarmless) {
     Q_EMIT platform.instance().reopened();
-    EXPECT_EQ(SettingsWindow::window(), nullptr);
+    EXPECT_EQ(delegate.settings(), nullptr);
+}
+
+TEST_F(AppDelegateTest, bothMenusShowTheSettings) {
+    { AppDelegate(platform).applicationDidFinishLaunching(); }
+    delegate.applicationDidFinishLaunching();
+    ASSERT_TRUE(choose(delegate.manager()->panel(leftKey)->buildMenu(), {"Settings…"}));
+    ASSERT_NE(window(delegate), nullptr);
+    EXPECT_TRUE(window(delegate)->isVisible());
+    EXPECT_FALSE(greets(delegate));
+    window(delegate)->close();
+    ASSERT_TRUE(choose(platform.statusItem->menuNeedsUpdate(), {"Settings…"}));
+    EXPECT_TRUE(window(delegate)->isVisible());
 }
 
 TEST_F(AppDelegateTest, closingTheSettingsHidesThemAndTheSameComeBack) {
     delegate.applicationDidFinishLaunching();
-    QWidget* const window = SettingsWindow::window();
-    EXPECT_TRUE(window->close());
-    EXPECT_FALSE(window->isVisible());
-    SettingsWindow::show(SettingsWindow::Form::normal);
-    EXPECT_EQ(SettingsWindow::window(), window);
-    EXPECT_TRUE(window->isVisible());
+    QWidget* const first = window(delegate);
+    EXPECT_TRUE(first->close());
+    EXPECT_FALSE(first->isVisible());
+    ASSERT_TRUE(choose(platform.statusItem->menuNeedsUpdate(), {"Settings…"}));
+    EXPECT_EQ(window(delegate), first);
+    EXPECT_TRUE(first->isVisible());
     // What it was made with stays.
-    EXPECT_TRUE(greets());
-    EXPECT_EQ(window->windowTitle(), QStringLiteral("Quillary Settings"));
-    EXPECT_EQ(window->size(), QSize(560, 640));
+    EXPECT_TRUE(greets(delegate));
+    EXPECT_EQ(first->windowTitle(), QStringLiteral("Quillary Settings"));
+    EXPECT_EQ(first->size(), QSize(560, 640));
 }
 
 TEST_F(AppDelegateTest, terminatingPutsTheSystemDockBackOnce) {

@@ -20,23 +20,25 @@ class DebugSnapshotTest : public Desktop {
 protected:
     void request(const std::string& target) {
         qputenv(DebugSnapshot::variable, QByteArray::fromStdString(target));
-        snapshot = std::make_unique<DebugSnapshot>(target, *manager, platform, [this] { ++ended; });
+        const auto showSettings = [this] {
+            if (settings) {
+                settings->show(SettingsWindow::Form::normal);
+            }
+        };
+        snapshot =
+            std::make_unique<DebugSnapshot>(target, *manager, platform, showSettings, [this] { ++ended; });
     }
-    void startKnowingTheSettings() {
+    void startWithSettings() {
         start();
-        SettingsWindow::setManager(manager.get());
+        settings = std::make_unique<SettingsWindow>(*manager);
     }
-    static bool greets() {
-        const auto labels = SettingsWindow::window()->findChildren<QLabel*>();
+    [[nodiscard]] bool greets() const {
+        const auto labels = settings->window()->findChildren<QLabel*>();
         return std::ranges::any_of(labels, [](const QLabel* label) {
             return label->text() == QStringLiteral("Welcome — every screen now has its own Dock.");
         });
     }
-    void TearDown() override {
-        qunsetenv(DebugSnapshot::variable);
-        SettingsWindow::discard();
-        SettingsWindow::setManager(nullptr);
-    }
+    void TearDown() override { qunsetenv(DebugSnapshot::variable); }
     [[nodiscard]] std::filesystem::path file(const std::string& name) const {
         return std::filesystem::path(folder.path().toStdString()) / name;
     }
@@ -50,6 +52,7 @@ protected:
     }
 
     QTemporaryDir folder;
+    std::unique_ptr<SettingsWindow> settings;
     std::unique_ptr<DebugSnapshot> snapshot;
     int ended = 0;
 };
@@ -57,23 +60,23 @@ protected:
 TEST_F(DebugSnapshotTest, withoutTheVariableNothingIsRequested) {
     start();
     qunsetenv(DebugSnapshot::variable);
-    EXPECT_EQ(DebugSnapshot::runIfRequested(*manager, platform), nullptr);
+    EXPECT_EQ(DebugSnapshot::runIfRequested(*manager, platform, [] {}), nullptr);
     qputenv(DebugSnapshot::variable, "");
-    EXPECT_EQ(DebugSnapshot::runIfRequested(*manager, platform), nullptr);
+    EXPECT_EQ(DebugSnapshot::runIfRequested(*manager, platform, [] {}), nullptr);
     qputenv(DebugSnapshot::variable, "/somewhere");
-    EXPECT_NE(DebugSnapshot::runIfRequested(*manager, platform), nullptr);
+    EXPECT_NE(DebugSnapshot::runIfRequested(*manager, platform, [] {}), nullptr);
 }
 
 TEST_F(DebugSnapshotTest, waits8SecondsForTheDocksAnd1MoreForTheSettingsThenEnds) {
-    startKnowingTheSettings();
+    startWithSettings();
     request(folder.path().toStdString());
     platform.scheduler().advance(7.99);
     EXPECT_FALSE(std::filesystem::exists(picture(leftKey)));
-    EXPECT_EQ(SettingsWindow::window(), nullptr);
+    EXPECT_EQ(settings->window(), nullptr);
     platform.scheduler().advance(0.01);
     EXPECT_TRUE(std::filesystem::exists(picture(leftKey)));
-    ASSERT_NE(SettingsWindow::window(), nullptr);
-    EXPECT_TRUE(SettingsWindow::window()->isVisible());
+    ASSERT_NE(settings->window(), nullptr);
+    EXPECT_TRUE(settings->window()->isVisible());
     platform.scheduler().advance(0.99);
     EXPECT_FALSE(std::filesystem::exists(file("screenshot-settings.png")));
     EXPECT_FALSE(std::filesystem::exists(file("snapshot-report.txt")));
@@ -87,22 +90,22 @@ TEST_F(DebugSnapshotTest, waits8SecondsForTheDocksAnd1MoreForTheSettingsThenEnds
 }
 
 TEST_F(DebugSnapshotTest, thePictureOfTheSettingsIsWhatTheWindowShows) {
-    startKnowingTheSettings();
+    startWithSettings();
     request(folder.path().toStdString());
     platform.scheduler().advance(9);
-    const QImage settings(QString::fromStdString(file("screenshot-settings.png").string()));
-    EXPECT_EQ(settings.size(), QSize(560, 640));
-    EXPECT_EQ(settings.convertToFormat(QImage::Format_RGB32),
-              SettingsWindow::window()->grab().toImage().convertToFormat(QImage::Format_RGB32));
+    const QImage taken(QString::fromStdString(file("screenshot-settings.png").string()));
+    EXPECT_EQ(taken.size(), QSize(560, 640));
+    EXPECT_EQ(taken.convertToFormat(QImage::Format_RGB32),
+              settings->window()->grab().toImage().convertToFormat(QImage::Format_RGB32));
 }
 
 TEST_F(DebugSnapshotTest, itShowsTheSettingsWithoutTheBannerButDoesNotTakeItAway) {
-    startKnowingTheSettings();
+    startWithSettings();
     request(folder.path().toStdString());
     platform.scheduler().advance(9);
     EXPECT_FALSE(greets());
-    SettingsWindow::discard();
-    SettingsWindow::show(SettingsWindow::Form::welcome);
+    settings = std::make_unique<SettingsWindow>(*manager);
+    settings->show(SettingsWindow::Form::welcome);
     request(folder.path().toStdString());
     platform.scheduler().advance(9);
     EXPECT_TRUE(greets());
@@ -118,7 +121,7 @@ TEST_F(DebugSnapshotTest, withoutSettingsToShowTheRestIsTaken) {
 }
 
 TEST_F(DebugSnapshotTest, aFolderThatTakesNoFilesYieldsNoneButEndsTheProgram) {
-    startKnowingTheSettings();
+    startWithSettings();
     std::ofstream(file("taken")) << "a file";
     request(file("taken").string());
     platform.scheduler().advance(9);

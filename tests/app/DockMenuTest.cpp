@@ -1,10 +1,7 @@
 #include "app/DockMenu.h"
 
-#include "app/settings/SettingsWindow.h"
 #include "tests/app/Fixture.h"
 #include "tests/app/MenuText.h"
-
-#include <QWidget>
 
 #include <gmock/gmock.h>
 
@@ -28,11 +25,6 @@ protected:
         startWith({mail, notes});
         configure([](DockConfig& config) { config.magnification = Magnification::off; });
         turn();
-        SettingsWindow::setManager(manager.get());
-    }
-    void TearDown() override {
-        SettingsWindow::discard();
-        SettingsWindow::setManager(nullptr);
     }
     Menu menu() const { return panel().buildMenu(); }
     void pointAtNotes() { platform.pointer().moveTo(QPointF(665, 860)); }
@@ -140,10 +132,10 @@ TEST_F(DockMenuTest, togglesInvertWhatHoldsWhenTheyAreChosen) {
     EXPECT_THAT(lines(menu()), Contains("Show Running Apps"));
 }
 
-TEST_F(DockMenuTest, settingsOpensTheWindow) {
+TEST_F(DockMenuTest, settingsAreRequestedOfTheManager) {
+    const Count requests(manager.get(), &DockManager::settingsRequested);
     ASSERT_TRUE(choose(menu(), {"Settings…"}));
-    ASSERT_NE(SettingsWindow::window(), nullptr);
-    EXPECT_TRUE(SettingsWindow::window()->isVisible());
+    EXPECT_EQ(requests.times, 1);
 }
 
 TEST_F(DockMenuTest, entriesOfADockThatHasGoneDoNothing) {

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -51,29 +52,26 @@ protected:
     SettingsDesktop() {
         platform.screens().connected = {screenNamed("LEFT", leftFrame), screenNamed("RIGHT", rightFrame)};
     }
-    void TearDown() override {
-        SettingsWindow::discard();
-        SettingsWindow::setManager(nullptr);
-    }
-
     void open(SettingsWindow::Form form = SettingsWindow::Form::normal) {
         if (!manager) {
             start();
         }
-        SettingsWindow::setManager(manager.get());
-        SettingsWindow::show(form);
+        if (!settings) {
+            settings = std::make_unique<SettingsWindow>(*manager);
+        }
+        settings->show(form);
         QApplication::processEvents();
     }
-    static SettingsView& view() { return *qobject_cast<SettingsView*>(SettingsWindow::window()); }
+    [[nodiscard]] SettingsView& view() const { return *qobject_cast<SettingsView*>(settings->window()); }
 
-    static std::vector<std::string> titles() {
+    [[nodiscard]] std::vector<std::string> titles() const {
         std::vector<std::string> result;
         for (const FormGroup* group : view().groups()) {
             result.push_back(group->title().toStdString());
         }
         return result;
     }
-    static FormGroup& group(const std::string& title) {
+    [[nodiscard]] FormGroup& group(const std::string& title) const {
         for (FormGroup* group : view().groups()) {
             if (group->title().toStdString() == title) {
                 return *group;
@@ -83,7 +81,7 @@ protected:
     }
     /// The control of that kind and name in a group.
     template<typename Control>
-    static Control& control(const std::string& groupTitle, const std::string& name) {
+    [[nodiscard]] Control& control(const std::string& groupTitle, const std::string& name) const {
         for (auto* found : group(groupTitle).findChildren<Control*>()) {
             if (found->accessibleName().toStdString() == name) {
                 return *found;
@@ -92,7 +90,7 @@ protected:
         throw std::runtime_error("no control " + name + " in " + groupTitle);
     }
     /// All texts that are seen in a group, controls' names too, from top to bottom and left to right.
-    static std::vector<std::string> texts(const std::string& groupTitle) {
+    [[nodiscard]] std::vector<std::string> texts(const std::string& groupTitle) const {
         struct Text {
             QPoint place;
             std::string words;
@@ -134,6 +132,8 @@ protected:
             return line.starts_with("Quillary: save failed ");
         });
     }
+
+    std::unique_ptr<SettingsWindow> settings;
 };
 
 } // namespace quillary::test

@@ -15,10 +15,10 @@ using Texts = std::vector<std::string>;
 
 class SettingsFormTest : public SettingsDesktop {
 protected:
-    static Switch& switchIn(const std::string& title, const std::string& name) {
+    [[nodiscard]] Switch& switchIn(const std::string& title, const std::string& name) const {
         return control<Switch>(title, name);
     }
-    static QPushButton& addButton() { return *group("LEFT").findChild<QPushButton*>(); }
+    [[nodiscard]] QPushButton& addButton() const { return *group("LEFT").findChild<QPushButton*>(); }
     DockConfig left() const { return *manager->settings().dock(leftKey); }
 };
 
@@ -356,7 +356,7 @@ TEST_F(SettingsFormTest, aManagerThatIsGoneIsAskedNothing) {
 
 class LoginSwitchTest : public SettingsFormTest {
 protected:
-    static Switch& login() { return switchIn("General", "Launch Quillary at login"); }
+    [[nodiscard]] Switch& login() const { return switchIn("General", "Launch Quillary at login"); }
 };
 
 TEST_F(LoginSwitchTest, showsWhatTheSystemSays) {

@@ -32,7 +32,7 @@ TEST_F(SettingsWindowTest, closingHidesItAndTheSameComesBackWithItsState) {
     view().close();
     EXPECT_FALSE(first->isVisible());
     open(SettingsWindow::Form::welcome);
-    EXPECT_EQ(SettingsWindow::window(), first);
+    EXPECT_EQ(settings->window(), first);
     EXPECT_TRUE(first->isVisible());
     EXPECT_EQ(view().verticalScrollBar()->value(), 100);
     EXPECT_EQ(titles().front(), "RAM on Dock");
@@ -47,10 +47,10 @@ TEST_F(SettingsWindowTest, theBannerOfTheFirstShowingStays) {
 
 TEST_F(SettingsWindowTest, itDoesNothingOnceTheManagerIsGone) {
     start();
-    SettingsWindow::setManager(manager.get());
+    SettingsWindow window(*manager);
     manager.reset();
-    SettingsWindow::show(SettingsWindow::Form::normal);
-    EXPECT_EQ(SettingsWindow::window(), nullptr);
+    window.show(SettingsWindow::Form::normal);
+    EXPECT_EQ(window.window(), nullptr);
 }
 
 TEST_F(SettingsWindowTest, itFollowsTheDesktopsColoursAndFontWhileItIsOpen) {

@@ -70,10 +70,10 @@ QImage settingsPicture(const SettingsExhibit& exhibit) {
                                   screenNamed("DELL U2723QE", QRectF(1280, 0, 1280, 900))};
     DockManager manager(system);
     prepare(system, manager, exhibit);
-    SettingsWindow::setManager(&manager);
-    SettingsWindow::show(exhibit.form);
+    SettingsWindow settings(manager);
+    settings.show(exhibit.form);
     QApplication::processEvents();
-    auto& window = *qobject_cast<QScrollArea*>(SettingsWindow::window());
+    auto& window = *qobject_cast<QScrollArea*>(settings.window());
     if (exhibit.scrolled) {
         window.verticalScrollBar()->setValue(window.verticalScrollBar()->maximum());
     }
@@ -85,8 +85,6 @@ QImage settingsPicture(const SettingsExhibit& exhibit) {
     QImage image((QSizeF(window.size()) * exhibit.scale).toSize(), QImage::Format_RGB32);
     image.setDevicePixelRatio(exhibit.scale);
     window.render(&image);
-    SettingsWindow::discard();
-    SettingsWindow::setManager(nullptr);
     return image;
 }
 
