@@ -11,6 +11,9 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
+#include <ranges>
+#include <utility>
 
 #include <glib.h>
 
@@ -29,7 +32,7 @@ RunningApplication running(const WindowApplication& application) {
 }
 
 bool contains(const std::vector<std::uint64_t>& list, std::uint64_t id) {
-    return std::find(list.begin(), list.end(), id) != list.end();
+    return std::ranges::find(list, id) != list.end();
 }
 
 } // namespace
@@ -87,10 +90,8 @@ void LinuxWorkspace::tellChanges() {
     const auto before = m_told.value_or(Told());
     const auto now = state();
     m_told = now;
-    const bool launched =
-        !std::includes(before.running.begin(), before.running.end(), now.running.begin(), now.running.end());
-    const bool terminated =
-        !std::includes(now.running.begin(), now.running.end(), before.running.begin(), before.running.end());
+    const bool launched = !std::ranges::includes(before.running, now.running);
+    const bool terminated = !std::ranges::includes(now.running, before.running);
     if (launched) {
         Q_EMIT applicationLaunched();
     }
@@ -199,30 +200,28 @@ QIcon LinuxWorkspace::icon(const std::string& path) const {
 std::vector<std::uint64_t> LinuxWorkspace::topDown(const WindowApplication& application) const {
     std::vector<std::uint64_t> result;
     const auto stack = m_windows.stackingOrder();
-    std::copy_if(stack.rbegin(), stack.rend(), std::back_inserter(result),
-                 [&application](std::uint64_t id) { return contains(application.windows, id); });
-    std::copy_if(application.windows.rbegin(), application.windows.rend(), std::back_inserter(result),
-                 [&stack](std::uint64_t id) { return !contains(stack, id); });
+    std::ranges::copy_if(std::views::reverse(stack), std::back_inserter(result),
+                         [&application](std::uint64_t id) { return contains(application.windows, id); });
+    std::ranges::copy_if(std::views::reverse(application.windows), std::back_inserter(result),
+                         [&stack](std::uint64_t id) { return !contains(stack, id); });
     return result;
 }
 
 void LinuxWorkspace::openApplication(const std::string& path) {
     const auto& list = refreshed();
-    const auto place = std::find_if(list.begin(), list.end(),
-                                    [&path](const auto& application) { return application.path == path; });
+    const auto place = std::ranges::find(list, path, &WindowApplication::path);
     if (place == list.end()) {
         m_launcher.launch(path);
         return;
     }
     const auto windows = m_windows.windows();
     const auto canComeUp = [&windows](std::uint64_t id) {
-        const auto found = std::find_if(windows.begin(), windows.end(),
-                                        [id](const WindowInfo& window) { return window.id == id; });
+        const auto found = std::ranges::find(windows, id, &WindowInfo::id);
         // Dialogs often keep out of task bars; so do desktops and panels, which are no windows to turn to.
         return found != windows.end() && (found->normal || found->transientFor != 0);
     };
     const auto order = topDown(*place);
-    const auto top = std::find_if(order.begin(), order.end(), canComeUp);
+    const auto top = std::ranges::find_if(order, canComeUp);
     if (top != order.end()) {
         m_windows.activate(*top);
     }
@@ -242,9 +241,7 @@ void LinuxWorkspace::reveal(const std::string& path) {
 
 void LinuxWorkspace::terminate(const RunningApplication& application) {
     const auto& list = refreshed();
-    const auto place = std::find_if(list.begin(), list.end(), [&application](const auto& candidate) {
-        return candidate.handle == application.handle;
-    });
+    const auto place = std::ranges::find(list, application.handle, &WindowApplication::handle);
     if (place == list.end()) {
         m_log.write("Quillary: could not quit an application that is no longer running");
         return;

@@ -7,6 +7,8 @@
 #include "platform/linux/LinuxFolders.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -54,8 +56,8 @@ public:
         }
         ::closedir(stream);
         // The order in which folders list their files is chance.
-        std::sort(files.begin(), files.end());
-        std::sort(subfolders.begin(), subfolders.end());
+        std::ranges::sort(files);
+        std::ranges::sort(subfolders);
         for (const auto& name : files) {
             if (auto entry = readDesktopEntry((folder / name).string(), prefix + name, m_desktops)) {
                 m_result.entries.push_back(std::move(*entry));
@@ -118,8 +120,7 @@ DesktopEntries::~DesktopEntries() = default;
 const EntryIndex& DesktopEntries::index() const {
     if (!m_current) {
         m_missing.clear();
-        std::copy_if(m_roots.begin(), m_roots.end(), std::back_inserter(m_missing),
-                     [](const auto& root) { return !isFolder(root); });
+        std::ranges::copy_if(m_roots, std::back_inserter(m_missing), std::not_fn(isFolder));
         auto installed = readInstalledEntries(m_roots);
         m_read.clear();
         for (const auto& folder : installed.folders) {
@@ -142,8 +143,8 @@ void DesktopEntries::watch() const {
     paths.removeDuplicates();
     const auto watched = m_watcher.directories();
     QStringList dropped;
-    std::copy_if(watched.begin(), watched.end(), std::back_inserter(dropped),
-                 [&paths](const QString& path) { return !paths.contains(path); });
+    std::ranges::copy_if(watched, std::back_inserter(dropped),
+                         [&paths](const QString& path) { return !paths.contains(path); });
     if (!dropped.isEmpty()) {
         m_watcher.removePaths(dropped);
     }
@@ -153,7 +154,7 @@ void DesktopEntries::watch() const {
 }
 
 bool DesktopEntries::missingRootAppeared() const {
-    return std::any_of(m_missing.begin(), m_missing.end(), isFolder);
+    return std::ranges::any_of(m_missing, isFolder);
 }
 
 void DesktopEntries::folderChanged(const QString& folder) {

@@ -49,9 +49,7 @@ private:
 };
 
 bool meet(const std::vector<std::string>& one, const std::vector<std::string>& other) {
-    return std::any_of(one.begin(), one.end(), [&other](const std::string& word) {
-        return std::find(other.begin(), other.end(), word) != other.end();
-    });
+    return std::ranges::find_first_of(one, other) != one.end();
 }
 
 bool isShown(const Keys& keys, const std::vector<std::string>& currentDesktops) {

@@ -45,7 +45,7 @@ std::string_view reverseDnsTail(std::string_view name) {
         return {};
     }
     const auto tail = name.substr(dot + 1);
-    const bool shared = std::find(sharedTails.begin(), sharedTails.end(), lowered(tail)) != sharedTails.end();
+    const bool shared = std::ranges::find(sharedTails, lowered(tail)) != sharedTails.end();
     const bool isNumber = tail.find_first_not_of("0123456789") == std::string_view::npos;
     return shared || isNumber ? std::string_view() : tail;
 }
@@ -55,9 +55,9 @@ std::string_view webAppId(std::string_view name) {
     while (begin < name.size()) {
         const auto end = std::min(name.find_first_of("-_.", begin), name.size());
         const auto part = name.substr(begin, end - begin);
-        const bool isId =
-            part.size() == webAppIdLength &&
-            std::all_of(part.begin(), part.end(), [](char letter) { return letter >= 'a' && letter <= 'p'; });
+        const bool isId = part.size() == webAppIdLength && std::ranges::all_of(part, [](char letter) {
+                              return letter >= 'a' && letter <= 'p';
+                          });
         if (isId) {
             return part;
         }
@@ -109,8 +109,7 @@ void EntryIndex::sortBuckets() {
                 return std::tuple(!isNamed, entry.noDisplay, entry.tryExecMissing, entry.arguments,
                                   std::string_view(entry.id));
             };
-            std::sort(bucket.begin(), bucket.end(),
-                      [&rank](std::size_t left, std::size_t right) { return rank(left) < rank(right); });
+            std::ranges::sort(bucket, {}, rank);
         }
     }
 }
@@ -128,9 +127,8 @@ const DesktopEntry* EntryIndex::find(Key key, std::string_view word) const {
         return nullptr;
     }
     const auto& bucket = place->second;
-    const auto exact = std::find_if(bucket.begin(), bucket.end(), [this, key, word](std::size_t index) {
-        return spelling(key, m_all[index]) == word;
-    });
+    const auto exact = std::ranges::find_if(
+        bucket, [this, key, word](std::size_t index) { return spelling(key, m_all[index]) == word; });
     return &m_all[exact == bucket.end() ? bucket.front() : *exact];
 }
 

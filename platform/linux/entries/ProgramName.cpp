@@ -128,7 +128,7 @@ std::string_view withoutScriptExtension(std::string_view name) {
 
 template<typename List>
 bool contains(const List& list, std::string_view word) {
-    return std::find(list.begin(), list.end(), word) != list.end();
+    return std::ranges::find(list, word) != list.end();
 }
 
 std::string scriptName(std::string_view path) {

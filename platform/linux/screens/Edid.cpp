@@ -60,7 +60,7 @@ std::string descriptorOf(Block block, std::uint8_t tag) {
 } // namespace
 
 std::optional<Edid> Edid::parse(std::span<const std::uint8_t> bytes) {
-    if (bytes.size() < blockSize || !std::equal(header.begin(), header.end(), bytes.begin())) {
+    if (bytes.size() < blockSize || !std::ranges::equal(header, bytes.first<header.size()>())) {
         return std::nullopt;
     }
     const Block block = bytes.first<blockSize>();

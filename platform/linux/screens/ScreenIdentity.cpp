@@ -35,9 +35,7 @@ std::vector<std::optional<std::string>> uuids(const std::vector<Monitor>& monito
             result.emplace_back();
             continue;
         }
-        const auto equal = std::count_if(monitors.begin(), monitors.end(), [&](const Monitor& other) {
-            return other.identity == monitor.identity;
-        });
+        const auto equal = std::ranges::count(monitors, monitor.identity, &Monitor::identity);
         result.emplace_back(
             uuid(equal > 1 ? *monitor.identity + "\n" + monitor.connector : *monitor.identity));
     }

@@ -13,8 +13,7 @@ namespace {
 constexpr int longestParentChain = 16;
 
 WindowApplication* findByPath(std::vector<WindowApplication>& list, const std::string& path) {
-    const auto place = std::find_if(list.begin(), list.end(),
-                                    [&path](const auto& application) { return application.path == path; });
+    const auto place = std::ranges::find(list, path, &WindowApplication::path);
     return place == list.end() ? nullptr : &*place;
 }
 
@@ -88,11 +87,9 @@ std::vector<WindowApplication> WindowApplications::group(const std::vector<Windo
 }
 
 const WindowApplication* WindowApplications::owner(std::uint64_t window) const {
-    const auto place =
-        std::find_if(m_applications.begin(), m_applications.end(), [window](const auto& application) {
-            return std::find(application.windows.begin(), application.windows.end(), window) !=
-                   application.windows.end();
-        });
+    const auto place = std::ranges::find_if(m_applications, [window](const WindowApplication& application) {
+        return std::ranges::find(application.windows, window) != application.windows.end();
+    });
     return place == m_applications.end() ? nullptr : &*place;
 }
 

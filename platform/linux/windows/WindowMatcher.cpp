@@ -40,7 +40,7 @@ struct Evidence {
 
 std::string telling(const std::string& word) {
     const auto folded = lowered(word);
-    const bool shared = std::find(sharedClasses.begin(), sharedClasses.end(), folded) != sharedClasses.end();
+    const bool shared = std::ranges::find(sharedClasses, folded) != sharedClasses.end();
     return shared || isInterpreter(folded) ? std::string() : word;
 }
 
@@ -54,7 +54,7 @@ std::string instance(const Evidence& evidence) {
 
 // Ids have no spaces: "Google Chrome" means "google-chrome".
 std::string dashed(std::string word) {
-    std::replace(word.begin(), word.end(), ' ', '-');
+    std::ranges::replace(word, ' ', '-');
     return word;
 }
 
@@ -96,7 +96,7 @@ std::string webApp(const Evidence& evidence) {
 
 std::string webAppExtension(const Evidence& evidence) {
     std::string word = webApp(evidence);
-    std::replace(word.begin(), word.end(), '_', '-');
+    std::ranges::replace(word, '_', '-');
     return std::string(webAppId(word));
 }
 
