@@ -5,7 +5,7 @@
 
 namespace quillary {
 
-/// What one process uses, and the path that tells which application it belongs to.
+/// The memory of one process, and the path by which it is attributed to an application.
 struct ProcessSample {
     std::int32_t pid = 0;
     /// Of the executable; for sums by application, of the application.

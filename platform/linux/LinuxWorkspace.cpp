@@ -45,12 +45,12 @@ LinuxWorkspace::LinuxWorkspace(WindowSource& windows, DesktopEntries& entries, S
       m_entries(entries),
       m_launcher(scheduler, log, notification),
       m_sessionIconTheme(std::move(sessionIconTheme)) {
-    connect(&m_windows, &WindowSource::windowsChanged, this, &LinuxWorkspace::tellChanges);
-    connect(&m_windows, &WindowSource::activeWindowChanged, this, &LinuxWorkspace::tellChanges);
+    connect(&m_windows, &WindowSource::windowsChanged, this, &LinuxWorkspace::notifyChanges);
+    connect(&m_windows, &WindowSource::activeWindowChanged, this, &LinuxWorkspace::notifyChanges);
     connect(&m_windows, &WindowSource::fullScreenChanged, this, &LinuxWorkspace::fullScreenChanged);
     connect(&m_entries, &DesktopEntries::changed, this, [this] {
         m_applications.forgetMatches();
-        tellChanges();
+        notifyChanges();
     });
 }
 
@@ -66,30 +66,30 @@ const WindowApplication* LinuxWorkspace::activeApplication() const {
     return window ? m_applications.owner(*window) : nullptr;
 }
 
-LinuxWorkspace::Told LinuxWorkspace::state() const {
-    Told told;
+LinuxWorkspace::State LinuxWorkspace::state() const {
+    State current;
     for (const auto& application : m_applications.list()) {
-        told.running.insert(application.handle);
+        current.running.insert(application.handle);
     }
     if (const auto* active = activeApplication()) {
-        told.active = active->handle;
+        current.active = active->handle;
     }
-    return told;
+    return current;
 }
 
-// What is read before the first change is no news later; what is read between a change and its signal still
-// is.
+// The state at the first reading is not a change. A reading between a later change and the window system's
+// signal leaves the state alone, so that the change is still notified.
 void LinuxWorkspace::noteFirstReading() const {
-    if (!m_told) {
-        m_told = state();
+    if (!m_notified) {
+        m_notified = state();
     }
 }
 
-void LinuxWorkspace::tellChanges() {
+void LinuxWorkspace::notifyChanges() {
     refreshed();
-    const auto before = m_told.value_or(Told());
+    const auto before = m_notified.value_or(State());
     const auto now = state();
-    m_told = now;
+    m_notified = now;
     const bool launched = !std::ranges::includes(before.running, now.running);
     const bool terminated = !std::ranges::includes(now.running, before.running);
     if (launched) {
@@ -162,7 +162,7 @@ std::optional<DesktopEntry> LinuxWorkspace::entryAt(const std::string& path) con
     if (const auto* entry = m_entries.index().find(EntryIndex::Key::path, path)) {
         return *entry;
     }
-    // Entries stand elsewhere too, on the desktop for one.
+    // Entries are found elsewhere, too, for example on the desktop.
     return readDesktopEntry(path, std::string(baseName(path)), {});
 }
 
@@ -177,8 +177,8 @@ std::string LinuxWorkspace::displayName(const std::string& path) const {
     if (plain == withoutTrailingSlashes(LinuxFolders::home())) {
         return "Home";
     }
-    // What GFile shows for a local file, without waking the virtual file systems, which wait for the session
-    // bus.
+    // The name that GFile gives a local file, without starting the virtual file systems, which block on the
+    // session bus.
     return takeText(g_filename_display_basename(plain.c_str()));
 }
 
@@ -217,7 +217,7 @@ void LinuxWorkspace::openApplication(const std::string& path) {
     const auto windows = m_windows.windows();
     const auto canComeUp = [&windows](std::uint64_t id) {
         const auto found = std::ranges::find(windows, id, &WindowInfo::id);
-        // Dialogs often keep out of task bars; so do desktops and panels, which are no windows to turn to.
+        // Dialogs often keep out of task bars and can be activated; desktops and panels do so too and cannot.
         return found != windows.end() && (found->normal || found->transientFor != 0);
     };
     const auto order = topDown(*place);

@@ -56,17 +56,17 @@ public:
     [[nodiscard]] DesktopNow desktopNow() const;
 
 private:
-    /// What was last told to listeners.
-    struct Told {
+    /// The state that listeners were last notified of.
+    struct State {
         std::set<std::uint64_t> running;
         std::optional<std::uint64_t> active;
     };
 
     const std::vector<WindowApplication>& refreshed() const;
     [[nodiscard]] const WindowApplication* activeApplication() const;
-    [[nodiscard]] Told state() const;
+    [[nodiscard]] State state() const;
     void noteFirstReading() const;
-    void tellChanges();
+    void notifyChanges();
     [[nodiscard]] std::optional<DesktopEntry> entryAt(const std::string& path) const;
     [[nodiscard]] std::vector<std::uint64_t> topDown(const WindowApplication& application) const;
 
@@ -75,7 +75,7 @@ private:
     DesktopEntries& m_entries;
     Launcher m_launcher;
     mutable WindowApplications m_applications;
-    mutable std::optional<Told> m_told;
+    mutable std::optional<State> m_notified;
     std::string m_sessionIconTheme;
     mutable bool m_iconsReady = false;
 };

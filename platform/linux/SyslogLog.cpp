@@ -16,7 +16,7 @@ constexpr gunichar firstMalformed = static_cast<gunichar>(-2);
 // The line and its end in one call, so that lines of several programs don't mix.
 void writeToStandardError(const std::string& line) {
     const auto ended = line + "\n";
-    // There is nowhere to tell of a failure.
+    // A failure of the log cannot be reported anywhere.
     [[maybe_unused]] const auto count = ::write(STDERR_FILENO, ended.data(), ended.size());
 }
 

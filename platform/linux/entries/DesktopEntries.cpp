@@ -24,7 +24,7 @@ constexpr int deepestLevel = 8;
 // Package managers write many files: read them once when they have finished.
 constexpr double settlingSeconds = 0.5;
 
-// Reads one tree of entries; ids are made of the path below it.
+// Reads one tree of entries. Their ids are made of the path below its root.
 class Walk {
 public:
     explicit Walk(InstalledEntries& result)
@@ -55,7 +55,7 @@ public:
             }
         }
         ::closedir(stream);
-        // The order in which folders list their files is chance.
+        // Folders list their files in no defined order.
         std::ranges::sort(files);
         std::ranges::sort(subfolders);
         for (const auto& name : files) {
@@ -159,7 +159,8 @@ bool DesktopEntries::missingRootAppeared() const {
 
 void DesktopEntries::folderChanged(const QString& folder) {
     if (!m_read.contains(folder)) {
-        // First the watching, which may now come closer to what is missing, so that nothing falls in between.
+        // Watching comes first, as it may now reach a folder closer to the missing one: what appears between
+        // the two steps is then noticed.
         watch();
         if (!missingRootAppeared()) {
             return;

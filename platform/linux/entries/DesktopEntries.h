@@ -27,16 +27,17 @@ struct InstalledEntries {
     std::vector<std::filesystem::path> folders;
 };
 
-/// Reads all entries in the folders and below. Links are followed, each real folder is read once; at most
-/// 20,000 files and 8 levels are looked at. Takes no state of the program: any thread may call it.
+/// Reads all entries in the folders and below. Links are followed; each real folder is read once. Reads at
+/// most 20,000 files and 8 levels. Shares no state: any thread may call it.
 [[nodiscard]] InstalledEntries readInstalledEntries(const std::vector<std::filesystem::path>& folders);
 
-/// The folder to watch for an application folder that isn't there yet: its parent, or while that is missing
-/// too, the one above. Empty when neither exists. Never the user's home folder nor the root folder, where too
-/// much else changes.
+/// The folder to watch while an application folder does not exist: its parent, or the parent's parent while
+/// that does not exist either. Empty when neither exists. Never the user's home folder nor the root folder,
+/// where too much else changes.
 [[nodiscard]] std::filesystem::path ancestorToWatch(const std::filesystem::path& missing);
 
-/// The index of installed applications, read when it is first asked for and again after the folders changed.
+/// The index of installed applications, read at the first call of `index` and again after the folders
+/// changed.
 class DesktopEntries : public QObject {
     Q_OBJECT
 
@@ -44,11 +45,11 @@ public:
     explicit DesktopEntries(Scheduler& scheduler);
     ~DesktopEntries() override;
 
-    /// The index of now. The reference holds until `changed` or the next call.
+    /// The current index. The reference is valid until `changed` is emitted or `index` is called again.
     [[nodiscard]] const EntryIndex& index() const;
 
 Q_SIGNALS:
-    /// Entries were installed, removed or replaced; told once for a burst of changes.
+    /// Entries were installed, removed or replaced; emitted once for a burst of changes.
     void changed();
 
 private:
@@ -59,7 +60,7 @@ private:
     Scheduler& m_scheduler;
     std::vector<std::filesystem::path> m_roots;
     mutable std::optional<EntryIndex> m_current;
-    // As of the last reading: the folders that were read, and the roots that weren't there.
+    // At the last reading: the folders that were read, and the roots that did not exist.
     mutable QStringList m_read;
     mutable std::vector<std::filesystem::path> m_missing;
     mutable QFileSystemWatcher m_watcher;

@@ -21,7 +21,8 @@ constexpr std::size_t mostCategories = 64;
 constexpr int longestShownName = 256;
 constexpr std::string_view mainHeader = "[Desktop Entry]";
 
-// Actions and their translations make most of a file; parsing them too doubles the time of the index.
+// Actions and their translations make up most of a file. Parsing them too doubles the time to build the
+// index.
 std::string_view mainGroup(std::string_view text) {
     const auto begin = text.starts_with(mainHeader) ? 0 : text.find("\n" + std::string(mainHeader));
     if (begin == std::string_view::npos) {
@@ -73,7 +74,7 @@ std::vector<std::string> commandWords(const std::string& command) {
     return takeTexts(words);
 }
 
-// The text must be valid UTF-8, as all that GKeyFile gives is.
+// The text must be valid UTF-8, which GKeyFile guarantees.
 std::string fitToBeShown(const std::string& text) {
     std::string shown;
     const char* place = text.c_str();

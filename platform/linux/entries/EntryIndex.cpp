@@ -21,7 +21,7 @@ std::string folded(EntryIndex::Key key, std::string_view word) {
     return key == EntryIndex::Key::path ? std::string(word) : lowered(word);
 }
 
-// The spelling of the entry that stands in the table, to prefer the exact one.
+// The entry's own spelling of the key, to prefer an exact match.
 std::string_view spelling(EntryIndex::Key key, const DesktopEntry& entry) {
     switch (key) {
     case EntryIndex::Key::startupWmClass:

@@ -10,10 +10,10 @@
 
 namespace quillary {
 
-/// The installed applications, found by the words that windows and processes give. A value: it never changes.
+/// The installed applications, found by the words in the properties of windows and processes. Immutable.
 class EntryIndex {
 public:
-    /// What a word is looked up as. Letter case counts for paths only.
+    /// The key of an entry that a word is compared with. Letter case matters for paths only.
     enum class Key {
         startupWmClass,
         /// Desktop file id, with or without ".desktop".
@@ -29,13 +29,13 @@ public:
     };
 
     EntryIndex() = default;
-    /// Of several entries with the same id the first stands; hidden ones are left out and hide those behind
-    /// them.
+    /// Of several entries with the same id the first one counts. A hidden entry is left out, and hides those
+    /// of the same id that follow.
     explicit EntryIndex(std::vector<DesktopEntry> found);
 
-    /// The best entry for the word, null when there is none. Of several: spelt exactly so, then the one whose
-    /// id is the word, then visible before NoDisplay, installed before TryExec missing, fewer arguments, and
-    /// the lesser id.
+    /// The best entry for the word; null when there is none. Of several entries the order is: exactly the
+    /// same spelling, an id equal to the word, visible before NoDisplay, installed before TryExec missing,
+    /// fewer arguments, lesser id.
     [[nodiscard]] const DesktopEntry* find(Key key, std::string_view word) const;
 
     [[nodiscard]] const std::vector<DesktopEntry>& entries() const { return m_all; }
@@ -50,8 +50,8 @@ private:
     std::array<std::unordered_map<std::string, Bucket>, 7> m_tables;
 };
 
-/// The last component of a reverse-DNS name when it tells applications apart; empty for names without a dot
-/// and for endings such as ".desktop" and ".app" that many share.
+/// The last component of a reverse-DNS name if it identifies an application; empty for names without a dot
+/// and for components such as "desktop" and "app" that many names end in.
 [[nodiscard]] std::string_view reverseDnsTail(std::string_view name);
 
 /// The 32-letter id of a Chromium web application in a window class or entry id; empty when there is none.

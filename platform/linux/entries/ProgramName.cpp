@@ -80,7 +80,7 @@ constexpr std::array knownPrograms = {
     KnownProgram{"wine-development", Kind::wine},
 };
 
-// Names that scripts and archives of many applications share; the folder they lie in tells more.
+// Names that scripts and archives of many applications share. The name of their folder says more.
 constexpr std::array<std::string_view, 12> commonScriptNames = {"main",     "__main__", "app", "app.asar",
                                                                 "index",    "start",    "run", "launch",
                                                                 "launcher", "gui",      "cli", "default"};

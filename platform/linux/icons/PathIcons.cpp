@@ -59,7 +59,7 @@ bool isUsablePicture(const QString& path) {
     return reader.canRead() && size.width() <= longestPictureSide && size.height() <= longestPictureSide;
 }
 
-// Entries of old give the name with its extension.
+// Old entries give the name with its extension.
 std::string withoutExtension(const std::string& name) {
     for (const std::string_view extension : {".png", ".svg", ".xpm"}) {
         if (name.ends_with(extension)) {

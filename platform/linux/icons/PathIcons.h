@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-/// Icons as file managers show them. None is ever null; pictures that are too large or can't be read count as
+/// Icons as file managers show them; never null. Pictures that are too large or cannot be read count as
 /// missing.
 namespace quillary::PathIcons {
 
@@ -14,7 +14,7 @@ namespace quillary::PathIcons {
 [[nodiscard]] QIcon ofEntry(const std::string& iconKey);
 /// The icon of a folder: the home folder and the user's special folders (xdg-user-dirs) have their own.
 [[nodiscard]] QIcon ofFolder(const std::string& path);
-/// The icon of a file's content type (Shared MIME-info Database), told by its name, else by its first bytes.
+/// The icon of a file's content type (Shared MIME-info Database), which its name gives, else its first bytes.
 [[nodiscard]] QIcon ofFile(const std::string& path);
 
 /// Names of themed icons for a folder, the most special first.

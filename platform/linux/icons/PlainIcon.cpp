@@ -9,7 +9,7 @@ namespace quillary {
 
 namespace {
 
-// Drawn in a unit square and scaled to the size that is asked for.
+// Drawn in a unit square and scaled to the requested size.
 class PlainIconEngine final : public QIconEngine {
 public:
     explicit PlainIconEngine(PlainIconShape shape) : m_shape(shape) {}

@@ -11,10 +11,10 @@ namespace {
 
 constexpr int longestChain = 64;
 constexpr int deepestFolder = 16;
-// Beside the real groups, whose paths begin with a slash: every one of them.
+// Stands for all groups. The paths of real groups begin with a slash.
 const std::string anyGroup = "*";
 
-// The innermost part of the group that systemd's names take for an application. Slices for one application
+// The application that the innermost unit of the group's path names. Slices that are made for one application
 // are named like services.
 UnitApplication unitOf(std::string_view group) {
     constexpr std::string_view slice = ".slice";
@@ -60,7 +60,7 @@ void ApplicationOwners::learn(const Process& process) {
     if (!process.shown.empty()) {
         m_shown[traits.group].insert(process.shown);
     }
-    // Sandboxes have the same folders inside, whatever runs there.
+    // The folders inside a sandbox are the same for every application.
     const auto owner = traits.folder.empty() || !traits.sandbox.empty() ? std::string() : ofProcess(process);
     if (owner.empty()) {
         return;
@@ -118,7 +118,7 @@ std::string ApplicationOwners::ofProcess(const Process& process) {
 std::string ApplicationOwners::nearest(const Process& process, Reach reach) {
     auto pid = process.pid;
     for (int step = 0; step < longestChain && pid > 1 && pid != m_ownPid; ++step) {
-        // Of processes of others, such as the helpers of sandboxes, only the parent counts.
+        // Of other users' processes, such as the helpers of sandboxes, only the parent matters.
         if (const auto* ancestor = find(pid)) {
             if (reach == Reach::sameGroup && ancestor->traits->group != process.traits->group) {
                 break;

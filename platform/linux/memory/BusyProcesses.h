@@ -7,15 +7,14 @@
 
 namespace quillary {
 
-/// The processes that some thread is reading in a way that may wait for the process. Another thread then
-/// leaves them alone, so that a process that never answers holds up one thread and not one every sample.
-/// Any thread may use it.
+/// The processes that some thread is reading in a way that may block on the process. Other threads skip them,
+/// so that a process that never responds blocks one thread in all, not one for every sample. Thread-safe.
 class BusyProcesses {
 public:
-    /// A process as its id and the time when it started.
+    /// The id of a process and the time when it started.
     using Identity = std::pair<std::int32_t, std::uint64_t>;
 
-    /// Calls `read` unless another thread is reading the process; tells whether it did.
+    /// Calls `read` unless another thread is reading the process. Returns whether it was called.
     template<typename Read>
     bool tryReading(const Identity& process, Read read) {
         {

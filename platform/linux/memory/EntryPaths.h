@@ -10,9 +10,9 @@
 
 namespace quillary {
 
-/// Finds the path that docks know an application by, from the words that processes have for it. An
-/// application that shows windows goes before an installed one. Looks at the file system at most once for
-/// each word. Each gives an empty path when there is no such application.
+/// Finds the path by which docks know an application, from the names that processes give. Applications that
+/// show windows come before installed ones. Each name is looked up in the file system at most once. All
+/// return an empty path when there is no such application.
 class EntryPaths {
 public:
     /// `folders` hold the installed entries, the most important first.
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] std::string byId(std::string_view id);
     /// By flatpak id or snap name.
     [[nodiscard]] std::string bySandbox(std::string_view name);
-    /// By the path of an entry, which may be another one of the same id than docks have.
+    /// By the path of an entry; docks may know another entry of the same id.
     [[nodiscard]] std::string byPath(const std::string& path);
 
 private:

@@ -5,24 +5,26 @@
 
 namespace quillary {
 
-/// The physical footprint of one process, followed between rare exact readings by a cheap figure in which
-/// shared pages count in full. Bytes.
+/// The physical footprint of one process, in bytes: the last exact reading, plus the change since then of its
+/// resident memory, a cheap figure in which shared pages count in full.
 ///
-/// What a process takes on or gives up since the last exact reading is taken for its own alone, as nearly all
-/// such memory is.
+/// Memory that a process allocates or frees between exact readings is assumed not to be shared, which is true
+/// of nearly all of it.
 class FootprintEstimate {
 public:
-    /// The cheap figure of now.
+    /// Resident memory, shared pages in full (`ProcTexts::resident`).
     void setResident(std::uint64_t bytes) { m_resident = bytes; }
     [[nodiscard]] std::uint64_t resident() const { return m_resident; }
-    /// An exact reading at this moment (seconds), to be set after the cheap figure of the same moment.
-    /// Nothing: the process lets nobody read it; then the cheap figure stands. `family` is how much the
-    /// processes of the same application have taken on and given up so far, all together.
+    /// Sets an exact reading made at the time `now` (seconds), after `setResident` with the figure of the
+    /// same time. Nothing: the process may not be read exactly, and its resident memory stands for the
+    /// footprint. `family` is the sum of what all processes of the application have allocated and freed so
+    /// far.
     void setExact(std::optional<std::uint64_t> bytes, double now, std::uint64_t family);
 
     [[nodiscard]] std::uint64_t bytes() const;
-    /// How far off the figure may be: all of it before the first exact reading; then what changed since, as
-    /// much of what it shares as others of its family may have given up, and a little more as time passes.
+    /// How far off `bytes` may be: all of it before the first exact reading. Afterwards the change since
+    /// then, plus as much of what the process shares as others of its family may have stopped sharing, plus 5
+    /// % a minute.
     [[nodiscard]] double doubt(double now, std::uint64_t family) const;
 
 private:

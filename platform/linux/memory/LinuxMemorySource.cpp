@@ -14,7 +14,7 @@ namespace quillary {
 
 namespace {
 
-// While it lives its thread gives way to what people wait for.
+// Makes the calling thread a batch job while it lives.
 class UtilityPriority {
 public:
     UtilityPriority() : m_policy(::sched_getscheduler(0)) { set(SCHED_BATCH); }
@@ -23,7 +23,7 @@ public:
     ~UtilityPriority() { set(m_policy); }
 
 private:
-    // Of threads with a policy other than the usual one, somebody else has thought.
+    // A thread with another policy than the default was given it on purpose.
     void set(int policy) const {
         const sched_param parameters{};
         if (m_policy == SCHED_OTHER) {
@@ -48,7 +48,7 @@ struct LinuxMemorySource::Shared {
     MemorySurroundings surroundings;
     BusyProcesses busy;
     std::mutex lock;
-    // Under the lock: what the latest sample left. Samples that overlap begin with the same.
+    // Guarded by the lock: the table of the latest sample. Samples that overlap begin with the same table.
     std::shared_ptr<const ProcessTable> table = std::make_shared<const ProcessTable>();
 
     [[nodiscard]] ProcessTable copy() {

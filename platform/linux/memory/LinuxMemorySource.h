@@ -19,15 +19,16 @@ namespace quillary {
 /// for how closely). Processes of other users do not count.
 class LinuxMemorySource final : public MemorySource {
 public:
-    /// Tells which processes show windows of which applications; called on the main thread only.
+    /// Returns which processes show windows of which applications. Called on the main thread only.
     using Desktop = std::function<DesktopNow()>;
 
     /// `ownId` is this program's desktop file id. `root` is where "proc" and "sys" stand.
     LinuxMemorySource(Desktop desktop, std::string ownId, const std::filesystem::path& root = "/");
     ~LinuxMemorySource() override;
 
-    /// Samplers run as a batch job of the kernel's scheduler: they wait until what the user does leaves time.
-    /// Not as an idle one: a reading holds up the process that is read while it changes its address space.
+    /// Samplers run with the scheduling policy SCHED_BATCH, so that they give way to interactive programs.
+    /// Not with SCHED_IDLE: a reading that gets no processor time blocks the process it reads when that
+    /// changes its address space.
     [[nodiscard]] Sampler sampler() override;
 
 private:

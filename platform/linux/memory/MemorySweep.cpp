@@ -10,12 +10,12 @@ namespace quillary {
 
 namespace {
 
-// Programs replace themselves by others (shells, launchers) and are moved to groups of their own just after
-// they started; later changes of the program show in its name.
+// Just after they started, programs replace themselves by others (shells, launchers) and are moved to control
+// groups. Later replacements show in the name.
 constexpr unsigned sightingsUntilSettled = 3;
 // A change of memory that leaves the number of pages the same is noticed after this many samples.
 constexpr std::uint64_t samplesBetweenCheapReadings = 8;
-// What is shown to people has whole mebibytes.
+// The user sees whole mebibytes.
 constexpr double doubtWorthReading = 1024.0 * 1024.0;
 
 bool comesFromSandbox(const ProcessTraits& traits, const std::string& sandbox) {
@@ -24,7 +24,8 @@ bool comesFromSandbox(const ProcessTraits& traits, const std::string& sandbox) {
            (unit.sandboxed && (unit.id == sandbox || unit.id.starts_with(sandbox + "_")));
 }
 
-// Ids of processes in a sandbox count from one there: a window from a flatpak may name a stranger.
+// A sandbox has its own process ids, counted from 1: the pid that a flatpak's window gives may be that of an
+// unrelated process outside.
 bool mayShow(const DesktopNow& desktop, const std::string& path, const ProcessTraits& traits) {
     const auto entry = std::ranges::find(desktop.entries, path, &DesktopNow::Entry::path);
     return entry == desktop.entries.end() || entry->sandbox.empty() ||
@@ -74,7 +75,7 @@ void MemorySweep::survey() {
         if (known != m_table.records.end() && known->second.stat.startTime == stat->startTime) {
             record = std::move(known->second);
             m_table.records.erase(known);
-            // Another program: what it is has to be found out again.
+            // The process runs another program now, which may belong to another application.
             record.sightings = record.stat.command == stat->command ? record.sightings : 0;
         }
         record.stat = std::move(*stat);
@@ -97,7 +98,7 @@ void MemorySweep::readTraits() {
         }
         m_busy.tryReading({pid, record.stat.startTime}, [&] {
             auto traits = traitsOf(m_surroundings.processes.facts(pid));
-            // Else they are those of another process that got the same id meanwhile.
+            // Otherwise the id was given to another process meanwhile, and the traits are that one's.
             if (isStill(pid, record)) {
                 record.traits = std::make_shared<const ProcessTraits>(std::move(traits));
             }
@@ -106,7 +107,7 @@ void MemorySweep::readTraits() {
 }
 
 void MemorySweep::noteWindows(const DesktopNow& desktop) {
-    // Of several applications in one process the first stands, so the last one is set first.
+    // Of several applications in one process the first one counts, so it is set last.
     for (auto window = desktop.windows.rbegin(); window != desktop.windows.rend(); ++window) {
         const auto place = window->pid > INT32_MAX
                                ? m_table.records.end()

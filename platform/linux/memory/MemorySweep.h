@@ -19,7 +19,7 @@
 
 namespace quillary {
 
-/// Where and for whom processes are looked at.
+/// The machine, the user and the clocks that a sweep works with.
 struct MemorySurroundings {
     ProcFilesystem processes;
     /// Whose processes count, by effective user id.
@@ -35,13 +35,13 @@ struct MemorySurroundings {
     std::function<double()> processorTime;
 };
 
-/// One look at all of the user's processes: whose they are and what they use.
+/// One pass over all of the user's processes: which application each belongs to and how much memory it uses.
 ///
-/// Cheap figures are read each time, of processes whose pages in memory changed; the exact ones, which cost
-/// the kernel a walk over all pages, as far as the budget goes, the most doubtful first.
+/// Cheap figures are read in each pass, for processes whose number of pages changed. Exact figures, for which
+/// the kernel walks over all pages, are read as far as the budget goes, the most doubtful first.
 class MemorySweep {
 public:
-    /// All must outlive the sweep. `table` is what the last sweep left; this one leaves it to the next.
+    /// All must outlive the sweep. `table` holds the state of the last sweep and takes that of this one.
     MemorySweep(const MemorySurroundings& surroundings, BusyProcesses& busy, ProcessTable& table);
 
     /// The applications that use memory, as `AppMemoryGrouping::sum` orders them.

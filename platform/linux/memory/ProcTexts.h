@@ -14,8 +14,9 @@ inline constexpr std::uint64_t bytesPerKibibyte = 1024;
 inline constexpr std::uint64_t mostKibibytes = std::uint64_t{1} << 50U;
 
 /// Bytes of the first line "Name:   123 kB"; `name` is given with its colon. Searches on from the start of
-/// `text` and moves that start to the number, so that lines that are asked for in their order are found in
-/// one pass; when there is no such line, `text` stays as it is. Nothing for more than `mostKibibytes`.
+/// `text` and moves that start to the number, so that lines are found in one pass when they are
+/// searched for in the text's order; when there is no such line, `text` stays as it is. Nothing for more than
+/// `mostKibibytes`.
 [[nodiscard]] std::optional<std::uint64_t> lineBytes(std::string_view& text, std::string_view name);
 
 /// From /proc/<pid>/stat.
@@ -35,7 +36,7 @@ struct Stat {
 [[nodiscard]] std::optional<Stat> stat(std::string_view text);
 
 /// From /proc/<pid>/status, bytes: RssAnon + RssShmem + VmSwap. Cheap for the kernel, but pages that several
-/// processes share count in full in each of them. Nothing for a process without memory of its own (a thread
+/// processes share count in full in each of them. Nothing for a process without an address space (a thread
 /// of the kernel, one that has ended).
 [[nodiscard]] std::optional<std::uint64_t> resident(std::string_view status);
 

@@ -12,17 +12,17 @@
 
 namespace quillary {
 
-/// What one sample leaves to the next. A value: each sample works on a copy of its own.
+/// The state that one sample leaves to the next. Each sample works on its own copy.
 struct ProcessTable {
     struct Record {
         ProcTexts::Stat stat;
-        /// In how many samples the process was met.
+        /// The number of samples in which the process was found.
         unsigned sightings = 0;
         /// Null until they could be read.
         std::shared_ptr<const ProcessTraits> traits;
         /// Path of the last application that the process showed windows of.
         std::string shown;
-        /// Pages in memory when the cheap figure was last asked for.
+        /// Pages in memory when the cheap figure was last read.
         std::uint64_t pagesThen = 0;
         FootprintEstimate estimate;
         /// Path of the application that it belonged to.
@@ -31,10 +31,10 @@ struct ProcessTable {
 
     /// By process id.
     std::unordered_map<std::int32_t, Record> records;
-    /// By application: how many bytes its processes have taken on and given up so far.
+    /// By application: the bytes that its processes have allocated and freed so far, added up.
     std::unordered_map<std::string, std::uint64_t> families;
     ReadingBudget budget;
-    /// How many samples there were.
+    /// The number of samples so far.
     std::uint64_t samples = 0;
 };
 

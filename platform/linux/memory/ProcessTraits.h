@@ -7,13 +7,13 @@
 
 namespace quillary {
 
-/// What of a process tells which application it belongs to. Empty where nothing is known.
+/// The properties of a process by which it is attributed to an application. Empty where nothing is known.
 struct ProcessTraits {
     /// See `installFolder`.
     std::string folder;
     /// Path of its control group.
     std::string group;
-    /// Path of the desktop entry that GIO started this very process for; not what it merely inherited.
+    /// Path of the desktop entry that GIO started this process for; empty when the variable was inherited.
     std::string launchedEntry;
     /// Flatpak id or snap name.
     std::string sandbox;

@@ -7,11 +7,10 @@ namespace quillary {
 namespace {
 
 constexpr double share = 0.0015;
-// What a browser of twenty processes takes to be read once.
+// Enough to read a browser of twenty processes once.
 constexpr double firstCredit = 0.040;
 constexpr double largestCredit = 0.040;
-// A tenth of what a sample every four seconds earns: with thousands of processes figures still come right in
-// the end.
+// A tenth of the share: with thousands of processes all figures still become exact in the end.
 constexpr double leastShare = 0.00015;
 
 } // namespace

@@ -7,7 +7,7 @@
 
 namespace quillary {
 
-/// What a display says of itself in the base block of its EDID (VESA E-EDID Standard, release A).
+/// The identity of a display by the base block of its EDID (VESA E-EDID Standard, release A).
 struct Edid {
     /// Three letters of the maker's PNP id; empty when the field is damaged.
     std::string maker;
@@ -22,8 +22,8 @@ struct Edid {
     /// Reads a block; absent when the bytes are shorter than 128, lack the header or fail the checksum.
     [[nodiscard]] static std::optional<Edid> parse(std::span<const std::uint8_t> bytes);
 
-    /// Maker, product and serial as one text; absent when maker or serial is missing, as the rest tells only
-    /// the model.
+    /// Maker, product and serial as one text; absent when maker or serial is missing, since the rest
+    /// identifies only the model.
     [[nodiscard]] std::optional<std::string> identity() const;
 
     bool operator==(const Edid&) const = default;

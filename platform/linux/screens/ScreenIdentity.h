@@ -8,10 +8,10 @@
 
 namespace quillary::ScreenIdentity {
 
-/// 32-bit FNV-1a of the monitor's name: the display number of a monitor that has no identity of its own.
+/// 32-bit FNV-1a of the monitor's name: the display number of a monitor without an identity.
 [[nodiscard]] std::uint32_t displayNumber(std::string_view monitorName);
 
-/// What a monitor is known by: the name of its connector, and its display's own identity where there is one.
+/// A monitor: the name of its connector, and the identity of its display (`Edid::identity`) if it has one.
 struct Monitor {
     std::string connector;
     std::optional<std::string> identity;

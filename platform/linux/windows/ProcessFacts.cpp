@@ -37,7 +37,7 @@ std::string executableOf(const std::filesystem::path& folder) {
     if (error || !isValidUtf8(path)) {
         return {};
     }
-    // A program that was replaced by an update still runs as what it was.
+    // A program whose file was replaced by an update goes on running.
     if (path.ends_with(deletedMark)) {
         path.resize(path.size() - deletedMark.size());
     }
@@ -86,7 +86,7 @@ std::string controlGroupOf(const std::filesystem::path& folder) {
         if (!isValidUtf8(line)) {
             return true;
         }
-        // Beside a hierarchy of systemd's own the unified one is there too, but says "/".
+        // Where systemd has a separate hierarchy, the unified one exists too, with "/" for every process.
         const auto place = line.find(systemd);
         if (place != std::string_view::npos) {
             result = line.substr(place + systemd.size());

@@ -7,11 +7,11 @@
 
 namespace quillary {
 
-/// What /proc tells of a process that helps to find its desktop entry. Every text is the process's own claim:
-/// valid UTF-8, otherwise anything; empty when not known.
+/// What /proc shows of a process that helps to find its desktop entry. Every text is untrusted, since the
+/// process itself may have set it: valid UTF-8, otherwise anything; empty when not known.
 struct ProcessFacts {
     std::int64_t pid = 0;
-    /// Path of the executable, "" when it may not be read.
+    /// Path of the executable; empty when it may not be read.
     std::string executable;
     /// The start of the command line.
     std::vector<std::string> arguments;
@@ -26,11 +26,11 @@ struct ProcessFacts {
     bool operator==(const ProcessFacts&) const = default;
 };
 
-/// Reads facts of processes. Reads are bounded; what can't be read, because the process ended or belongs to
-/// another user, stays empty.
+/// Reads the facts of processes. Reads are bounded. What cannot be read, because the process ended or belongs
+/// to another user, stays empty.
 class ProcessReader {
 public:
-    /// `root` is where the process file system stands.
+    /// `root` is where the process file system is mounted.
     explicit ProcessReader(std::filesystem::path root = "/proc");
 
     [[nodiscard]] ProcessFacts read(std::int64_t pid) const;

@@ -10,7 +10,8 @@ namespace quillary {
 struct UnitApplication {
     /// Desktop id without ".desktop"; for snaps "<snap>_<application>".
     std::string id;
-    /// Whether a sandbox's own launcher named the unit (flatpak, snap), so that it can't be an ancestor's.
+    /// Whether the launcher of a sandbox (flatpak, snap) named the unit, so that it is not inherited from an
+    /// ancestor.
     bool sandboxed = false;
 
     bool operator==(const UnitApplication&) const = default;

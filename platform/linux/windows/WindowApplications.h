@@ -25,16 +25,16 @@ struct WindowApplication {
     bool operator==(const WindowApplication&) const = default;
 };
 
-/// Groups windows by desktop entry and remembers what each was found to be.
+/// Groups windows by desktop entry, and remembers the entry that each window was matched to.
 class WindowApplications {
 public:
     explicit WindowApplications(ProcessReader processes = ProcessReader());
 
-    /// Brings the list up to the windows there are now. An application counts while it has a normal window;
-    /// it stands where its first normal window does. A dialog belongs to its parent's application. Reads of a
-    /// process only the first time its window is seen, and when the window changes what it says of itself.
+    /// Updates the list to the windows that exist now. An application runs while it has a normal window;
+    /// applications are in the order of their first normal windows. A dialog belongs to its parent's
+    /// application. A process is read only when its window is seen for the first time or changed a property.
     void update(const std::vector<WindowInfo>& windows, const EntryIndex& entries);
-    /// Forgets what windows were found to be: the entries changed.
+    /// Forgets the entries of all windows, since the installed entries changed.
     void forgetMatches();
 
     [[nodiscard]] const std::vector<WindowApplication>& list() const { return m_applications; }

@@ -14,11 +14,11 @@ struct WindowInfo {
     std::string instance;
     /// The process that owns the window (_NET_WM_PID of EWMH).
     std::int64_t pid = 0;
-    /// What toolkits say of the desktop entry themselves: _GTK_APPLICATION_ID, _KDE_NET_WM_DESKTOP_FILE.
+    /// The desktop entry as toolkits name it: _GTK_APPLICATION_ID, _KDE_NET_WM_DESKTOP_FILE.
     std::string applicationId;
-    /// Id of the confinement that the window names itself: flatpak's or snap's.
+    /// The flatpak id or snap name that the window itself gives.
     std::string sandboxId;
-    /// The window that this one is a dialog of (WM_TRANSIENT_FOR); 0 for a window of its own.
+    /// The window that this one is a dialog of (WM_TRANSIENT_FOR); 0 for a window that is no dialog.
     std::uint64_t transientFor = 0;
     /// Whether it is a window for docks and task bars: not a dock, desktop, menu or tooltip, nor marked to be
     /// skipped.

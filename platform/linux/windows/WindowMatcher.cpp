@@ -38,18 +38,18 @@ struct Evidence {
     const ProcessFacts& process;
 };
 
-std::string telling(const std::string& word) {
+std::string distinctive(const std::string& word) {
     const auto folded = lowered(word);
     const bool shared = std::ranges::find(sharedClasses, folded) != sharedClasses.end();
     return shared || isInterpreter(folded) ? std::string() : word;
 }
 
 std::string windowClass(const Evidence& evidence) {
-    return telling(evidence.window.windowClass);
+    return distinctive(evidence.window.windowClass);
 }
 
 std::string instance(const Evidence& evidence) {
-    return telling(evidence.window.instance);
+    return distinctive(evidence.window.instance);
 }
 
 // Ids have no spaces: "Google Chrome" means "google-chrome".
@@ -83,7 +83,8 @@ std::string classTail(const Evidence& evidence) {
     return tailOf(windowClass(evidence));
 }
 
-// Chromium gives a web application's window the class of the browser and an instance of its own.
+// Chromium gives a web application's window the class of the browser and an instance that names the
+// application.
 std::string webApp(const Evidence& evidence) {
     constexpr std::string_view mark = "crx_";
     for (const auto* word : {&evidence.window.instance, &evidence.window.windowClass}) {
@@ -123,8 +124,8 @@ std::string unit(const Evidence& evidence) {
     return unitApplication(evidence.process.controlGroup).id;
 }
 
-// Programs inherit the variable from whatever started them; only its companion tells that it is about this
-// one.
+// Programs inherit the variable from the process that started them; only its companion with the pid shows
+// that it was set for this one.
 std::string launchedEntry(const Evidence& evidence) {
     const auto& process = evidence.process;
     const bool own = process.pid > 0 && process.launchedEntryPid == process.pid;
@@ -160,7 +161,7 @@ struct Rule {
     Key key;
 };
 
-// From the most to the least telling.
+// From the strongest to the weakest evidence.
 constexpr std::array rules = {
     Rule{webApp, Key::startupWmClass},
     Rule{webAppExtension, Key::webApp},

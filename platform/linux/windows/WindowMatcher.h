@@ -9,7 +9,7 @@ namespace quillary {
 /// Finds the desktop entry that a window belongs to. Pure: the same window, process and index give the same
 /// entry.
 ///
-/// The most telling evidence decides: StartupWMClass (XDG Desktop Entry standard), the desktop ids that the
+/// The strongest evidence decides: StartupWMClass (XDG Desktop Entry standard), the desktop ids that the
 /// window names, their reverse-DNS tails, the sandbox, the systemd unit, the entry that GIO says it launched,
 /// and last the name of the program. Names that many programs share ("java", "python3", "electron") are no
 /// evidence.
@@ -18,8 +18,8 @@ public:
     /// The index must outlive the matcher.
     explicit WindowMatcher(const EntryIndex& entries);
 
-    /// The entry, in the index; null when nothing tells. `process` is that of the window's pid, without facts
-    /// when it isn't known. Does not look at `transientFor`.
+    /// The entry in the index; null when no evidence leads to one. `process` describes the process of the
+    /// window's pid and is empty when that is not known. `transientFor` is not evidence.
     [[nodiscard]] const DesktopEntry* match(const WindowInfo& window, const ProcessFacts& process) const;
 
 private:

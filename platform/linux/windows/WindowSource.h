@@ -15,25 +15,25 @@ class WindowSource : public QObject {
     Q_OBJECT
 
 public:
-    /// The windows there are, in the order in which they were first shown; this program's own are left out.
+    /// The windows that exist, in the order in which they were first shown, without this program's own.
     [[nodiscard]] virtual std::vector<WindowInfo> windows() const = 0;
-    /// The window that has the focus; absent when none has or it is this program's own. A moment without
-    /// focus between two windows is not told.
+    /// The window that has the focus; absent when none has or it is this program's own. While the focus
+    /// passes from one window to another, this is still the former.
     [[nodiscard]] virtual std::optional<std::uint64_t> activeWindow() const = 0;
     /// The windows from the bottom to the top of the stack.
     [[nodiscard]] virtual std::vector<std::uint64_t> stackingOrder() const = 0;
-    /// What the window with the focus covers when it is full-screen, this program's own included; global
-    /// points. As with activeWindow, a moment without focus is not told.
+    /// The frame of the window with the focus when it is full-screen, this program's own included; global
+    /// points. As with activeWindow, the former window counts while the focus passes to another.
     [[nodiscard]] virtual std::optional<QRectF> fullScreenFrame() const = 0;
 
-    /// Brings the window to the front with focus, out of minimisation and from another desktop. Nothing
-    /// happens when it has gone.
+    /// Brings the window to the front with the focus, out of minimisation and from another desktop. No effect
+    /// when it no longer exists.
     virtual void activate(std::uint64_t id) = 0;
-    /// Asks the window to close, as its close button would. Nothing happens when it has gone.
+    /// Asks the window to close, as its close button would. No effect when it no longer exists.
     virtual void close(std::uint64_t id) = 0;
 
 Q_SIGNALS:
-    /// A window came, went or changed what it says of itself.
+    /// A window appeared, disappeared or changed a property.
     void windowsChanged();
     void activeWindowChanged();
     void fullScreenChanged();
