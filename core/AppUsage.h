@@ -12,7 +12,7 @@ struct AppUsage {
     std::string id;
     /// The path's last component without its extension.
     std::string name;
-    /// The processes that were summed, in the order they were met in.
+    /// The processes that were summed, in the order of their samples.
     std::vector<std::int32_t> pids;
     /// Summed physical footprint, bytes.
     std::uint64_t bytes = 0;

@@ -9,8 +9,8 @@
 
 namespace quillary {
 
-/// What the user chose for the dock of one screen. There is one for every screen that has ever had a dock,
-/// whether it is connected or not.
+/// The user's choices for the dock of one screen. Every screen that has ever had a dock has a configuration,
+/// connected or not.
 struct DockConfig {
     /// A dock with every option at its default.
     DockConfig(std::string screenKey, std::string screenName, std::vector<std::string> items);

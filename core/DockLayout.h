@@ -3,9 +3,9 @@
 #include <span>
 #include <vector>
 
-/// The arithmetic of one row of cells, and every fixed measure of a dock. Lengths are points in double
-/// precision. Along means the axis that runs along the dock's screen edge, depth the axis that runs away from
-/// the edge into the screen.
+/// The arithmetic of one row of cells, and the fixed measures that it works with. Lengths are points in
+/// double precision. Along means the axis that runs along the dock's screen edge, depth the axis that runs
+/// away from the edge into the screen.
 namespace quillary::DockLayout {
 
 /// Gap between two neighbouring cells, along.

@@ -18,7 +18,7 @@ constexpr std::array<RawCase<RamBadge>, 3> rawCases(RamBadge /*table*/) {
 namespace RamBadges {
 
 /// The verdict on an application that uses `bytes` on a machine with `totalRAM` bytes installed. `isTop`
-/// tells whether no application uses more; only such a one can be a hog. Unknown installed memory (0) gives
+/// is whether no application uses more; only then can it be a hog. Unknown installed memory (0) gives
 /// no badge.
 [[nodiscard]] RamBadge level(std::uint64_t bytes, std::uint64_t totalRAM, MemoryPressure pressure,
                              bool isTop);

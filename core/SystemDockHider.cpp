@@ -8,7 +8,7 @@ Plan plan(bool hide, const DockPrefs& current, const std::optional<DockPrefs>& s
         return isHidden ? Plan{.write = std::nullopt, .saved = saved}
                         : Plan{.write = DockPrefs::hidden, .saved = current};
     }
-    // Nothing remembered: the keys are removed, which is the system's own default.
+    // With nothing remembered the keys are removed, which leaves the system's default.
     return {.write = isHidden ? std::optional(saved.value_or(DockPrefs{})) : std::nullopt,
             .saved = std::nullopt};
 }
