@@ -3,7 +3,7 @@
 #include "platform/linux/bus/SessionBus.h"
 #include "platform/linux/glib/GlibText.h"
 
-#include <algorithm>
+#include <chrono>
 
 namespace quillary {
 
@@ -25,32 +25,25 @@ Result<BusOperation::Answer> ofError(GError* error) {
 
 } // namespace
 
-BusOperation::BusOperation(const Service& called)
-    : service(called), end(std::chrono::steady_clock::now() + longestOperation) {}
-
-std::chrono::milliseconds BusOperation::timeLeft() const {
-    const auto left =
-        std::chrono::duration_cast<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
-    return std::max(left, std::chrono::milliseconds{0});
-}
+BusOperation::BusOperation(const Service& service) : m_service(service), m_limit(longestOperation) {}
 
 Result<BusOperation::Answer> BusOperation::call(const char* method, GVariant* arguments,
                                                 const char* answerType) {
     const Released<GVariant, g_variant_unref> sent(g_variant_ref_sink(arguments));
-    const auto connection = SessionBus::connect(timeLeft());
+    const auto connection = SessionBus::connect(m_limit);
     if (!connection) {
         return Failure(connection.error());
     }
     if (*connection == nullptr) {
         return nullptr;
     }
-    const auto milliseconds = static_cast<int>(timeLeft().count());
+    const auto milliseconds = static_cast<int>(m_limit.left().count());
     if (milliseconds == 0) {
         return Failure("no answer");
     }
     GError* error = nullptr;
     Released<GVariant, g_variant_unref> value(g_dbus_connection_call_sync(
-        *connection, service.name, service.path, service.interfaceName, method, sent.get(),
+        *connection, m_service.name, m_service.path, m_service.interfaceName, method, sent.get(),
         G_VARIANT_TYPE(answerType), G_DBUS_CALL_FLAGS_NO_AUTO_START, milliseconds, nullptr, &error));
     if (!value) {
         const Released<GError, g_error_free> owner(error);

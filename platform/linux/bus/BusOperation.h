@@ -1,11 +1,10 @@
 #pragma once
 
 #include "core/Result.h"
+#include "platform/linux/bus/TimeLimit.h"
 #include "platform/linux/glib/Released.h"
 
 #include <gio/gio.h>
-
-#include <chrono>
 
 namespace quillary {
 
@@ -18,7 +17,7 @@ public:
         const char* path;
         const char* interfaceName;
     };
-    explicit BusOperation(const Service& called);
+    explicit BusOperation(const Service& service);
 
     /// Null when no service has that name on the bus, or there is no bus.
     using Answer = Released<GVariant, g_variant_unref>;
@@ -27,10 +26,8 @@ public:
     [[nodiscard]] Result<Answer> call(const char* method, GVariant* arguments, const char* answerType);
 
 private:
-    [[nodiscard]] std::chrono::milliseconds timeLeft() const;
-
-    Service service;
-    std::chrono::steady_clock::time_point end;
+    Service m_service;
+    TimeLimit m_limit;
 };
 
 } // namespace quillary

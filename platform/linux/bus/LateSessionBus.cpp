@@ -1,5 +1,7 @@
 #include "platform/linux/bus/LateSessionBus.h"
 
+#include <QPromise>
+
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
@@ -21,7 +23,7 @@ QString nextConnectionName() {
     return u"quillary-%1"_s.arg(++count);
 }
 
-// The threads that are connecting. Never destroyed: they may outlive everything else.
+// Counts the threads that are connecting. Never destroyed: they may outlive everything else.
 class Connecting {
 public:
     static Connecting& shared() {
@@ -29,92 +31,86 @@ public:
         return *only;
     }
     void begin() {
-        const std::lock_guard guard(lock);
-        ++threads;
+        const std::lock_guard guard(m_lock);
+        ++m_threads;
     }
     void end() {
-        const std::lock_guard guard(lock);
-        --threads;
-        ended.notify_all();
+        const std::lock_guard guard(m_lock);
+        --m_threads;
+        m_ended.notify_all();
     }
 
 private:
     Connecting() {
-        // The toolkit's own objects for the bus are made now: what is registered later runs earlier at the
-        // exit.
+        // Creates the toolkit's own objects for the bus now: exit handlers run in reverse order, so the one
+        // below comes before their destruction.
         QDBusConnection::disconnectFromBus({});
         on_exit([](int status, void* /*unused*/) { shared().leave(status); }, nullptr);
     }
-    // The toolkit's objects go at the exit, under the feet of a thread that is still connecting.
+    // A thread that is still connecting uses the toolkit's objects, which the exit destroys: when it does not
+    // finish soon, the program ends without destroying anything.
     void leave(int status) {
         constexpr std::chrono::milliseconds patience(300);
-        std::unique_lock guard(lock);
-        if (!ended.wait_for(guard, patience, [this] { return threads == 0; })) {
+        std::unique_lock guard(m_lock);
+        if (!m_ended.wait_for(guard, patience, [this] { return m_threads == 0; })) {
             std::fflush(nullptr);
             _exit(status);
         }
     }
 
-    std::mutex lock;
-    std::condition_variable ended;
-    int threads = 0;
+    std::mutex m_lock;
+    std::condition_variable m_ended;
+    int m_threads = 0;
 };
 
 } // namespace
 
-// Where the thread that connects leaves its result; without a reader once nobody waits for it any more.
-struct LateSessionBus::Mailbox {
-    std::mutex lock;
-    LateSessionBus* reader = nullptr;
-    bool connected = false;
-};
-
-LateSessionBus::LateSessionBus() : mailbox(std::make_shared<Mailbox>()), name(nextConnectionName()) {
-    mailbox->reader = this;
-    connectLater();
+LateSessionBus::LateSessionBus() : m_name(nextConnectionName()) {
+    connect(&m_connecting, &QFutureWatcherBase::finished, this, &LateSessionBus::follow);
+    startConnecting();
 }
 
 LateSessionBus::~LateSessionBus() {
-    const std::lock_guard guard(mailbox->lock);
-    mailbox->reader = nullptr;
-    made.reset();
-    // While the thread is still at it, this would wait for it; then the thread does it.
-    if (mailbox->connected) {
-        QDBusConnection::disconnectFromBus(name);
+    m_connection.reset();
+    auto connecting = m_connecting.future();
+    connecting.cancel();
+    // While the thread is still connecting, closing would wait for it; the thread then closes the connection.
+    if (connecting.isFinished()) {
+        QDBusConnection::disconnectFromBus(m_name);
     }
 }
 
-// Connecting can't be interrupted once a peer has taken the connection and says nothing: the thread may wait
-// for as long as the program runs.
-void LateSessionBus::connectLater() {
+// The toolkit cannot be interrupted while a bus that has accepted the connection is silent: the thread may
+// wait as long as the program runs.
+void LateSessionBus::startConnecting() {
     Connecting::shared().begin();
-    std::thread([box = mailbox, name = name] {
-        const auto connection = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
-        const std::lock_guard guard(box->lock);
-        box->connected = true;
-        if (auto* reader = box->reader) {
-            QMetaObject::invokeMethod(
-                reader, [reader, connection] { reader->follow(connection); }, Qt::QueuedConnection);
-        } else {
+    QPromise<QDBusConnection> promise;
+    promise.start();
+    m_connecting.setFuture(promise.future());
+    std::thread([promise = std::move(promise), name = m_name]() mutable {
+        promise.addResult(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name));
+        promise.finish();
+        if (promise.isCanceled()) {
             QDBusConnection::disconnectFromBus(name);
         }
         Connecting::shared().end();
     }).detach();
 }
 
-void LateSessionBus::follow(const QDBusConnection& connection) {
+void LateSessionBus::follow() {
+    const auto connection = m_connecting.result();
     if (!connection.isConnected()) {
         Q_EMIT absent();
         return;
     }
-    made = connection;
-    made->connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s, u"Disconnected"_s,
-                  this, SLOT(disconnected()));
+    m_connection = connection;
+    m_connection->connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
+                          u"Disconnected"_s, this, SLOT(disconnected()));
     Q_EMIT connected();
 }
 
 void LateSessionBus::disconnected() {
-    made.reset();
+    m_connection.reset();
     Q_EMIT absent();
 }
 

@@ -1,43 +1,42 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QFutureWatcher>
 #include <QObject>
 
-#include <memory>
 #include <optional>
 
 namespace quillary {
 
-/// A connection to the session bus of its own, made on another thread: a bus that takes connections and says
-/// nothing holds up nobody. It ends with this.
+/// A private connection to the session bus, made on another thread: a bus that accepts connections and then
+/// stays silent does not block the caller. Closed on destruction.
 class LateSessionBus final : public QObject {
     Q_OBJECT
 
 public:
+    /// Starts connecting. For a thread with an event loop.
     LateSessionBus();
     ~LateSessionBus() override;
 
-    /// Absent while the bus has not answered, when there is none, and once it has gone.
-    [[nodiscard]] const std::optional<QDBusConnection>& connection() const { return made; }
+    /// Absent until the bus has answered, when there is none, and after the connection was lost.
+    [[nodiscard]] const std::optional<QDBusConnection>& connection() const { return m_connection; }
 
 Q_SIGNALS:
-    /// The bus is there.
+    /// The connection is ready.
     void connected();
-    /// There is no bus, or no longer.
+    /// There is no bus, or the connection was lost.
     void absent();
 
 private Q_SLOTS:
     void disconnected();
 
 private:
-    struct Mailbox;
+    void startConnecting();
+    void follow();
 
-    void connectLater();
-    void follow(const QDBusConnection& connection);
-
-    std::shared_ptr<Mailbox> mailbox;
-    QString name;
-    std::optional<QDBusConnection> made;
+    QString m_name;
+    QFutureWatcher<QDBusConnection> m_connecting;
+    std::optional<QDBusConnection> m_connection;
 };
 
 } // namespace quillary

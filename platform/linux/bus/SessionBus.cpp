@@ -1,13 +1,12 @@
 #include "platform/linux/bus/SessionBus.h"
 
+#include "platform/linux/bus/BoundedCall.h"
 #include "platform/linux/glib/Released.h"
 
 #include <gio/gio.h>
 
-#include <condition_variable>
 #include <memory>
 #include <mutex>
-#include <thread>
 
 namespace quillary::SessionBus {
 
@@ -16,33 +15,22 @@ namespace {
 // Starting a file manager takes seconds on a cold disk; D-Bus itself gives up after 25.
 constexpr int showTimeoutMilliseconds = 25000;
 
-struct Attempt {
-    std::mutex lock;
-    std::condition_variable finished;
-    bool isFinished = false;
-    GDBusConnection* bus = nullptr;
-};
+// The one attempt of the whole run: GIO shares the connection, so its users share the wait for it too.
+using Attempt = BoundedCall<GDBusConnection*>;
 
-// GIO's own connecting can't be interrupted once a peer has taken the connection and says nothing, so it runs
-// in a thread that may wait for ever; there is one for the whole run.
-std::shared_ptr<Attempt> startAttempt() {
-    auto attempt = std::make_shared<Attempt>();
-    std::thread([attempt] {
+std::shared_ptr<const Attempt> startAttempt() {
+    return std::make_shared<const Attempt>([](GCancellable* /*cancellable*/) {
         auto* bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
         if (bus != nullptr) {
             g_dbus_connection_set_exit_on_close(bus, FALSE);
         }
-        const std::lock_guard guard(attempt->lock);
-        attempt->bus = bus;
-        attempt->isFinished = true;
-        attempt->finished.notify_all();
-    }).detach();
-    return attempt;
+        return bus;
+    });
 }
 
 struct Current {
     std::mutex lock;
-    std::shared_ptr<Attempt> attempt;
+    std::shared_ptr<const Attempt> attempt;
 };
 
 Current& current() {
@@ -51,30 +39,29 @@ Current& current() {
     return instance;
 }
 
-std::shared_ptr<Attempt> currentAttempt() {
+// Whether the attempt is over and has left no connection that could be used.
+bool isSpent(const Attempt& attempt) {
+    auto* const* bus = attempt.resultWithin(TimeLimit(std::chrono::milliseconds(0)));
+    return bus != nullptr && (*bus == nullptr || g_dbus_connection_is_closed(*bus) != 0);
+}
+
+std::shared_ptr<const Attempt> currentAttempt() {
     auto& [lock, attempt] = current();
     const std::lock_guard guard(lock);
-    if (attempt) {
-        const std::lock_guard attemptGuard(attempt->lock);
-        const bool failed = attempt->isFinished && attempt->bus == nullptr;
-        const bool lost = attempt->bus != nullptr && g_dbus_connection_is_closed(attempt->bus) != 0;
-        if (!failed && !lost) {
-            return attempt;
-        }
+    if (!attempt || isSpent(*attempt)) {
+        attempt = startAttempt();
     }
-    attempt = startAttempt();
     return attempt;
 }
 
 } // namespace
 
-Result<GDBusConnection*> connect(std::chrono::milliseconds longest) {
+Result<GDBusConnection*> connect(const TimeLimit& limit) {
     const auto attempt = currentAttempt();
-    std::unique_lock guard(attempt->lock);
-    if (!attempt->finished.wait_for(guard, longest, [&attempt] { return attempt->isFinished; })) {
-        return Failure("the session bus does not answer");
+    if (auto* const* bus = attempt->resultWithin(limit)) {
+        return *bus;
     }
-    return attempt->bus;
+    return Failure("the session bus does not answer");
 }
 
 bool showItems(GDBusConnection* bus, const std::vector<std::string>& uris, const std::string& startupId) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/Result.h"
+#include "platform/linux/bus/TimeLimit.h"
 
-#include <chrono>
 #include <string>
 #include <vector>
 
@@ -13,9 +13,8 @@ namespace quillary::SessionBus {
 
 /// The connection to the session bus that the whole process shares; it lives as long as the program. Null
 /// when there is no session bus, or it refuses us; an error when the bus takes the connection but does not
-/// answer within the given time. Waits for that time at most. The end of the connection does not end the
-/// program.
-[[nodiscard]] Result<GDBusConnection*> connect(std::chrono::milliseconds longest);
+/// answer within the limit. The end of the connection does not end the program.
+[[nodiscard]] Result<GDBusConnection*> connect(const TimeLimit& limit);
 
 /// Asks the file manager to show the files of the URIs, selected (org.freedesktop.FileManager1, File Manager
 /// DBus Interface). Waits for the answer; false when there is none or it is an error. Not for the main

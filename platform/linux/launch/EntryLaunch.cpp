@@ -1,6 +1,7 @@
 #include "platform/linux/launch/EntryLaunch.h"
 
 #include "core/Paths.h"
+#include "platform/linux/bus/BoundedCall.h"
 #include "platform/linux/bus/SessionBus.h"
 #include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/glib/GlibText.h"
@@ -11,6 +12,7 @@
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 
@@ -22,7 +24,7 @@ namespace {
 
 constexpr std::chrono::milliseconds busPatience{3000};
 // An application that starts by D-Bus answers only when it is up.
-constexpr guint activationPatienceSeconds = 30;
+constexpr std::chrono::seconds activationPatience{30};
 
 using Entry = Released<GDesktopAppInfo, g_object_unref>;
 using Info = Released<GAppInfo, g_object_unref>;
@@ -75,10 +77,12 @@ std::string entryStem(GDesktopAppInfo* entry) {
     return path != nullptr ? std::filesystem::path(path).stem().string() : std::string("unknown");
 }
 
-Result<> spawn(GDesktopAppInfo* entry, const UriList& uris, LaunchContext& context, GDBusConnection* bus) {
+Result<> spawn(GDesktopAppInfo* entry, const std::vector<std::string>& files, LaunchContext& context,
+               GDBusConnection* bus) {
     // Without G_SPAWN_DO_NOT_REAP_CHILD GLib forks twice and the program becomes nobody's child to wait for.
     constexpr auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
                                                     G_SPAWN_STDERR_TO_DEV_NULL);
+    const UriList uris(files);
     GError* problem = nullptr;
     Started started;
     const bool done =
@@ -95,47 +99,46 @@ Result<> spawn(GDesktopAppInfo* entry, const UriList& uris, LaunchContext& conte
     return {};
 }
 
-struct Activation {
-    GMainContext* loop = nullptr;
-    bool finished = false;
-    bool timedOut = false;
-    GError* error = nullptr;
-};
-
 void activationFinished(GObject* source, GAsyncResult* result, gpointer data) {
-    auto& activation = *static_cast<Activation*>(data);
-    g_app_info_launch_uris_finish(reinterpret_cast<GAppInfo*>(source), result, &activation.error);
-    activation.finished = true;
+    GError* problem = nullptr;
+    g_app_info_launch_uris_finish(reinterpret_cast<GAppInfo*>(source), result, &problem);
+    const Error error(problem);
+    *static_cast<std::optional<Result<>>*>(data) = error ? failureOf(error.get()) : Result<>();
 }
 
-gboolean activationTookTooLong(gpointer data) {
-    g_cancellable_cancel(static_cast<GCancellable*>(data));
-    return G_SOURCE_REMOVE;
-}
-
-// The synchronous call of GIO doesn't tell whether a D-Bus activation came through; the asynchronous one
-// does.
-Result<> activate(GDesktopAppInfo* entry, const UriList& uris, GAppLaunchContext* context) {
+// GIO's synchronous call doesn't say whether a D-Bus activation succeeded; the asynchronous one does.
+Result<> activateAndWait(GDesktopAppInfo* entry, const UriList& uris, GAppLaunchContext* context,
+                         GCancellable* cancellable) {
     const Released<GMainContext, g_main_context_unref> loop(g_main_context_new());
-    const Released<GCancellable, g_object_unref> cancellable(g_cancellable_new());
-    const Released<GSource, g_source_unref> limit(g_timeout_source_new_seconds(activationPatienceSeconds));
-    g_source_set_callback(limit.get(), activationTookTooLong, cancellable.get(), nullptr);
-    g_source_attach(limit.get(), loop.get());
     g_main_context_push_thread_default(loop.get());
-    Activation activation{.loop = loop.get()};
-    g_app_info_launch_uris_async(reinterpret_cast<GAppInfo*>(entry), uris.get(), context, cancellable.get(),
-                                 activationFinished, &activation);
-    while (!activation.finished) {
+    std::optional<Result<>> outcome;
+    g_app_info_launch_uris_async(reinterpret_cast<GAppInfo*>(entry), uris.get(), context, cancellable,
+                                 activationFinished, &outcome);
+    while (!outcome) {
         g_main_context_iteration(loop.get(), TRUE);
     }
     g_main_context_pop_thread_default(loop.get());
-    g_source_destroy(limit.get());
-    const Error error(activation.error);
-    return error ? failureOf(error.get()) : Result<>();
+    return *outcome;
 }
 
-Result<> start(GDesktopAppInfo* entry, const UriList& uris, const StartupOrigin& origin) {
-    const auto connection = SessionBus::connect(busPatience);
+template<typename Object>
+Released<Object, g_object_unref> shared(Object* object) {
+    return Released<Object, g_object_unref>(object != nullptr ? static_cast<Object*>(g_object_ref(object))
+                                                              : nullptr);
+}
+
+// The context may be null.
+Result<> activate(GDesktopAppInfo* entry, const std::vector<std::string>& files, GAppLaunchContext* context) {
+    const BoundedCall<Result<>> call(
+        [held = shared(entry), files, heldContext = shared(context)](GCancellable* cancellable) {
+            return activateAndWait(held.get(), UriList(files), heldContext.get(), cancellable);
+        });
+    const auto* outcome = call.resultWithin(TimeLimit(activationPatience));
+    return outcome != nullptr ? *outcome : Failure("it does not answer");
+}
+
+Result<> start(GDesktopAppInfo* entry, const std::vector<std::string>& files, const StartupOrigin& origin) {
+    const auto connection = SessionBus::connect(TimeLimit(busPatience));
     if (!connection) {
         // GIO would wait for ever for the same bus.
         return Failure(connection.error());
@@ -145,10 +148,10 @@ Result<> start(GDesktopAppInfo* entry, const UriList& uris, const StartupOrigin&
     if (byBus && g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) == 0) {
         // GIO would ask the context for no id, and complain on standard error when it has none to tell the
         // context of a failure.
-        return activate(entry, uris, nullptr);
+        return activate(entry, files, nullptr);
     }
     LaunchContext context(entry, origin);
-    return byBus ? activate(entry, uris, context.get()) : spawn(entry, uris, context, *connection);
+    return byBus ? activate(entry, files, context.get()) : spawn(entry, files, context, *connection);
 }
 
 // GIO says of an entry only that it won't have it, and would wait for ever for the writer of a pipe.
@@ -183,7 +186,7 @@ Result<> startEntry(const std::string& path, const std::vector<std::string>& fil
         return checked;
     }
     const Entry entry(g_desktop_app_info_new_from_filename(path.c_str()));
-    return entry ? start(entry.get(), UriList(files), origin) : Failure("its program is not installed");
+    return entry ? start(entry.get(), files, origin) : Failure("its program is not installed");
 }
 
 Result<> startHandler(const std::string& path, const StartupOrigin& origin) {
@@ -192,7 +195,7 @@ Result<> startHandler(const std::string& path, const StartupOrigin& origin) {
     if (!std::filesystem::exists(path, status)) {
         return Failure("it does not exist");
     }
-    if (const auto connection = SessionBus::connect(busPatience); !connection) {
+    if (const auto connection = SessionBus::connect(TimeLimit(busPatience)); !connection) {
         return Failure(connection.error());
     }
     const Released<GFile, g_object_unref> file(g_file_new_for_path(path.c_str()));
@@ -204,7 +207,7 @@ Result<> startHandler(const std::string& path, const StartupOrigin& origin) {
         return error ? failureOf(error.get()) : Failure("no application is there for it");
     }
     auto* entry = reinterpret_cast<GDesktopAppInfo*>(info.get());
-    return start(entry, UriList({path}), origin).map_error([entry](const std::string& reason) {
+    return start(entry, {path}, origin).map_error([entry](const std::string& reason) {
         return entryStem(entry) + ": " + reason;
     });
 }
@@ -214,7 +217,7 @@ Result<> show(const std::string& path, const StartupOrigin& origin) {
     if (std::filesystem::symlink_status(path, status).type() == std::filesystem::file_type::not_found) {
         return Failure("it does not exist");
     }
-    const auto connection = SessionBus::connect(busPatience);
+    const auto connection = SessionBus::connect(TimeLimit(busPatience));
     if (!connection) {
         return Failure(connection.error());
     }

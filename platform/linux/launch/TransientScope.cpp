@@ -1,44 +1,20 @@
 #include "platform/linux/launch/TransientScope.h"
 
+#include "platform/linux/bus/BoundedCall.h"
 #include "platform/linux/glib/Released.h"
 #include "platform/linux/windows/UnitName.h"
 
 #include <gio/gio.h>
 
 #include <chrono>
-#include <condition_variable>
 #include <filesystem>
-#include <mutex>
-#include <stop_token>
-#include <thread>
 
 namespace quillary {
 
 namespace {
 
-constexpr int timeoutMilliseconds = 2000;
-
-using Cancellable = Released<GCancellable, g_object_unref>;
-
-// Cancels after the time limit, unless it is destroyed first.
-class TimeLimit {
-public:
-    [[nodiscard]] GCancellable* cancellable() const { return m_cancellable.get(); }
-
-private:
-    void wait(const std::stop_token& stop) const {
-        std::mutex lock;
-        std::condition_variable_any never;
-        std::unique_lock guard(lock);
-        never.wait_for(guard, stop, std::chrono::milliseconds(timeoutMilliseconds), [] { return false; });
-        if (!stop.stop_requested()) {
-            g_cancellable_cancel(m_cancellable.get());
-        }
-    }
-
-    Cancellable m_cancellable{g_cancellable_new()};
-    std::jthread m_thread{[this](const std::stop_token& stop) { wait(stop); }};
-};
+// For each of the two steps: connecting and the call.
+constexpr std::chrono::milliseconds patience{2000};
 
 using Bus = Released<GDBusConnection, g_object_unref>;
 
@@ -63,32 +39,33 @@ bool startScope(GDBusConnection* bus, const std::string& name, const std::string
                                     g_variant_builder_end(&others));
     const Released<GVariant, g_variant_unref> answer(g_dbus_connection_call_sync(
         bus, "org.freedesktop.systemd1", "/org/freedesktop/systemd1", "org.freedesktop.systemd1.Manager",
-        "StartTransientUnit", arguments, nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, timeoutMilliseconds,
-        nullptr, nullptr));
+        "StartTransientUnit", arguments, nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START,
+        static_cast<int>(patience.count()), nullptr, nullptr));
     return answer != nullptr;
 }
 
-// Sessions whose bus isn't the user manager's (an X session under dbus-run-session) still may have that
-// manager.
-Bus userManagerBus() {
+// The address of the user manager's own bus; empty when there is none, or when it is the session's. Sessions
+// whose bus isn't the user manager's (an X session under dbus-run-session) may still have that manager.
+std::string userManagerAddress() {
     const char* runtime = g_getenv("XDG_RUNTIME_DIR");
     const auto path = std::filesystem::path(runtime != nullptr ? runtime : "") / "bus";
     std::error_code error;
     if (!path.is_absolute() || !std::filesystem::is_socket(path, error)) {
-        return nullptr;
+        return {};
     }
     const Released<char, g_free> escaped(g_dbus_address_escape_value(path.c_str()));
-    const auto address = std::string("unix:path=") + escaped.get();
+    auto address = std::string("unix:path=") + escaped.get();
     const char* session = g_getenv("DBUS_SESSION_BUS_ADDRESS");
-    if (session != nullptr && std::string(session).starts_with(address)) {
-        return nullptr;
-    }
-    constexpr auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                             G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    // GIO waits without end for the first word of a bus that takes the connection and says nothing.
-    const TimeLimit limit;
-    return Bus(g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, limit.cancellable(),
-                                                      nullptr));
+    return session != nullptr && std::string(session).starts_with(address) ? std::string() : address;
+}
+
+BoundedCall<Bus> connectTo(const std::string& address) {
+    return BoundedCall<Bus>([address](GCancellable* cancellable) {
+        constexpr auto flags = static_cast<GDBusConnectionFlags>(
+            G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+        return Bus(
+            g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, cancellable, nullptr));
+    });
 }
 
 } // namespace
@@ -98,8 +75,13 @@ void putInScopeOfItsOwn(GDBusConnection* bus, const std::string& entryStem, std:
     if (name.empty() || pid <= 0 || (bus != nullptr && startScope(bus, name, entryStem, pid))) {
         return;
     }
-    if (const auto other = userManagerBus()) {
-        startScope(other.get(), name, entryStem, pid);
+    const auto address = userManagerAddress();
+    if (address.empty()) {
+        return;
+    }
+    const auto connecting = connectTo(address);
+    if (const auto* other = connecting.resultWithin(TimeLimit(patience)); other != nullptr && *other) {
+        startScope(other->get(), name, entryStem, pid);
     }
 }
 

@@ -1,14 +1,13 @@
 #include "platform/linux/systemdock/GnomeDock.h"
 
 #include "platform/SystemLog.h"
+#include "platform/linux/bus/BoundedCall.h"
 #include "platform/linux/glib/GlibText.h"
 
 #include <array>
 #include <chrono>
 #include <cmath>
-#include <future>
 #include <string>
-#include <thread>
 #include <utility>
 
 namespace quillary {
@@ -177,14 +176,8 @@ void GnomeDock::set(const char* key, GVariant* value) {
 }
 
 void GnomeDock::synchronise() {
-    // It waits for the service behind the settings without a limit of its own.
-    auto done = std::make_shared<std::promise<void>>();
-    auto end = done->get_future();
-    std::thread([done = std::move(done)] {
-        g_settings_sync();
-        done->set_value();
-    }).detach();
-    if (end.wait_for(longestSynchronisation) != std::future_status::ready) {
+    const BoundedCall<void> call([](GCancellable* /*cancellable*/) { g_settings_sync(); });
+    if (!call.returnsWithin(TimeLimit(longestSynchronisation))) {
         log.write("Quillary: could not be sure of GNOME's dock: the settings service does not answer");
     }
 }

@@ -3,47 +3,21 @@
 #include "tests/fake/ManualScheduler.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
+#include "tests/linux/bus/SilentBus.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <future>
 #include <memory>
-#include <stdexcept>
 #include <thread>
 
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace quillary::test {
 
 namespace {
-
-// A bus that takes connections into its queue and never says a word.
-class SilentBus {
-public:
-    explicit SilentBus(const std::filesystem::path& path)
-        : m_socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        const auto text = path.string();
-        std::copy_n(text.begin(), std::min(text.size(), sizeof address.sun_path - 1),
-                    std::begin(address.sun_path));
-        if (::bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-            ::listen(m_socket, 8) != 0) {
-            throw std::runtime_error("no socket");
-        }
-    }
-    SilentBus(const SilentBus&) = delete;
-    SilentBus& operator=(const SilentBus&) = delete;
-    ~SilentBus() { ::close(m_socket); }
-
-private:
-    int m_socket;
-};
 
 double seconds(const std::function<void()>& work) {
     const auto begin = std::chrono::steady_clock::now();
@@ -53,7 +27,7 @@ double seconds(const std::function<void()>& work) {
 
 TEST(SilentBus, callsReturnAtOnceAndTheWorkerGivesUp) {
     const SilentBus bus(World::root() / "bus");
-    ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (World::root() / "bus").string()).c_str(), 1);
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
     ManualScheduler scheduler;
     LinesLog log;
     Launcher launcher(scheduler, log);

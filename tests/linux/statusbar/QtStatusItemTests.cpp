@@ -1,4 +1,5 @@
 #include "platform/qt/QtMenu.h"
+#include "tests/linux/bus/SilentBus.h"
 #include "tests/linux/statusbar/StatusItemFixture.h"
 
 #include <QDBusMessage>
@@ -6,10 +7,8 @@
 #include <QElapsedTimer>
 #include <QMenu>
 
-#include <algorithm>
+#include <optional>
 
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace quillary {
@@ -258,14 +257,8 @@ TEST_F(QtStatusItemTest, withoutABusNothingIsShown) {
 
 TEST_F(QtStatusItemTest, aBusThatSaysNothingHoldsNothingUp) {
     startApplication();
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const auto path = "/tmp/quillary-silent-" + std::to_string(getpid());
-    std::copy(path.begin(), path.end(), std::begin(address.sun_path));
-    ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    ASSERT_EQ(::listen(socket, 8), 0);
-    setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + path).c_str(), 1);
+    std::optional<test::SilentBus> silent(std::in_place, "/tmp/quillary-silent-" + std::to_string(getpid()));
+    setenv("DBUS_SESSION_BUS_ADDRESS", silent->address().c_str(), 1);
     QElapsedTimer clock;
     clock.start();
     startItem();
@@ -276,7 +269,7 @@ TEST_F(QtStatusItemTest, aBusThatSaysNothingHoldsNothingUp) {
     EXPECT_FALSE(item->isShown());
     item.reset();
     EXPECT_LT(clock.elapsed(), 1000);
-    ::unlink(path.c_str());
+    silent.reset();
     // Threads of the toolkit still wait for the bus.
     std::_Exit(testing::Test::HasFailure() ? 1 : 0);
 }

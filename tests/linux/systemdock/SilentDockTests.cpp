@@ -1,52 +1,20 @@
+#include "tests/linux/bus/SilentBus.h"
 #include "tests/linux/systemdock/BusDockTest.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <iterator>
-#include <stdexcept>
-
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace quillary::test {
 
 namespace {
 
-// A bus that takes connections into its queue and never says a word.
-class SilentBus {
-public:
-    explicit SilentBus(const std::filesystem::path& path)
-        : descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        const auto text = path.string();
-        std::copy_n(text.begin(), std::min(text.size(), sizeof address.sun_path - 1),
-                    std::begin(address.sun_path));
-        if (::bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-            ::listen(descriptor, 8) != 0) {
-            throw std::runtime_error("no socket");
-        }
-        ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + text).c_str(), 1);
-    }
-    SilentBus(const SilentBus&) = delete;
-    SilentBus& operator=(const SilentBus&) = delete;
-    ~SilentBus() { ::close(descriptor); }
-
-private:
-    int descriptor;
-};
-
 class SilentDockTest : public BusDockTest {
 protected:
-    void TearDown() override { std::filesystem::remove(path); }
+    SilentDockTest() { ::setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1); }
 
     // Beside the world's folders, which every test empties.
-    const std::filesystem::path path = World::root().string() + "-bus";
-    const SilentBus bus{path};
+    const SilentBus bus{World::root().string() + "-bus"};
 };
 
 TEST_F(SilentDockTest, panelsAreGivenUpAfterASecond) {
