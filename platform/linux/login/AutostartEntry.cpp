@@ -4,6 +4,7 @@
 #include "platform/linux/glib/KeyFile.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include <glib.h>
 
@@ -20,31 +21,18 @@ bool namesOneOf(const KeyFile& keys, const char* key, const std::vector<std::str
     return std::ranges::find_first_of(names, wanted) != names.end();
 }
 
-std::string escapedValue(std::string_view value) {
-    std::string result;
-    for (const char letter : value) {
-        switch (letter) {
-        case '\\':
-            result += R"(\\)";
-            break;
-        case '\n':
-            result += R"(\n)";
-            break;
-        case '\r':
-            result += R"(\r)";
-            break;
-        case '\t':
-            result += R"(\t)";
-            break;
-        default:
-            result += letter;
-        }
-    }
-    return result;
+void setText(GKeyFile* entry, const char* key, const std::string& value) {
+    g_key_file_set_string(entry, group, key, value.c_str());
 }
 
-} // namespace
+KeyFile namedEntry(const std::string& name) {
+    KeyFile entry(g_key_file_new());
+    setText(entry.get(), G_KEY_FILE_DESKTOP_KEY_TYPE, G_KEY_FILE_DESKTOP_TYPE_APPLICATION);
+    setText(entry.get(), G_KEY_FILE_DESKTOP_KEY_NAME, name);
+    return entry;
+}
 
+// The key file escapes this once more, as it does every value.
 std::string quotedArgument(std::string_view argument) {
     std::string result = "\"";
     for (const char letter : argument) {
@@ -55,20 +43,28 @@ std::string quotedArgument(std::string_view argument) {
         }
         result += letter;
     }
-    return escapedValue(result + '"');
+    return result + '"';
 }
+
+} // namespace
 
 std::optional<std::string> text(const std::string& name, const std::string& icon,
                                 const std::string& program) {
     if (!isValidUtf8(program) || program.find('=') != std::string::npos) {
         return std::nullopt;
     }
-    return "[Desktop Entry]\nType=Application\nName=" + escapedValue(name) + "\nIcon=" + escapedValue(icon) +
-           "\nExec=" + quotedArgument(program) + "\nTerminal=false\nX-GNOME-Autostart-enabled=true\n";
+    const auto entry = namedEntry(name);
+    setText(entry.get(), G_KEY_FILE_DESKTOP_KEY_ICON, icon);
+    setText(entry.get(), G_KEY_FILE_DESKTOP_KEY_EXEC, quotedArgument(program));
+    g_key_file_set_boolean(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_TERMINAL, FALSE);
+    g_key_file_set_boolean(entry.get(), group, enabledKey, TRUE);
+    return takeText(g_key_file_to_data(entry.get(), nullptr, nullptr));
 }
 
 std::string hiddenText(const std::string& name) {
-    return "[Desktop Entry]\nType=Application\nName=" + escapedValue(name) + "\nHidden=true\n";
+    const auto entry = namedEntry(name);
+    g_key_file_set_boolean(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_HIDDEN, TRUE);
+    return takeText(g_key_file_to_data(entry.get(), nullptr, nullptr));
 }
 
 bool starts(const std::filesystem::path& file, const std::vector<std::string>& currentDesktops) {

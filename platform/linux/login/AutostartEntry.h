@@ -3,23 +3,19 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace quillary::AutostartEntry {
 
-/// An argument as it stands in the Exec key of a desktop entry: quoted, its reserved characters escaped,
-/// field codes made literal, and escaped once more as the value of a key (Desktop Entry standard, "The Exec
-/// key" and "Possible value types").
-[[nodiscard]] std::string quotedArgument(std::string_view argument);
-
-/// The text of an entry that starts the program when the user logs in. `program` is an absolute path.
-/// Nothing when the standard has no way to write it: it is not UTF-8 or holds an equal sign.
+/// The text of an entry that starts the program when the user logs in. `name` is shown to the user; `program`
+/// is an absolute path. In its Exec key the program is one quoted argument, with reserved characters escaped
+/// and field codes made literal (Desktop Entry standard, "The Exec key"). Nothing when the standard has no
+/// way to write the path: it is not UTF-8 or holds an equal sign.
 [[nodiscard]] std::optional<std::string> text(const std::string& name, const std::string& icon,
                                               const std::string& program);
 
-/// The text of an entry that takes back those of the same name elsewhere (Hidden, Desktop Application
-/// Autostart standard).
+/// The text of an entry that disables those of the same file name in the system's folders (key Hidden,
+/// Desktop Application Autostart standard).
 [[nodiscard]] std::string hiddenText(const std::string& name);
 
 /// Whether a session starts what the entry at the path names: false when it is hidden, switched off

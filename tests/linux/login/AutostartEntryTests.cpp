@@ -15,6 +15,14 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
+// The value of Exec as it stands in the entry's text.
+std::string execOf(const std::string& program) {
+    const auto text = AutostartEntry::text("Quillary", "quillary", program).value_or("");
+    const std::string key = "\nExec=";
+    const auto begin = text.find(key) + key.size();
+    return text.substr(begin, text.find('\n', begin) - begin);
+}
+
 bool starts(const std::string& keys, const Strings& desktops = {}) {
     const TemporaryFolder folder;
     const auto file = folder.path() / "entry.desktop";
@@ -25,14 +33,16 @@ bool starts(const std::string& keys, const Strings& desktops = {}) {
 } // namespace
 
 TEST(AutostartEntry, theProgramIsQuotedByTheRulesOfExec) {
-    EXPECT_EQ(AutostartEntry::quotedArgument("/usr/bin/quillary"), R"("/usr/bin/quillary")");
-    EXPECT_EQ(AutostartEntry::quotedArgument("/a b/c"), R"("/a b/c")");
-    EXPECT_EQ(AutostartEntry::quotedArgument("/100%/x"), R"("/100%%/x")");
+    EXPECT_EQ(execOf("/usr/bin/quillary"), R"("/usr/bin/quillary")");
+    EXPECT_EQ(execOf("/a b/c"), R"("/a b/c")");
+    EXPECT_EQ(execOf("/100%/x"), R"("/100%%/x")");
     // Escaped as an argument, and its backslashes once more as a value.
-    EXPECT_EQ(AutostartEntry::quotedArgument("/a\"b"), R"("/a\\"b")");
-    EXPECT_EQ(AutostartEntry::quotedArgument("/$HOME`"), R"("/\\$HOME\\`")");
-    EXPECT_EQ(AutostartEntry::quotedArgument("/a\\b"), R"("/a\\\\b")");
-    EXPECT_EQ(AutostartEntry::quotedArgument("/a\nb\tc"), R"("/a\nb\tc")");
+    EXPECT_EQ(execOf("/a\"b"), R"("/a\\"b")");
+    EXPECT_EQ(execOf("/$HOME`"), R"("/\\$HOME\\`")");
+    EXPECT_EQ(execOf("/a\\b"), R"("/a\\\\b")");
+    EXPECT_EQ(execOf("/a\nb\rc"), R"("/a\nb\rc")");
+    // A tab needs no escape within a value.
+    EXPECT_EQ(execOf("/a\tb"), "\"/a\tb\"");
 }
 
 TEST(AutostartEntry, theWholeEntry) {
@@ -44,6 +54,16 @@ TEST(AutostartEntry, theWholeEntry) {
               "Exec=\"/opt/my apps/quillary\"\n"
               "Terminal=false\n"
               "X-GNOME-Autostart-enabled=true\n");
+}
+
+TEST(AutostartEntry, anotherReaderFindsTheNamesAsTheyWere) {
+    const std::string name = " \tNa\\me\n\tü;";
+    const auto text = AutostartEntry::text(name, "ic\\on", "/bin/x");
+    ASSERT_TRUE(text);
+    const Released<GKeyFile, g_key_file_unref> keys(g_key_file_new());
+    ASSERT_TRUE(g_key_file_load_from_data(keys.get(), text->data(), text->size(), G_KEY_FILE_NONE, nullptr));
+    EXPECT_EQ(takeText(g_key_file_get_string(keys.get(), "Desktop Entry", "Name", nullptr)), name);
+    EXPECT_EQ(takeText(g_key_file_get_string(keys.get(), "Desktop Entry", "Icon", nullptr)), "ic\\on");
 }
 
 TEST(AutostartEntry, aProgramThatNoEntryCanNameHasNone) {
