@@ -5,7 +5,7 @@
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/glib/Released.h"
 #include "platform/linux/glib/SettingsSchema.h"
-#include "platform/linux/systemdock/XfcePanel.h"
+#include "platform/linux/systemdock/XfceLaunchers.h"
 
 #include <gio/gio.h>
 
@@ -93,10 +93,10 @@ Items ofXfce(const std::filesystem::path& configFolder) {
         return std::nullopt;
     }
     std::vector<std::string> items;
-    for (const auto& file : XfcePanel::launcherFiles(*text)) {
+    for (const auto& file : XfceLaunchers::entryFiles(*text)) {
         const auto path = configFolder / "xfce4" / "panel" / file;
         // The panel keeps copies; the one they were made of is what windows belong to.
-        auto origin = XfcePanel::sourceOf(path);
+        auto origin = XfceLaunchers::sourceOf(path);
         items.push_back(origin.empty() ? path.string() : std::move(origin));
         if (items.size() == mostItems) {
             break;

@@ -1,7 +1,7 @@
 #include "platform/linux/entries/DesktopEntries.h"
 #include "platform/linux/systemdock/DesktopFavourites.h"
 #include "platform/linux/systemdock/LinuxSystemDockPreferences.h"
-#include "platform/linux/systemdock/XfcePanel.h"
+#include "platform/linux/systemdock/XfceLaunchers.h"
 #include "tests/fake/ManualScheduler.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
@@ -141,13 +141,13 @@ TEST_F(PinnedItemsTest, xfceWithoutSettingsGivesTheDefaultApplications) {
 }
 
 TEST(DesktopFavourites, damagedXfceChannelGivesNothingBad) {
-    EXPECT_EQ(XfcePanel::launcherFiles(""), Strings());
-    EXPECT_EQ(XfcePanel::launcherFiles("<channel><property name=\"panels\">"), Strings());
+    EXPECT_EQ(XfceLaunchers::entryFiles(""), Strings());
+    EXPECT_EQ(XfceLaunchers::entryFiles("<channel><property name=\"panels\">"), Strings());
     std::string deep = "<channel>";
     for (int level = 0; level < 100000; ++level) {
         deep += "<property name=\"p\">";
     }
-    EXPECT_EQ(XfcePanel::launcherFiles(deep), Strings());
+    EXPECT_EQ(XfceLaunchers::entryFiles(deep), Strings());
 }
 
 TEST(DesktopFavourites, plasmaListsAreSplitAtUnescapedCommas) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/systemdock/DesktopDock.h"
-#include "platform/linux/systemdock/DesktopPanels.h"
+#include "platform/linux/systemdock/PanelModes.h"
 
 namespace quillary {
 
@@ -9,9 +9,10 @@ namespace quillary {
 /// one of the panels that were hidden still is, so a panel added meanwhile, or one that the user brought
 /// back, changes nothing for the others. Which panels the user tucks away himself is told by `autohide`:
 /// all of them (true), not all (false), or none has a mode of its own (absent); `delay` is absent.
-class PanelsDock final : public DesktopDock {
+class AutohidingPanels final : public DesktopDock {
 public:
-    PanelsDock(std::unique_ptr<DesktopPanels> controlled, SavedValuesFile savedValues, SystemLog& systemLog);
+    AutohidingPanels(std::unique_ptr<PanelModes> controlled, SavedValuesFile savedValues,
+                     SystemLog& systemLog);
 
     [[nodiscard]] DockPrefs read() override;
     void write(const DockPrefs& prefs) override;
@@ -30,7 +31,7 @@ private:
     [[nodiscard]] SavedValues chosen(const SavedValues& now, const DockPrefs& prefs) const;
     void logFailure(const std::string& what, const std::string& error);
 
-    std::unique_ptr<DesktopPanels> panels;
+    std::unique_ptr<PanelModes> panels;
     SavedValuesFile file;
     SystemLog& log;
     bool isReachable = true;

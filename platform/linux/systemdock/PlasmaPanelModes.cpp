@@ -1,4 +1,4 @@
-#include "platform/linux/systemdock/PlasmaPanels.h"
+#include "platform/linux/systemdock/PlasmaPanelModes.h"
 
 #include "platform/linux/bus/BusOperation.h"
 
@@ -43,7 +43,7 @@ Result<BusOperation::Answer> evaluate(const std::string& script) {
 
 } // namespace
 
-Result<SavedValues> PlasmaPanels::read() {
+Result<SavedValues> PlasmaPanelModes::read() {
     const auto answer = evaluate(readScript);
     if (!answer) {
         return Failure(answer.error());
@@ -68,7 +68,7 @@ Result<SavedValues> PlasmaPanels::read() {
     return panels;
 }
 
-Result<> PlasmaPanels::write(const SavedValues& panels) {
+Result<> PlasmaPanelModes::write(const SavedValues& panels) {
     std::string modes;
     for (const auto& [panel, mode] : panels) {
         if (isNumber(panel) && mode && isWord(*mode)) {
@@ -86,19 +86,19 @@ Result<> PlasmaPanels::write(const SavedValues& panels) {
     return *answer != nullptr ? Result<>() : Failure("plasmashell has gone");
 }
 
-bool PlasmaPanels::isAway(const std::optional<std::string>& mode) const {
+bool PlasmaPanelModes::isAway(const std::optional<std::string>& mode) const {
     return mode == away;
 }
 
-std::string PlasmaPanels::awayFrom(const std::optional<std::string>& /*mode*/) const {
+std::string PlasmaPanelModes::awayFrom(const std::optional<std::string>& /*mode*/) const {
     return std::string(away);
 }
 
-std::optional<std::string> PlasmaPanels::shown() const {
+std::optional<std::string> PlasmaPanelModes::shown() const {
     return "none";
 }
 
-bool PlasmaPanels::isMode(const std::string& text) const {
+bool PlasmaPanelModes::isMode(const std::string& text) const {
     return isWord(text);
 }
 

@@ -1,4 +1,4 @@
-#include "platform/linux/systemdock/PanelsDock.h"
+#include "platform/linux/systemdock/AutohidingPanels.h"
 #include "tests/core/Succeeded.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
@@ -21,7 +21,7 @@ struct Desktop {
     int writes = 0;
 };
 
-class FakePanels final : public DesktopPanels {
+class FakePanels final : public PanelModes {
 public:
     explicit FakePanels(Desktop& controlled) : desktop(controlled) {}
 
@@ -58,9 +58,9 @@ private:
     Desktop& desktop;
 };
 
-class PanelsDockTest : public WorldTest {
+class AutohidingPanelsTest : public WorldTest {
 protected:
-    [[nodiscard]] PanelsDock newDock() {
+    [[nodiscard]] AutohidingPanels newDock() {
         return {std::make_unique<FakePanels>(desktop), SavedValuesFile(path), log};
     }
     [[nodiscard]] bool isPutAside() const { return std::filesystem::exists(path); }
@@ -68,12 +68,12 @@ protected:
     const std::filesystem::path path = World::config() / "Quillary/system-dock.json";
     Desktop desktop{.panels = {{"1", std::nullopt}, {"2", "dodge"}}, .readError = {}, .writeError = {}};
     LinesLog log;
-    PanelsDock dock = newDock();
+    AutohidingPanels dock = newDock();
     HiderRun run{dock};
     const SavedValues allAway{{"1", "always"}, {"2", "always"}};
 };
 
-TEST_F(PanelsDockTest, hidesAndBringsBackToTheLetter) {
+TEST_F(AutohidingPanelsTest, hidesAndBringsBackToTheLetter) {
     EXPECT_EQ(run.hide(), away);
     EXPECT_EQ(run.remembered(), (DockPrefs{false, std::nullopt}));
     EXPECT_EQ(desktop.panels, allAway);
@@ -87,7 +87,7 @@ TEST_F(PanelsDockTest, hidesAndBringsBackToTheLetter) {
     EXPECT_EQ(log.lines, Lines());
 }
 
-TEST_F(PanelsDockTest, untouchedPanelsReadAsAbsentValues) {
+TEST_F(AutohidingPanelsTest, untouchedPanelsReadAsAbsentValues) {
     desktop.panels = {{"1", std::nullopt}, {"2", std::nullopt}};
     EXPECT_EQ(run.hide(), away);
     EXPECT_EQ(run.remembered(), (DockPrefs{std::nullopt, std::nullopt}));
@@ -95,7 +95,7 @@ TEST_F(PanelsDockTest, untouchedPanelsReadAsAbsentValues) {
     EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", std::nullopt}}));
 }
 
-TEST_F(PanelsDockTest, panelsThatTheirUserKeepsAwayStayAway) {
+TEST_F(AutohidingPanelsTest, panelsThatTheirUserKeepsAwayStayAway) {
     desktop.panels = allAway;
     EXPECT_EQ(run.hide(), away);
     EXPECT_EQ(run.remembered(), (DockPrefs{true, std::nullopt}));
@@ -105,7 +105,7 @@ TEST_F(PanelsDockTest, panelsThatTheirUserKeepsAwayStayAway) {
     EXPECT_EQ(dock.read(), (DockPrefs{true, std::nullopt}));
 }
 
-TEST_F(PanelsDockTest, aStartAfterACrashKeepsWhatWasPutAside) {
+TEST_F(AutohidingPanelsTest, aStartAfterACrashKeepsWhatWasPutAside) {
     run.hide();
     auto next = newDock();
     HiderRun later(next, run.remembered());
@@ -115,7 +115,7 @@ TEST_F(PanelsDockTest, aStartAfterACrashKeepsWhatWasPutAside) {
     EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
 }
 
-TEST_F(PanelsDockTest, aStartAfterACrashWithForgottenSettingsBringsBackNonetheless) {
+TEST_F(AutohidingPanelsTest, aStartAfterACrashWithForgottenSettingsBringsBackNonetheless) {
     run.hide();
     auto next = newDock();
     HiderRun later(next);
@@ -123,7 +123,7 @@ TEST_F(PanelsDockTest, aStartAfterACrashWithForgottenSettingsBringsBackNonethele
     EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
 }
 
-TEST_F(PanelsDockTest, aCrashBeforeThePanelsWereHiddenLeavesNothingBehind) {
+TEST_F(AutohidingPanelsTest, aCrashBeforeThePanelsWereHiddenLeavesNothingBehind) {
     ASSERT_TRUE(succeeded(SavedValuesFile(path).store({{"1", "never"}, {"2", "dodge"}})));
     HiderRun later(dock, DockPrefs{false, std::nullopt});
     EXPECT_EQ(later.show(), nothing);
@@ -131,13 +131,13 @@ TEST_F(PanelsDockTest, aCrashBeforeThePanelsWereHiddenLeavesNothingBehind) {
     EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
 }
 
-TEST_F(PanelsDockTest, aPanelThatIsAwayOfItselfDoesNotMakeTheOthersHidden) {
+TEST_F(AutohidingPanelsTest, aPanelThatIsAwayOfItselfDoesNotMakeTheOthersHidden) {
     desktop.panels = {{"1", "never"}, {"2", "always"}};
     ASSERT_TRUE(succeeded(SavedValuesFile(path).store(desktop.panels)));
     EXPECT_EQ(dock.read(), (DockPrefs{false, std::nullopt}));
 }
 
-TEST_F(PanelsDockTest, panelsChangedByHandAreLeftAloneAndTheOldValuesForgotten) {
+TEST_F(AutohidingPanelsTest, panelsChangedByHandAreLeftAloneAndTheOldValuesForgotten) {
     run.hide();
     desktop.panels = {{"1", "dodge"}, {"2", "never"}};
     EXPECT_EQ(run.show(), nothing);
@@ -151,14 +151,14 @@ TEST_F(PanelsDockTest, panelsChangedByHandAreLeftAloneAndTheOldValuesForgotten) 
     EXPECT_EQ(desktop.panels, allAway);
 }
 
-TEST_F(PanelsDockTest, onePanelChangedByHandIsLeftAloneAndTheOtherComesBack) {
+TEST_F(AutohidingPanelsTest, onePanelChangedByHandIsLeftAloneAndTheOtherComesBack) {
     run.hide();
     desktop.panels["1"] = "dodge";
     EXPECT_NE(run.show(), nothing);
     EXPECT_EQ(desktop.panels, (SavedValues{{"1", "dodge"}, {"2", "dodge"}}));
 }
 
-TEST_F(PanelsDockTest, aPanelAddedMeanwhileIsLeftAlone) {
+TEST_F(AutohidingPanelsTest, aPanelAddedMeanwhileIsLeftAlone) {
     run.hide();
     desktop.panels["3"] = "never";
     EXPECT_EQ(dock.read(), away);
@@ -166,7 +166,7 @@ TEST_F(PanelsDockTest, aPanelAddedMeanwhileIsLeftAlone) {
     EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}, {"3", "never"}}));
 }
 
-TEST_F(PanelsDockTest, aPanelRemovedMeanwhileIsNotMadeAgain) {
+TEST_F(AutohidingPanelsTest, aPanelRemovedMeanwhileIsNotMadeAgain) {
     run.hide();
     desktop.panels.erase("2");
     EXPECT_NE(run.show(), nothing);
@@ -174,7 +174,7 @@ TEST_F(PanelsDockTest, aPanelRemovedMeanwhileIsNotMadeAgain) {
     EXPECT_FALSE(isPutAside());
 }
 
-TEST_F(PanelsDockTest, hidingAgainKeepsTheUsersValuesAndTakesNewPanelsIn) {
+TEST_F(AutohidingPanelsTest, hidingAgainKeepsTheUsersValuesAndTakesNewPanelsIn) {
     run.hide();
     desktop.panels["3"] = "never";
     dock.write(away);
@@ -183,7 +183,7 @@ TEST_F(PanelsDockTest, hidingAgainKeepsTheUsersValuesAndTakesNewPanelsIn) {
     EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}, {"3", "never"}}));
 }
 
-TEST_F(PanelsDockTest, damagedValuesBringThePanelsBackInTheDesktopsDefault) {
+TEST_F(AutohidingPanelsTest, damagedValuesBringThePanelsBackInTheDesktopsDefault) {
     run.hide();
     writeFile(path, "{\"version\":1,");
     EXPECT_EQ(dock.read(), away);
@@ -192,7 +192,7 @@ TEST_F(PanelsDockTest, damagedValuesBringThePanelsBackInTheDesktopsDefault) {
     EXPECT_FALSE(isPutAside());
 }
 
-TEST_F(PanelsDockTest, damagedValuesLeavePanelsAwayWhoseUserWantsThat) {
+TEST_F(AutohidingPanelsTest, damagedValuesLeavePanelsAwayWhoseUserWantsThat) {
     desktop.panels = allAway;
     run.hide();
     writeFile(path, "");
@@ -200,14 +200,14 @@ TEST_F(PanelsDockTest, damagedValuesLeavePanelsAwayWhoseUserWantsThat) {
     EXPECT_EQ(desktop.panels, allAway);
 }
 
-TEST_F(PanelsDockTest, hostileValuesGiveTheDesktopsDefault) {
+TEST_F(AutohidingPanelsTest, hostileValuesGiveTheDesktopsDefault) {
     run.hide();
     writeFile(path, R"({"version":1,"values":{"1":"\"; evil(); ","2":"dodge","9":"never"}})");
     EXPECT_NE(run.show(), nothing);
     EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
 }
 
-TEST_F(PanelsDockTest, nothingIsHiddenWhenItCouldNotBeBroughtBack) {
+TEST_F(AutohidingPanelsTest, nothingIsHiddenWhenItCouldNotBeBroughtBack) {
     std::filesystem::create_directories(path / "in the way");
     run.hide();
     EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
@@ -215,7 +215,7 @@ TEST_F(PanelsDockTest, nothingIsHiddenWhenItCouldNotBeBroughtBack) {
     EXPECT_TRUE(log.lines[0].starts_with("Quillary: could not hide the panels: ")) << log.lines[0];
 }
 
-TEST_F(PanelsDockTest, aFailureToBringBackKeepsTheValuesForTheNextTime) {
+TEST_F(AutohidingPanelsTest, aFailureToBringBackKeepsTheValuesForTheNextTime) {
     run.hide();
     desktop.writeError = "refused";
     run.show();
@@ -230,7 +230,7 @@ TEST_F(PanelsDockTest, aFailureToBringBackKeepsTheValuesForTheNextTime) {
     EXPECT_EQ(desktop.panels, (SavedValues{{"1", std::nullopt}, {"2", "dodge"}}));
 }
 
-TEST_F(PanelsDockTest, panelsThatCannotBeReadAreOneLineAndNothingMore) {
+TEST_F(AutohidingPanelsTest, panelsThatCannotBeReadAreOneLineAndNothingMore) {
     run.hide();
     desktop.readError = "no answer";
     desktop.reads = 0;
@@ -242,7 +242,7 @@ TEST_F(PanelsDockTest, panelsThatCannotBeReadAreOneLineAndNothingMore) {
     EXPECT_TRUE(isPutAside());
 }
 
-TEST_F(PanelsDockTest, aDesktopWithoutPanelsCountsAsHidden) {
+TEST_F(AutohidingPanelsTest, aDesktopWithoutPanelsCountsAsHidden) {
     desktop.panels.clear();
     EXPECT_EQ(run.hide(), nothing);
     EXPECT_EQ(run.remembered(), nothing);

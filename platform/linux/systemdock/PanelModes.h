@@ -10,9 +10,9 @@ namespace quillary {
 
 /// A desktop's panels, each with a mode of hiding that can be set. Modes are texts in a form of the
 /// desktop's own; a panel without one has the desktop's default.
-class DesktopPanels {
+class PanelModes {
 public:
-    virtual ~DesktopPanels() = default;
+    virtual ~PanelModes() = default;
 
     /// What the log calls them ("Xfce's panels").
     [[nodiscard]] virtual std::string name() const = 0;

@@ -85,7 +85,7 @@ private:
     Properties properties;
 };
 
-class XfcePanelsTest : public BusDockTest {
+class XfcePanelModesTest : public BusDockTest {
 protected:
     void SetUp() override {
         BusDockTest::SetUp();
@@ -100,7 +100,7 @@ protected:
     HiderRun run{*dock};
 };
 
-TEST_F(XfcePanelsTest, everyPanelIsHiddenAndComesBackToTheLetter) {
+TEST_F(XfcePanelModesTest, everyPanelIsHiddenAndComesBackToTheLetter) {
     const auto own = xfconf.all();
     EXPECT_EQ(run.hide(), away);
     EXPECT_EQ(run.remembered(), (DockPrefs{false, std::nullopt}));
@@ -116,7 +116,7 @@ TEST_F(XfcePanelsTest, everyPanelIsHiddenAndComesBackToTheLetter) {
     EXPECT_EQ(log.lines, Lines());
 }
 
-TEST_F(XfcePanelsTest, onlyWhatMustChangeIsSet) {
+TEST_F(XfcePanelModesTest, onlyWhatMustChangeIsSet) {
     xfconf.set(panel2, "uint32 2");
     run.hide();
     std::ignore = xfconf.takeCalls();
@@ -128,7 +128,7 @@ TEST_F(XfcePanelsTest, onlyWhatMustChangeIsSet) {
                "SetProperty('xfce4-panel', '/panels/panel-3/autohide-behavior', <0>)"}));
 }
 
-TEST_F(XfcePanelsTest, untouchedPanelsReadAsAbsentValues) {
+TEST_F(XfcePanelModesTest, untouchedPanelsReadAsAbsentValues) {
     xfconf.remove(panel2);
     xfconf.remove(panel3);
     EXPECT_EQ(run.hide(), away);
@@ -137,7 +137,7 @@ TEST_F(XfcePanelsTest, untouchedPanelsReadAsAbsentValues) {
     EXPECT_EQ(xfconf.modes(), Properties());
 }
 
-TEST_F(XfcePanelsTest, aStartAfterACrashKeepsWhatWasPutAside) {
+TEST_F(XfcePanelModesTest, aStartAfterACrashKeepsWhatWasPutAside) {
     const auto own = xfconf.all();
     run.hide();
     const auto next = newDock("XFCE");
@@ -147,7 +147,7 @@ TEST_F(XfcePanelsTest, aStartAfterACrashKeepsWhatWasPutAside) {
     EXPECT_EQ(xfconf.all(), own);
 }
 
-TEST_F(XfcePanelsTest, panelsShownByHandAreLeftAlone) {
+TEST_F(XfcePanelModesTest, panelsShownByHandAreLeftAlone) {
     run.hide();
     for (const char* property : {panel1, panel2, panel3}) {
         xfconf.set(property, "uint32 0");
@@ -159,7 +159,7 @@ TEST_F(XfcePanelsTest, panelsShownByHandAreLeftAlone) {
     EXPECT_FALSE(std::filesystem::exists(folder / "system-dock-xfce.json"));
 }
 
-TEST_F(XfcePanelsTest, panelsAddedAndRemovedMeanwhileAreLeftAlone) {
+TEST_F(XfcePanelModesTest, panelsAddedAndRemovedMeanwhileAreLeftAlone) {
     run.hide();
     xfconf.set("/panels", "[<1>, <4>]");
     xfconf.remove(panel2);
@@ -169,7 +169,7 @@ TEST_F(XfcePanelsTest, panelsAddedAndRemovedMeanwhileAreLeftAlone) {
     EXPECT_EQ(xfconf.modes(), Properties());
 }
 
-TEST_F(XfcePanelsTest, onlyPanelsOfTheListCount) {
+TEST_F(XfcePanelModesTest, onlyPanelsOfTheListCount) {
     xfconf.set("/panels", "[2]");
     const auto own = xfconf.modes();
     run.hide();
@@ -178,7 +178,7 @@ TEST_F(XfcePanelsTest, onlyPanelsOfTheListCount) {
     EXPECT_EQ(xfconf.modes(), own);
 }
 
-TEST_F(XfcePanelsTest, aListOfSomethingElseIsOfNoPanels) {
+TEST_F(XfcePanelModesTest, aListOfSomethingElseIsOfNoPanels) {
     for (const char* list : {"true", "'1'", "[<'1'>, <-1>, <[1]>]", "{'a': <1>}"}) {
         xfconf.set("/panels", list);
         EXPECT_EQ(run.hide(), nothing) << list;
@@ -188,7 +188,7 @@ TEST_F(XfcePanelsTest, aListOfSomethingElseIsOfNoPanels) {
     EXPECT_EQ(log.lines, Lines());
 }
 
-TEST_F(XfcePanelsTest, aModeThatCouldNotBePutBackIsNotTouched) {
+TEST_F(XfcePanelModesTest, aModeThatCouldNotBePutBackIsNotTouched) {
     xfconf.set(panel1, "[<1>]");
     xfconf.set(panel2, "'" + std::string(300, 'x') + "'");
     const auto own = xfconf.all();
@@ -200,7 +200,7 @@ TEST_F(XfcePanelsTest, aModeThatCouldNotBePutBackIsNotTouched) {
     EXPECT_EQ(xfconf.all(), own);
 }
 
-TEST_F(XfcePanelsTest, hostileValuesBringThePanelsBackInXfcesDefault) {
+TEST_F(XfcePanelModesTest, hostileValuesBringThePanelsBackInXfcesDefault) {
     run.hide();
     writeFile(folder / "system-dock-xfce.json",
               R"({"version":1,"values":{"panel-1":"@a(","panel-2":"[1]","panel-3":"uint32 1","../x":"1"}})");
@@ -208,7 +208,7 @@ TEST_F(XfcePanelsTest, hostileValuesBringThePanelsBackInXfcesDefault) {
     EXPECT_EQ(xfconf.modes(), (Properties{{panel3, "uint32 1"}}));
 }
 
-TEST_F(XfcePanelsTest, aRefusalIsOneLine) {
+TEST_F(XfcePanelModesTest, aRefusalIsOneLine) {
     xfconf.manner = Manner::refuses;
     run.hide();
     EXPECT_EQ(log.lines, (Lines{"Quillary: could not hide Xfce's panels: it is locked"}));
@@ -218,7 +218,7 @@ TEST_F(XfcePanelsTest, aRefusalIsOneLine) {
     EXPECT_EQ(log.lines, (Lines{"Quillary: could not read Xfce's panels: it is locked"}));
 }
 
-TEST_F(XfcePanelsTest, aSilentServiceCostsASecond) {
+TEST_F(XfcePanelModesTest, aSilentServiceCostsASecond) {
     xfconf.readManner = Manner::isSilent;
     EXPECT_LT(seconds([this] { EXPECT_EQ(run.hide(), nothing); }), 3.0);
     EXPECT_EQ(log.lines, (Lines{"Quillary: could not read Xfce's panels: no answer"}));
@@ -227,13 +227,13 @@ TEST_F(XfcePanelsTest, aSilentServiceCostsASecond) {
     EXPECT_EQ(xfconf.modes(), (Properties{{panel2, "uint32 1"}, {panel3, "0"}}));
 }
 
-TEST_F(XfcePanelsTest, changesThatAreNotAnsweredTakeASecondTogether) {
+TEST_F(XfcePanelModesTest, changesThatAreNotAnsweredTakeASecondTogether) {
     xfconf.manner = Manner::isSilent;
     EXPECT_LT(seconds([this] { run.hide(); }), 2.5);
     EXPECT_EQ(log.lines, (Lines{"Quillary: could not hide Xfce's panels: no answer"}));
 }
 
-TEST_F(XfcePanelsTest, aServiceThatHasGoneKeepsWhatWasPutAside) {
+TEST_F(XfcePanelModesTest, aServiceThatHasGoneKeepsWhatWasPutAside) {
     const auto own = xfconf.all();
     run.hide();
     const auto hidden = xfconf.all();

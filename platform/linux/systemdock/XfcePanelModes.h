@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/systemdock/DesktopPanels.h"
+#include "platform/linux/systemdock/PanelModes.h"
 
 namespace quillary {
 
@@ -8,7 +8,7 @@ namespace quillary {
 /// that the channel xfce4-panel lists, 0 never, 1 when windows need the room, 2 always. Modes are values in
 /// GVariant's text format, with their type ("uint32 2"), since a property keeps the type it was set with.
 /// Panels are named as their properties are ("panel-1").
-class XfcePanels final : public DesktopPanels {
+class XfcePanelModes final : public PanelModes {
 public:
     [[nodiscard]] std::string name() const override { return "Xfce's panels"; }
     [[nodiscard]] Result<SavedValues> read() override;

@@ -1,4 +1,4 @@
-#include "platform/linux/systemdock/XfcePanel.h"
+#include "platform/linux/systemdock/XfceLaunchers.h"
 
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/glib/KeyFile.h"
@@ -10,7 +10,7 @@
 
 #include <glib.h>
 
-namespace quillary::XfcePanel {
+namespace quillary::XfceLaunchers {
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +64,7 @@ Channel readChannel(std::string_view text) {
 
 } // namespace
 
-std::vector<std::string> launcherFiles(std::string_view text) {
+std::vector<std::string> entryFiles(std::string_view text) {
     const auto channel = readChannel(text);
     std::vector<std::string> files;
     for (const auto& plugin : channel.plugins) {
@@ -91,4 +91,4 @@ std::string sourceOf(const std::filesystem::path& launcher) {
     return std::filesystem::is_regular_file(path, error) ? path : std::string();
 }
 
-} // namespace quillary::XfcePanel
+} // namespace quillary::XfceLaunchers

@@ -1,4 +1,4 @@
-#include "platform/linux/systemdock/XfcePanels.h"
+#include "platform/linux/systemdock/XfcePanelModes.h"
 
 #include "platform/linux/bus/BusOperation.h"
 #include "platform/linux/glib/GlibText.h"
@@ -65,7 +65,7 @@ Value parsed(const std::string& text) {
 
 } // namespace
 
-Result<SavedValues> XfcePanels::read() {
+Result<SavedValues> XfcePanelModes::read() {
     const auto answer =
         BusOperation(xfconf).call("GetAllProperties", g_variant_new("(ss)", channel, panelList), "(a{sv})");
     if (!answer) {
@@ -88,7 +88,7 @@ Result<SavedValues> XfcePanels::read() {
     return panels;
 }
 
-Result<> XfcePanels::write(const SavedValues& panels) {
+Result<> XfcePanelModes::write(const SavedValues& panels) {
     BusOperation operation(xfconf);
     Result<> outcome;
     for (const auto& [panel, mode] : panels) {
@@ -108,17 +108,17 @@ Result<> XfcePanels::write(const SavedValues& panels) {
     return outcome;
 }
 
-bool XfcePanels::isAway(const std::optional<std::string>& mode) const {
+bool XfcePanelModes::isAway(const std::optional<std::string>& mode) const {
     const Value value = mode ? parsed(*mode) : nullptr;
     return value && wholeNumber(value.get()) == 2;
 }
 
-std::string XfcePanels::awayFrom(const std::optional<std::string>& mode) const {
+std::string XfcePanelModes::awayFrom(const std::optional<std::string>& mode) const {
     const Value value = mode ? parsed(*mode) : nullptr;
     return value && g_variant_is_of_type(value.get(), G_VARIANT_TYPE_INT32) != 0 ? "2" : "uint32 2";
 }
 
-bool XfcePanels::isMode(const std::string& text) const {
+bool XfcePanelModes::isMode(const std::string& text) const {
     return parsed(text) != nullptr;
 }
 

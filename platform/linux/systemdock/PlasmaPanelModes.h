@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/linux/systemdock/DesktopPanels.h"
+#include "platform/linux/systemdock/PanelModes.h"
 
 namespace quillary {
 
 /// Plasma's panels through the scripting interface of plasmashell (D-Bus method
 /// org.kde.PlasmaShell.evaluateScript): `hiding` of each panel, in Plasma's own words ("none", "autohide").
 /// Panels are named by their numbers.
-class PlasmaPanels final : public DesktopPanels {
+class PlasmaPanelModes final : public PanelModes {
 public:
     [[nodiscard]] std::string name() const override { return "Plasma's panels"; }
     [[nodiscard]] Result<SavedValues> read() override;

@@ -50,9 +50,9 @@ private:
     std::vector<std::string> scripts;
 };
 
-class PlasmaPanelsTest : public BusDockTest {
+class PlasmaPanelModesTest : public BusDockTest {
 protected:
-    PlasmaPanelsTest() { plasma.prints("2 none\n15 dodgewindows\n"); }
+    PlasmaPanelModesTest() { plasma.prints("2 none\n15 dodgewindows\n"); }
 
     static std::string setting(const std::string& modes) {
         return "var modes = {" + modes +
@@ -65,7 +65,7 @@ protected:
     HiderRun run{*dock};
 };
 
-TEST_F(PlasmaPanelsTest, everyPanelIsHiddenAndComesBackAsItWas) {
+TEST_F(PlasmaPanelModesTest, everyPanelIsHiddenAndComesBackAsItWas) {
     EXPECT_EQ(run.hide(), away);
     EXPECT_EQ(run.remembered(), (DockPrefs{false, std::nullopt}));
     EXPECT_EQ(plasma.changes(), (Lines{setting(R"("15": "autohide", "2": "autohide")")}));
@@ -78,7 +78,7 @@ TEST_F(PlasmaPanelsTest, everyPanelIsHiddenAndComesBackAsItWas) {
     EXPECT_EQ(log.lines, Lines());
 }
 
-TEST_F(PlasmaPanelsTest, aPanelThatItsUserKeepsAwayIsNotChanged) {
+TEST_F(PlasmaPanelModesTest, aPanelThatItsUserKeepsAwayIsNotChanged) {
     plasma.prints("2 autohide\n15 none");
     run.hide();
     EXPECT_EQ(plasma.changes(), (Lines{setting(R"("15": "autohide")")}));
@@ -87,14 +87,14 @@ TEST_F(PlasmaPanelsTest, aPanelThatItsUserKeepsAwayIsNotChanged) {
     EXPECT_EQ(plasma.changes(), (Lines{setting(R"("15": "none")")}));
 }
 
-TEST_F(PlasmaPanelsTest, panelsShownByHandAreLeftAlone) {
+TEST_F(PlasmaPanelModesTest, panelsShownByHandAreLeftAlone) {
     run.hide();
     std::ignore = plasma.changes();
     EXPECT_EQ(run.show(), nothing);
     EXPECT_EQ(plasma.changes(), Lines());
 }
 
-TEST_F(PlasmaPanelsTest, outputOfAnotherKindIsOfNoPanels) {
+TEST_F(PlasmaPanelModesTest, outputOfAnotherKindIsOfNoPanels) {
     for (const std::string& text :
          {std::string(), std::string("undefined"), std::string("x none\n"), std::string("2 \n"),
           std::string("2 no ne\n"), std::string("2 none;\n"), std::string("-2 none\n"),
@@ -105,7 +105,7 @@ TEST_F(PlasmaPanelsTest, outputOfAnotherKindIsOfNoPanels) {
     EXPECT_EQ(plasma.changes(), Lines());
 }
 
-TEST_F(PlasmaPanelsTest, hostileValuesNeverBecomePartOfAScript) {
+TEST_F(PlasmaPanelModesTest, hostileValuesNeverBecomePartOfAScript) {
     run.hide();
     plasma.prints("2 autohide\n15 autohide\n");
     std::ignore = plasma.changes();
@@ -115,7 +115,7 @@ TEST_F(PlasmaPanelsTest, hostileValuesNeverBecomePartOfAScript) {
     EXPECT_EQ(plasma.changes(), (Lines{setting(R"("15": "dodgewindows", "2": "none")")}));
 }
 
-TEST_F(PlasmaPanelsTest, damagedValuesBringThePanelsBackInPlasmasDefault) {
+TEST_F(PlasmaPanelModesTest, damagedValuesBringThePanelsBackInPlasmasDefault) {
     run.hide();
     plasma.prints("2 autohide\n15 autohide\n");
     std::ignore = plasma.changes();
@@ -124,13 +124,13 @@ TEST_F(PlasmaPanelsTest, damagedValuesBringThePanelsBackInPlasmasDefault) {
     EXPECT_EQ(plasma.changes(), (Lines{setting(R"("15": "none", "2": "none")")}));
 }
 
-TEST_F(PlasmaPanelsTest, aRefusalIsOneLine) {
+TEST_F(PlasmaPanelModesTest, aRefusalIsOneLine) {
     plasma.manner = Manner::refuses;
     run.hide();
     EXPECT_EQ(log.lines, (Lines{"Quillary: could not hide Plasma's panels: it is locked"}));
 }
 
-TEST_F(PlasmaPanelsTest, aSilentShellCostsASecond) {
+TEST_F(PlasmaPanelModesTest, aSilentShellCostsASecond) {
     plasma.readManner = Manner::isSilent;
     EXPECT_LT(seconds([this] { EXPECT_EQ(run.hide(), nothing); }), 2.5);
     EXPECT_EQ(log.lines, (Lines{"Quillary: could not read Plasma's panels: no answer"}));

@@ -1,4 +1,4 @@
-#include "platform/linux/systemdock/PanelsDock.h"
+#include "platform/linux/systemdock/AutohidingPanels.h"
 
 #include "platform/SystemLog.h"
 
@@ -7,11 +7,11 @@
 
 namespace quillary {
 
-PanelsDock::PanelsDock(std::unique_ptr<DesktopPanels> controlled, SavedValuesFile savedValues,
-                       SystemLog& systemLog)
+AutohidingPanels::AutohidingPanels(std::unique_ptr<PanelModes> controlled, SavedValuesFile savedValues,
+                                   SystemLog& systemLog)
     : panels(std::move(controlled)), file(std::move(savedValues)), log(systemLog) {}
 
-DockPrefs PanelsDock::read() {
+DockPrefs AutohidingPanels::read() {
     const auto now = panels->read();
     isReachable = now.has_value();
     if (!isReachable) {
@@ -30,7 +30,7 @@ DockPrefs PanelsDock::read() {
     return ownValues(*now);
 }
 
-void PanelsDock::write(const DockPrefs& prefs) {
+void AutohidingPanels::write(const DockPrefs& prefs) {
     // Asking again would only take more of the time in which the program stands still.
     if (!isReachable) {
         return;
@@ -48,7 +48,7 @@ void PanelsDock::write(const DockPrefs& prefs) {
     }
 }
 
-bool PanelsDock::isHidden(const SavedValues& now, const SavedValuesFile::Content& saved) const {
+bool AutohidingPanels::isHidden(const SavedValues& now, const SavedValuesFile::Content& saved) const {
     if (saved.state == SavedValuesFile::State::absent) {
         return false;
     }
@@ -64,7 +64,7 @@ bool PanelsDock::isHidden(const SavedValues& now, const SavedValuesFile::Content
     });
 }
 
-DockPrefs PanelsDock::ownValues(const SavedValues& now) const {
+DockPrefs AutohidingPanels::ownValues(const SavedValues& now) const {
     if (std::ranges::none_of(now, [](const auto& panel) { return panel.second.has_value(); })) {
         return {};
     }
@@ -73,7 +73,7 @@ DockPrefs PanelsDock::ownValues(const SavedValues& now) const {
     return {.autohide = all, .delay = std::nullopt};
 }
 
-SavedValues PanelsDock::toPutAside(const SavedValues& now) const {
+SavedValues AutohidingPanels::toPutAside(const SavedValues& now) const {
     const auto saved = file.load();
     auto values = now;
     if (saved.state == SavedValuesFile::State::valid && isHidden(now, saved)) {
@@ -87,7 +87,7 @@ SavedValues PanelsDock::toPutAside(const SavedValues& now) const {
     return values;
 }
 
-void PanelsDock::hide(const SavedValues& now) {
+void AutohidingPanels::hide(const SavedValues& now) {
     if (const auto stored = file.store(toPutAside(now)); !stored) {
         logFailure("hide", stored.error());
         return;
@@ -103,7 +103,7 @@ void PanelsDock::hide(const SavedValues& now) {
     }
 }
 
-void PanelsDock::bringBack(const SavedValues& now, const DockPrefs& prefs) {
+void AutohidingPanels::bringBack(const SavedValues& now, const DockPrefs& prefs) {
     const auto saved = file.load();
     const auto changes =
         saved.state == SavedValuesFile::State::valid ? remembered(now, saved.values) : chosen(now, prefs);
@@ -115,7 +115,7 @@ void PanelsDock::bringBack(const SavedValues& now, const DockPrefs& prefs) {
     file.remove();
 }
 
-SavedValues PanelsDock::remembered(const SavedValues& now, const SavedValues& saved) const {
+SavedValues AutohidingPanels::remembered(const SavedValues& now, const SavedValues& saved) const {
     SavedValues changes;
     for (const auto& [id, mode] : now) {
         const auto own = saved.find(id);
@@ -128,7 +128,7 @@ SavedValues PanelsDock::remembered(const SavedValues& now, const SavedValues& sa
     return changes;
 }
 
-SavedValues PanelsDock::chosen(const SavedValues& now, const DockPrefs& prefs) const {
+SavedValues AutohidingPanels::chosen(const SavedValues& now, const DockPrefs& prefs) const {
     const bool wanted = prefs.autohide.value_or(false);
     SavedValues changes;
     for (const auto& [id, mode] : now) {
@@ -139,7 +139,7 @@ SavedValues PanelsDock::chosen(const SavedValues& now, const DockPrefs& prefs) c
     return changes;
 }
 
-void PanelsDock::logFailure(const std::string& what, const std::string& error) {
+void AutohidingPanels::logFailure(const std::string& what, const std::string& error) {
     log.write("Quillary: could not " + what + " " + panels->name() + ": " + error);
 }
 
