@@ -2,7 +2,7 @@
 
 #include "platform/Scheduler.h"
 #include "platform/SystemLog.h"
-#include "platform/linux/launch/EntryLaunch.h"
+#include "platform/linux/launch/BlockingLauncher.h"
 
 namespace quillary {
 
@@ -22,16 +22,17 @@ void Launcher::onWorker(std::function<Result<>(const StartupOrigin&)> work) {
 }
 
 void Launcher::launch(const std::string& entryPath, const std::vector<std::string>& files) {
-    onWorker(
-        [entryPath, files](const auto& origin) { return EntryLaunch::launch(entryPath, files, origin); });
+    onWorker([entryPath, files](const auto& origin) {
+        return BlockingLauncher::launch(entryPath, files, origin);
+    });
 }
 
 void Launcher::open(const std::string& path) {
-    onWorker([path](const auto& origin) { return EntryLaunch::open(path, origin); });
+    onWorker([path](const auto& origin) { return BlockingLauncher::open(path, origin); });
 }
 
 void Launcher::reveal(const std::string& path) {
-    onWorker([path](const auto& origin) { return EntryLaunch::reveal(path, origin); });
+    onWorker([path](const auto& origin) { return BlockingLauncher::reveal(path, origin); });
 }
 
 } // namespace quillary

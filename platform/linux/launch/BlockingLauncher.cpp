@@ -1,4 +1,4 @@
-#include "platform/linux/launch/EntryLaunch.h"
+#include "platform/linux/launch/BlockingLauncher.h"
 
 #include "core/Paths.h"
 #include "platform/linux/bus/BoundedCall.h"
@@ -18,7 +18,7 @@
 
 #include <unistd.h>
 
-namespace quillary::EntryLaunch {
+namespace quillary::BlockingLauncher {
 
 namespace {
 
@@ -247,4 +247,4 @@ Result<> reveal(const std::string& path, const StartupOrigin& origin) {
     return described("reveal", path, show(withoutTrailingSlashes(path), origin));
 }
 
-} // namespace quillary::EntryLaunch
+} // namespace quillary::BlockingLauncher
