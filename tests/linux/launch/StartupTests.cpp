@@ -97,6 +97,18 @@ TEST(StartupMessage, textsAreQuotedOnOneLine) {
     EXPECT_EQ(startupEnd("a b"), "remove: ID=\"a b\"");
 }
 
+TEST(StartupMessage, aMessageMayHaveFourThousandBytesAndNoMore) {
+    const auto with = [](std::size_t length) {
+        return startupBeginning({.id = "i", .applicationId = std::string(length, 'p'), .time = 7});
+    };
+    const auto others = with(1).size() - 1;
+    EXPECT_EQ(with(4000 - others).size(), 4000U);
+    EXPECT_EQ(with(4001 - others), R"(new: ID="i" SCREEN="0" TIMESTAMP="7")");
+    // What still fits behind a text that was left out is kept.
+    EXPECT_EQ(startupBeginning({.id = "i", .name = "n", .applicationId = std::string(4001, 'p'), .time = 7}),
+              R"(new: ID="i" SCREEN="0" TIMESTAMP="7" NAME="n" DESCRIPTION="n")");
+}
+
 TEST(StartupMessage, longAndMalformedTextsAreLeftOut) {
     EXPECT_EQ(startupBeginning({.id = "i",
                                 .name = std::string(5000, 'n'),
