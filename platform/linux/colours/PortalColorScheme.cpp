@@ -20,12 +20,12 @@ const auto key = u"color-scheme"_s;
 } // namespace
 
 PortalColorScheme::PortalColorScheme() {
-    connect(&bus, &LateSessionBus::connected, this, &PortalColorScheme::follow);
-    connect(&bus, &LateSessionBus::absent, this, [this] { setScheme(Scheme::unspecified); });
+    connect(&m_bus, &LateSessionBus::connected, this, &PortalColorScheme::follow);
+    connect(&m_bus, &LateSessionBus::absent, this, [this] { setScheme(Scheme::unspecified); });
 }
 
 void PortalColorScheme::follow() {
-    auto connection = *bus.connection();
+    auto connection = *m_bus.connection();
     // From anybody: naming the portal would ask the bus for it, and wait for the answer.
     connection.connect({}, portalPath, settings, u"SettingChanged"_s, {space, key}, {}, this,
                        SLOT(settingChanged(QDBusMessage)));
@@ -35,17 +35,17 @@ void PortalColorScheme::follow() {
 }
 
 void PortalColorScheme::ask() {
-    if (!bus.connection()) {
+    if (!m_bus.connection()) {
         return;
     }
     auto message = QDBusMessage::createMethodCall(portal, portalPath, settings, u"Read"_s);
     message.setAutoStartService(false);
     message << space << key;
-    auto* pending = new QDBusPendingCallWatcher(bus.connection()->asyncCall(message), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, before = changes] {
+    auto* pending = new QDBusPendingCallWatcher(m_bus.connection()->asyncCall(message), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, before = m_changes] {
         pending->deleteLater();
         // The toolkit may hand over a change before the answer that came first.
-        if (changes != before) {
+        if (m_changes != before) {
             return;
         }
         const QDBusMessage reply = pending->reply();
@@ -57,7 +57,7 @@ void PortalColorScheme::ask() {
 
 void PortalColorScheme::settingChanged(const QDBusMessage& signal) {
     if (signal.arguments().size() == 3) {
-        ++changes;
+        ++m_changes;
         take(signal.arguments().constLast());
     }
 }
@@ -86,8 +86,8 @@ void PortalColorScheme::take(const QVariant& value) {
 }
 
 void PortalColorScheme::setScheme(Scheme scheme) {
-    if (scheme != current) {
-        current = scheme;
+    if (scheme != m_scheme) {
+        m_scheme = scheme;
         Q_EMIT changed();
     }
 }

@@ -25,7 +25,7 @@ public:
 
     PortalColorScheme();
 
-    [[nodiscard]] Scheme scheme() const { return current; }
+    [[nodiscard]] Scheme scheme() const { return m_scheme; }
 
 Q_SIGNALS:
     void changed();
@@ -40,10 +40,10 @@ private:
     void take(const QVariant& value);
     void setScheme(Scheme scheme);
 
-    LateSessionBus bus;
-    Scheme current = Scheme::unspecified;
+    LateSessionBus m_bus;
+    Scheme m_scheme = Scheme::unspecified;
     /// How many changes were told.
-    unsigned changes = 0;
+    unsigned m_changes = 0;
 };
 
 } // namespace quillary

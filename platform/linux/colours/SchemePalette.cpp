@@ -35,12 +35,12 @@ QPalette paletteOf(const Tones& tones, const QColor& accent) {
 
 } // namespace
 
-SchemePalette::SchemePalette() : theme(QGuiApplication::palette()) {
+SchemePalette::SchemePalette() : m_theme(QGuiApplication::palette()) {
     QMetaObject::invokeMethod(
         this,
         [this] {
-            portal.emplace();
-            connect(&*portal, &PortalColorScheme::changed, this, &SchemePalette::apply);
+            m_portal.emplace();
+            connect(&*m_portal, &PortalColorScheme::changed, this, &SchemePalette::apply);
         },
         Qt::QueuedConnection);
 }
@@ -58,7 +58,7 @@ QPalette SchemePalette::paletteFor(Scheme scheme, const QPalette& theme) {
 }
 
 void SchemePalette::apply() {
-    QGuiApplication::setPalette(paletteFor(portal->scheme(), theme));
+    QGuiApplication::setPalette(paletteFor(m_portal->scheme(), m_theme));
 }
 
 } // namespace quillary

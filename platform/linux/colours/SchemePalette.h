@@ -23,8 +23,8 @@ private:
     void apply();
 
     // Made by the event loop: a program that ends before it runs has no need of it.
-    std::optional<PortalColorScheme> portal;
-    const QPalette theme;
+    std::optional<PortalColorScheme> m_portal;
+    const QPalette m_theme;
 };
 
 } // namespace quillary

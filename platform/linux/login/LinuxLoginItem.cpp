@@ -26,16 +26,16 @@ bool starts(const fs::path& entry) {
 
 } // namespace
 
-LinuxLoginItem::LinuxLoginItem(Program described) : program(std::move(described)) {}
+LinuxLoginItem::LinuxLoginItem(Program program) : m_program(std::move(program)) {}
 
 fs::path LinuxLoginItem::userEntry() const {
-    return LinuxFolders::configuration() / "autostart" / (program.id + ".desktop");
+    return LinuxFolders::configuration() / "autostart" / (m_program.id + ".desktop");
 }
 
 std::vector<fs::path> LinuxLoginItem::systemEntries() const {
     std::vector<fs::path> entries;
     for (const auto& folder : LinuxFolders::systemConfiguration()) {
-        entries.push_back(folder / "autostart" / (program.id + ".desktop"));
+        entries.push_back(folder / "autostart" / (m_program.id + ".desktop"));
     }
     return entries;
 }
@@ -66,13 +66,13 @@ Result<> LinuxLoginItem::write(const std::string& text) const {
 }
 
 Result<> LinuxLoginItem::registerItem() {
-    const auto text = AutostartEntry::text(program.name, program.id, program.path);
-    return text ? write(*text) : Failure("an entry cannot start " + program.path);
+    const auto text = AutostartEntry::text(m_program.name, m_program.id, m_program.path);
+    return text ? write(*text) : Failure("an entry cannot start " + m_program.path);
 }
 
 Result<> LinuxLoginItem::unregisterItem() {
     if (startedBySystem()) {
-        return write(AutostartEntry::hiddenText(program.name));
+        return write(AutostartEntry::hiddenText(m_program.name));
     }
     std::error_code error;
     fs::remove(userEntry(), error);

@@ -35,7 +35,7 @@ private:
     [[nodiscard]] bool startedBySystem() const;
     [[nodiscard]] Result<> write(const std::string& text) const;
 
-    Program program;
+    Program m_program;
 };
 
 } // namespace quillary

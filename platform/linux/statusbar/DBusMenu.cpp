@@ -40,7 +40,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, DBusMenuEvent& ev
     return argument;
 }
 
-DBusMenu::DBusMenu(std::function<Menu()> menuSource) : source(std::move(menuSource)) {
+DBusMenu::DBusMenu(std::function<Menu()> source) : m_source(std::move(source)) {
     registerTypes();
 }
 
@@ -53,9 +53,9 @@ QString DBusMenu::status() const {
 }
 
 bool DBusMenu::refresh() {
-    const bool changed = layoutNow.update(source());
+    const bool changed = m_layout.update(m_source());
     if (changed) {
-        Q_EMIT LayoutUpdated(layoutNow.revision(), 0);
+        Q_EMIT LayoutUpdated(m_layout.revision(), 0);
     }
     return changed;
 }
@@ -71,26 +71,26 @@ uint DBusMenu::GetLayout(int parentId, int recursionDepth, const QStringList& pr
     if (parentId == 0) {
         refresh();
     }
-    if (auto found = layoutNow.node(parentId, recursionDepth, propertyNames)) {
+    if (auto found = m_layout.node(parentId, recursionDepth, propertyNames)) {
         layout = std::move(*found);
     } else {
         refuse(parentId);
     }
-    return layoutNow.revision();
+    return m_layout.revision();
 }
 
 QList<DBusMenuLine> DBusMenu::GetGroupProperties(const QList<int>& ids, const QStringList& propertyNames) {
     QList<DBusMenuLine> result;
     for (const int id : ids) {
-        if (layoutNow.contains(id)) {
-            result.append({.id = id, .properties = layoutNow.properties(id, propertyNames)});
+        if (m_layout.contains(id)) {
+            result.append({.id = id, .properties = m_layout.properties(id, propertyNames)});
         }
     }
     return result;
 }
 
 QDBusVariant DBusMenu::GetProperty(int id, const QString& name) {
-    const auto value = layoutNow.properties(id, {name}).value(name);
+    const auto value = m_layout.properties(id, {name}).value(name);
     if (!value.isValid()) {
         refuse(id);
         return {};
@@ -99,10 +99,10 @@ QDBusVariant DBusMenu::GetProperty(int id, const QString& name) {
 }
 
 bool DBusMenu::handle(int id, const QString& kind) {
-    if (!layoutNow.contains(id)) {
+    if (!m_layout.contains(id)) {
         return false;
     }
-    const auto* entry = layoutNow.entry(id);
+    const auto* entry = m_layout.entry(id);
     if (kind == "clicked"_L1 && entry != nullptr) {
         // After the answer, and by a copy: it may do away with this.
         QMetaObject::invokeMethod(
@@ -134,7 +134,7 @@ bool DBusMenu::AboutToShow(int id) {
 QList<int> DBusMenu::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
     QList<int> changed;
     for (const int id : ids) {
-        if (!layoutNow.contains(id)) {
+        if (!m_layout.contains(id)) {
             idErrors.append(id);
         } else if (AboutToShow(id)) {
             changed.append(id);

@@ -33,7 +33,7 @@ class DBusMenu final : public QObject, protected QDBusContext {
 
 public:
     /// The menu is asked for on the main thread, whenever it may be shown next.
-    explicit DBusMenu(std::function<Menu()> menuSource);
+    explicit DBusMenu(std::function<Menu()> source);
 
     [[nodiscard]] uint version() const { return protocolVersion; }
     [[nodiscard]] QString textDirection() const;
@@ -61,8 +61,8 @@ private:
     [[nodiscard]] bool handle(int id, const QString& kind);
     void refuse(int id) const;
 
-    std::function<Menu()> source;
-    DBusMenuLayout layoutNow;
+    std::function<Menu()> m_source;
+    DBusMenuLayout m_layout;
 };
 
 } // namespace quillary

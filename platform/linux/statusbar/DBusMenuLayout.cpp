@@ -14,7 +14,7 @@ namespace {
 constexpr int lastFirstId = 1'000'000'000;
 
 bool looksSame(const Menu& one, const Menu& other) {
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(), [](const auto& a, const auto& b) {
+    return std::ranges::equal(one, other, [](const auto& a, const auto& b) {
         return a.kind == b.kind && a.title == b.title && a.checked == b.checked && a.enabled == b.enabled &&
                a.keyEquivalent == b.keyEquivalent && looksSame(a.items, b.items);
     });
@@ -91,40 +91,40 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, DBusMenuLine& lin
     return argument;
 }
 
-bool DBusMenuLayout::update(Menu replacement) {
-    const bool same = looksSame(menu, replacement);
-    menu = std::move(replacement);
+bool DBusMenuLayout::update(Menu menu) {
+    const bool same = looksSame(m_menu, menu);
+    m_menu = std::move(menu);
     if (!same) {
-        ++changes;
-        firstId = nextId > lastFirstId ? 1 : nextId;
+        ++m_revision;
+        m_firstId = m_nextId > lastFirstId ? 1 : m_nextId;
     }
-    renumber(firstId);
+    renumber(m_firstId);
     return !same;
 }
 
 void DBusMenuLayout::renumber(int start) {
-    lines.clear();
-    nextId = start;
-    lines[0] = {.children = number(menu)};
+    m_lines.clear();
+    m_nextId = start;
+    m_lines[0] = {.children = number(m_menu)};
 }
 
 std::vector<int> DBusMenuLayout::number(const Menu& items) {
     std::vector<int> ids;
     for (const auto& item : items) {
-        const int id = nextId++;
+        const int id = m_nextId++;
         ids.push_back(id);
-        lines[id] = {.item = &item, .children = number(item.items)};
+        m_lines[id] = {.item = &item, .children = number(item.items)};
     }
     return ids;
 }
 
 bool DBusMenuLayout::contains(int id) const {
-    return lines.contains(id);
+    return m_lines.contains(id);
 }
 
 QVariantMap DBusMenuLayout::properties(int id, const QStringList& names) const {
-    const auto line = lines.find(id);
-    if (line == lines.end()) {
+    const auto line = m_lines.find(id);
+    if (line == m_lines.end()) {
         return {};
     }
     auto map = line->second.item == nullptr ? QVariantMap{{u"children-display"_s, u"submenu"_s}}
@@ -136,8 +136,8 @@ QVariantMap DBusMenuLayout::properties(int id, const QStringList& names) const {
 }
 
 std::optional<DBusMenuNode> DBusMenuLayout::node(int id, int depth, const QStringList& names) const {
-    const auto line = lines.find(id);
-    if (line == lines.end()) {
+    const auto line = m_lines.find(id);
+    if (line == m_lines.end()) {
         return std::nullopt;
     }
     DBusMenuNode result{.id = id, .properties = properties(id, names)};
@@ -150,8 +150,8 @@ std::optional<DBusMenuNode> DBusMenuLayout::node(int id, int depth, const QStrin
 }
 
 const ClosureMenuItem* DBusMenuLayout::entry(int id) const {
-    const auto line = lines.find(id);
-    const auto* item = line == lines.end() ? nullptr : line->second.item;
+    const auto line = m_lines.find(id);
+    const auto* item = line == m_lines.end() ? nullptr : line->second.item;
     return item != nullptr && item->enabled && item->kind == ClosureMenuItem::Kind::entry ? item : nullptr;
 }
 

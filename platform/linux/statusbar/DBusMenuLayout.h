@@ -38,9 +38,9 @@ class DBusMenuLayout {
 public:
     /// Whether the menu looks otherwise than the one before. Its handlers are the ones that count from now
     /// on.
-    [[nodiscard]] bool update(Menu replacement);
+    [[nodiscard]] bool update(Menu menu);
     /// Counts how often the menu changed its looks; never 0.
-    [[nodiscard]] std::uint32_t revision() const { return changes; }
+    [[nodiscard]] std::uint32_t revision() const { return m_revision; }
 
     [[nodiscard]] bool contains(int id) const;
     /// The line and so many levels below it, all of them when that is negative; absent when there is no such
@@ -60,11 +60,11 @@ private:
     [[nodiscard]] std::vector<int> number(const Menu& items);
     void renumber(int start);
 
-    Menu menu;
-    std::map<int, Line> lines{{0, {}}};
-    int firstId = 1;
-    int nextId = 1;
-    std::uint32_t changes = 1;
+    Menu m_menu;
+    std::map<int, Line> m_lines{{0, {}}};
+    int m_firstId = 1;
+    int m_nextId = 1;
+    std::uint32_t m_revision = 1;
 };
 
 } // namespace quillary

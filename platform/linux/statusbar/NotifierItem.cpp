@@ -78,8 +78,10 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierToolTip& 
     return argument;
 }
 
-NotifierItem::NotifierItem(const QIcon& symbol, QString accessibleName, QString menuPath)
-    : name(std::move(accessibleName)), path(std::move(menuPath)), pictures(NotifierPixmap::allOf(symbol)) {
+NotifierItem::NotifierItem(const QIcon& symbol, QString description, QString menu)
+    : m_description(std::move(description)),
+      m_menu(std::move(menu)),
+      m_pixmaps(NotifierPixmap::allOf(symbol)) {
     registerTypes();
 }
 

@@ -55,18 +55,18 @@ class NotifierItem final : public QObject {
     Q_PROPERTY(QDBusObjectPath Menu READ menu CONSTANT)
 
 public:
-    NotifierItem(const QIcon& symbol, QString accessibleName, QString menuPath);
+    NotifierItem(const QIcon& symbol, QString description, QString menu);
 
     [[nodiscard]] QString category() const;
     [[nodiscard]] QString title() const;
     [[nodiscard]] QString status() const;
     [[nodiscard]] int windowId() const { return 0; }
     [[nodiscard]] QString noName() const { return {}; }
-    [[nodiscard]] QList<NotifierPixmap> pixmaps() const { return pictures; }
-    [[nodiscard]] QString description() const { return name; }
-    [[nodiscard]] NotifierToolTip toolTip() const { return {.title = name}; }
+    [[nodiscard]] QList<NotifierPixmap> pixmaps() const { return m_pixmaps; }
+    [[nodiscard]] QString description() const { return m_description; }
+    [[nodiscard]] NotifierToolTip toolTip() const { return {.title = m_description}; }
     [[nodiscard]] bool itemIsMenu() const { return true; }
-    [[nodiscard]] QDBusObjectPath menu() const { return path; }
+    [[nodiscard]] QDBusObjectPath menu() const { return m_menu; }
 
 public Q_SLOTS:
     // The names are the protocol's. Positions are pixels of the screen; 0, 0 when the bar has no better idea.
@@ -81,9 +81,9 @@ Q_SIGNALS:
     void menuWanted(QPoint position);
 
 private:
-    QString name;
-    QDBusObjectPath path;
-    QList<NotifierPixmap> pictures;
+    QString m_description;
+    QDBusObjectPath m_menu;
+    QList<NotifierPixmap> m_pixmaps;
 };
 
 } // namespace quillary

@@ -19,12 +19,12 @@ const auto watcherPath = u"/StatusNotifierWatcher"_s;
 } // namespace
 
 NotifierWatcher::NotifierWatcher() {
-    connect(&session, &LateSessionBus::connected, this, &NotifierWatcher::follow);
-    connect(&session, &LateSessionBus::absent, this, &NotifierWatcher::forget);
+    connect(&m_bus, &LateSessionBus::connected, this, &NotifierWatcher::follow);
+    connect(&m_bus, &LateSessionBus::absent, this, &NotifierWatcher::forget);
 }
 
 void NotifierWatcher::follow() {
-    auto connection = *session.connection();
+    auto connection = *m_bus.connection();
     connection.connect(driver, driverPath, driver, u"NameOwnerChanged"_s, {watcherName}, {}, this,
                        SLOT(nameOwnerChanged(QString, QString, QString)));
     for (const auto& signal : {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s}) {
@@ -36,11 +36,11 @@ void NotifierWatcher::follow() {
 
 template<typename Function>
 void NotifierWatcher::call(const QDBusMessage& message, Function answered) {
-    auto* pending = new QDBusPendingCallWatcher(session.connection()->asyncCall(message, patience), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [pending, answered, asked = owner, this] {
+    auto* pending = new QDBusPendingCallWatcher(m_bus.connection()->asyncCall(message, patience), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [pending, answered, asked = m_owner, this] {
         pending->deleteLater();
         // What one answers says nothing of the next.
-        if (asked == owner && session.connection()) {
+        if (asked == m_owner && m_bus.connection()) {
             answered(pending->reply());
         }
     });
@@ -62,12 +62,12 @@ void NotifierWatcher::nameOwnerChanged(const QString& name, const QString& /*bef
 }
 
 void NotifierWatcher::setOwner(const QString& name) {
-    if (!name.isEmpty() && name == owner) {
+    if (!name.isEmpty() && name == m_owner) {
         return;
     }
-    owner = name;
-    taken = false;
-    if (owner.isEmpty()) {
+    m_owner = name;
+    m_isTaken = false;
+    if (m_owner.isEmpty()) {
         setState(State::absent);
         return;
     }
@@ -77,11 +77,11 @@ void NotifierWatcher::setOwner(const QString& name) {
 
 void NotifierWatcher::introduce() {
     auto message =
-        QDBusMessage::createMethodCall(owner, watcherPath, watcherName, u"RegisterStatusNotifierItem"_s);
-    message << session.connection()->baseService();
+        QDBusMessage::createMethodCall(m_owner, watcherPath, watcherName, u"RegisterStatusNotifierItem"_s);
+    message << m_bus.connection()->baseService();
     call(message, [this](const QDBusMessage& reply) {
         if (reply.type() == QDBusMessage::ReplyMessage) {
-            taken = true;
+            m_isTaken = true;
             askHosts();
         } else if (reply.errorName() == QDBusError::errorString(QDBusError::NoReply)) {
             setState(State::silent);
@@ -92,14 +92,14 @@ void NotifierWatcher::introduce() {
 }
 
 void NotifierWatcher::hostsChanged() {
-    if (session.connection() && taken) {
+    if (m_bus.connection() && m_isTaken) {
         askHosts();
     }
 }
 
 void NotifierWatcher::askHosts() {
     auto message =
-        QDBusMessage::createMethodCall(owner, watcherPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+        QDBusMessage::createMethodCall(m_owner, watcherPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     message << watcherName << u"IsStatusNotifierHostRegistered"_s;
     call(message, [this](const QDBusMessage& reply) {
         const QDBusPendingReply<QDBusVariant> value(reply);
@@ -108,14 +108,14 @@ void NotifierWatcher::askHosts() {
 }
 
 void NotifierWatcher::forget() {
-    owner.clear();
-    taken = false;
+    m_owner.clear();
+    m_isTaken = false;
     setState(State::absent);
 }
 
 void NotifierWatcher::setState(State state) {
-    if (state != now) {
-        now = state;
+    if (state != m_state) {
+        m_state = state;
         Q_EMIT stateChanged();
     }
 }

@@ -32,9 +32,9 @@ public:
 
     NotifierWatcher();
 
-    [[nodiscard]] State state() const { return now; }
+    [[nodiscard]] State state() const { return m_state; }
     /// The bus; absent while it has not answered.
-    [[nodiscard]] const std::optional<QDBusConnection>& bus() const { return session.connection(); }
+    [[nodiscard]] const std::optional<QDBusConnection>& bus() const { return m_bus.connection(); }
 
     /// How long the other side gets to answer, in milliseconds.
     static constexpr int patience = 5000;
@@ -60,10 +60,10 @@ private:
     void setState(State state);
 
     // Of its own: bars drop an item when the connection goes, and it goes with the item.
-    LateSessionBus session;
-    QString owner;
-    bool taken = false;
-    State now = State::unknown;
+    LateSessionBus m_bus;
+    QString m_owner;
+    bool m_isTaken = false;
+    State m_state = State::unknown;
 };
 
 } // namespace quillary

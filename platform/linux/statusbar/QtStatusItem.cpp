@@ -28,18 +28,18 @@ void nameTrayWindow(const QString& name) {
 
 } // namespace
 
-QtStatusItem::QtStatusItem(const QIcon& icon, const std::string& accessibleName,
-                           std::function<Menu()> menuNeedsUpdate, Surroundings places)
-    : symbol(icon),
-      description(QString::fromUtf8(accessibleName.data(), static_cast<qsizetype>(accessibleName.size()))),
-      menuSource(std::move(menuNeedsUpdate)),
-      surroundings(std::move(places)),
-      menu(menuSource),
-      item(symbol, description, menuPath) {
-    connect(&watcher, &NotifierWatcher::connected, this, &QtStatusItem::registerObjects);
-    connect(&watcher, &NotifierWatcher::stateChanged, this, &QtStatusItem::update);
-    connect(&item, &NotifierItem::menuWanted, this,
-            [this](QPoint position) { open(surroundings.toPoints(position)); });
+QtStatusItem::QtStatusItem(const QIcon& symbol, const std::string& description,
+                           std::function<Menu()> menuSource, Surroundings surroundings)
+    : m_symbol(symbol),
+      m_description(QString::fromUtf8(description.data(), static_cast<qsizetype>(description.size()))),
+      m_menuSource(std::move(menuSource)),
+      m_surroundings(std::move(surroundings)),
+      m_menu(m_menuSource),
+      m_item(m_symbol, m_description, menuPath) {
+    connect(&m_watcher, &NotifierWatcher::connected, this, &QtStatusItem::registerObjects);
+    connect(&m_watcher, &NotifierWatcher::stateChanged, this, &QtStatusItem::update);
+    connect(&m_item, &NotifierItem::menuWanted, this,
+            [this](QPoint position) { open(m_surroundings.toPoints(position)); });
 }
 
 QtStatusItem::~QtStatusItem() {
@@ -47,15 +47,15 @@ QtStatusItem::~QtStatusItem() {
 }
 
 void QtStatusItem::registerObjects() {
-    auto bus = *watcher.bus();
+    auto bus = *m_watcher.bus();
     const auto everything = QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties;
-    bus.registerObject(itemPath, &item, everything | QDBusConnection::ExportScriptableSignals);
-    bus.registerObject(menuPath, &menu, everything | QDBusConnection::ExportAllSignals);
+    bus.registerObject(itemPath, &m_item, everything | QDBusConnection::ExportScriptableSignals);
+    bus.registerObject(menuPath, &m_menu, everything | QDBusConnection::ExportAllSignals);
 }
 
 void QtStatusItem::setTrayPresent(bool present) {
-    if (present != trayPresent) {
-        trayPresent = present;
+    if (present != m_trayPresent) {
+        m_trayPresent = present;
         update();
     }
 }
@@ -63,46 +63,48 @@ void QtStatusItem::setTrayPresent(bool present) {
 // Not before the bus has answered, and not while somebody on it is silent: the toolkit asks there by itself
 // when the icon is made, and waits.
 bool QtStatusItem::trayMayBeUsed() const {
-    return watcher.state() == NotifierWatcher::State::absent ||
-           watcher.state() == NotifierWatcher::State::idle;
+    return m_watcher.state() == NotifierWatcher::State::absent ||
+           m_watcher.state() == NotifierWatcher::State::idle;
 }
 
 void QtStatusItem::update() {
-    const bool onBus = watcher.state() == NotifierWatcher::State::shown;
-    if (onBus || !trayPresent) {
-        tray.reset();
-    } else if (!tray && trayMayBeUsed()) {
+    const bool onBus = m_watcher.state() == NotifierWatcher::State::shown;
+    if (onBus || !m_trayPresent) {
+        m_tray.reset();
+    } else if (!m_tray && trayMayBeUsed()) {
         showTrayIcon();
     }
-    const bool now = onBus || tray != nullptr;
-    if (now != shown) {
-        shown = now;
+    const bool now = onBus || m_tray != nullptr;
+    if (now != m_isShown) {
+        m_isShown = now;
         Q_EMIT shownChanged();
     }
 }
 
 void QtStatusItem::showTrayIcon() {
-    tray = std::make_unique<QSystemTrayIcon>(symbol);
-    tray->setToolTip(description);
-    connect(tray.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
-        if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context) {
-            openAtIcon();
-        }
-    });
-    tray->show();
-    nameTrayWindow(description);
+    m_tray = std::make_unique<QSystemTrayIcon>(m_symbol);
+    m_tray->setToolTip(m_description);
+    connect(m_tray.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context) {
+                    openAtIcon();
+                }
+            });
+    m_tray->show();
+    nameTrayWindow(m_description);
 }
 
 void QtStatusItem::openAtIcon() {
-    const QRect icon = tray->geometry();
-    const QRect frame = surroundings.frameNear(icon.center());
+    const QRect icon = m_tray->geometry();
+    const QRect frame = m_surroundings.frameNear(icon.center());
     // Beside the icon, on the side where the screen is.
     const bool below = icon.center().y() < frame.center().y();
     open(below ? QPoint(icon.left(), icon.bottom() + 1) : icon.topLeft());
 }
 
 void QtStatusItem::open(QPoint corner) {
-    QtMenu::popUp(menuSource(), {corner, surroundings.frameNear(corner), surroundings.grab}, *this, nullptr);
+    QtMenu::popUp(m_menuSource(), {corner, m_surroundings.frameNear(corner), m_surroundings.grab}, *this,
+                  nullptr);
 }
 
 } // namespace quillary

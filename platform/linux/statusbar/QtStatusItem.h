@@ -34,11 +34,11 @@ public:
     };
 
     /// Shows nothing yet.
-    QtStatusItem(const QIcon& icon, const std::string& accessibleName, std::function<Menu()> menuNeedsUpdate,
-                 Surroundings places);
+    QtStatusItem(const QIcon& symbol, const std::string& description, std::function<Menu()> menuSource,
+                 Surroundings surroundings);
     ~QtStatusItem() override;
 
-    [[nodiscard]] bool isShown() const override { return shown; }
+    [[nodiscard]] bool isShown() const override { return m_isShown; }
 
     /// Whether the window system has a tray of its own now.
     void setTrayPresent(bool present);
@@ -51,16 +51,16 @@ private:
     void openAtIcon();
     void open(QPoint corner);
 
-    QIcon symbol;
-    QString description;
-    std::function<Menu()> menuSource;
-    Surroundings surroundings;
-    DBusMenu menu;
-    NotifierItem item;
-    NotifierWatcher watcher;
-    std::unique_ptr<QSystemTrayIcon> tray;
-    bool trayPresent = false;
-    bool shown = false;
+    QIcon m_symbol;
+    QString m_description;
+    std::function<Menu()> m_menuSource;
+    Surroundings m_surroundings;
+    DBusMenu m_menu;
+    NotifierItem m_item;
+    NotifierWatcher m_watcher;
+    std::unique_ptr<QSystemTrayIcon> m_tray;
+    bool m_trayPresent = false;
+    bool m_isShown = false;
 };
 
 } // namespace quillary

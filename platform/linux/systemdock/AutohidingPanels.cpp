@@ -7,35 +7,34 @@
 
 namespace quillary {
 
-AutohidingPanels::AutohidingPanels(std::unique_ptr<PanelModes> controlled, SavedValuesFile savedValues,
-                                   SystemLog& systemLog)
-    : panels(std::move(controlled)), file(std::move(savedValues)), log(systemLog) {}
+AutohidingPanels::AutohidingPanels(std::unique_ptr<PanelModes> panels, SavedValuesFile file, SystemLog& log)
+    : m_panels(std::move(panels)), m_file(std::move(file)), m_log(log) {}
 
 DockPrefs AutohidingPanels::read() {
-    const auto now = panels->read();
-    isReachable = now.has_value();
-    if (!isReachable) {
+    const auto now = m_panels->read();
+    m_isReachable = now.has_value();
+    if (!m_isReachable) {
         logFailure("read", now.error());
     }
-    if (!isReachable || now->empty()) {
+    if (!m_isReachable || now->empty()) {
         return DockPrefs::hidden;
     }
-    const auto saved = file.load();
+    const auto saved = m_file.load();
     if (isHidden(*now, saved)) {
         return DockPrefs::hidden;
     }
     if (saved.state != SavedValuesFile::State::absent) {
-        file.remove();
+        m_file.remove();
     }
     return ownValues(*now);
 }
 
 void AutohidingPanels::write(const DockPrefs& prefs) {
     // Asking again would only take more of the time in which the program stands still.
-    if (!isReachable) {
+    if (!m_isReachable) {
         return;
     }
-    const auto now = panels->read();
+    const auto now = m_panels->read();
     if (!now) {
         logFailure("read", now.error());
     } else if (now->empty()) {
@@ -52,7 +51,7 @@ bool AutohidingPanels::isHidden(const SavedValues& now, const SavedValuesFile::C
     if (saved.state == SavedValuesFile::State::absent) {
         return false;
     }
-    const auto isAway = [this](const auto& panel) { return panels->isAway(panel.second); };
+    const auto isAway = [this](const auto& panel) { return m_panels->isAway(panel.second); };
     if (saved.state == SavedValuesFile::State::damaged) {
         return std::ranges::any_of(now, isAway);
     }
@@ -69,17 +68,17 @@ DockPrefs AutohidingPanels::ownValues(const SavedValues& now) const {
         return {};
     }
     const bool all =
-        std::ranges::all_of(now, [this](const auto& panel) { return panels->isAway(panel.second); });
+        std::ranges::all_of(now, [this](const auto& panel) { return m_panels->isAway(panel.second); });
     return {.autohide = all, .delay = std::nullopt};
 }
 
 SavedValues AutohidingPanels::toPutAside(const SavedValues& now) const {
-    const auto saved = file.load();
+    const auto saved = m_file.load();
     auto values = now;
     if (saved.state == SavedValuesFile::State::valid && isHidden(now, saved)) {
         for (auto& [id, mode] : values) {
             const auto own = saved.values.find(id);
-            if (own != saved.values.end() && panels->isAway(mode)) {
+            if (own != saved.values.end() && m_panels->isAway(mode)) {
                 mode = own->second;
             }
         }
@@ -88,42 +87,42 @@ SavedValues AutohidingPanels::toPutAside(const SavedValues& now) const {
 }
 
 void AutohidingPanels::hide(const SavedValues& now) {
-    if (const auto stored = file.store(toPutAside(now)); !stored) {
+    if (const auto stored = m_file.store(toPutAside(now)); !stored) {
         logFailure("hide", stored.error());
         return;
     }
     SavedValues changes;
     for (const auto& [id, mode] : now) {
-        if (!panels->isAway(mode)) {
-            changes.emplace(id, panels->awayFrom(mode));
+        if (!m_panels->isAway(mode)) {
+            changes.emplace(id, m_panels->awayFrom(mode));
         }
     }
-    if (const auto written = panels->write(changes); !written) {
+    if (const auto written = m_panels->write(changes); !written) {
         logFailure("hide", written.error());
     }
 }
 
 void AutohidingPanels::bringBack(const SavedValues& now, const DockPrefs& prefs) {
-    const auto saved = file.load();
+    const auto saved = m_file.load();
     const auto changes =
         saved.state == SavedValuesFile::State::valid ? remembered(now, saved.values) : chosen(now, prefs);
-    if (const auto written = panels->write(changes); !written) {
+    if (const auto written = m_panels->write(changes); !written) {
         // What was put aside stays for the next try.
         logFailure("bring back", written.error());
         return;
     }
-    file.remove();
+    m_file.remove();
 }
 
 SavedValues AutohidingPanels::remembered(const SavedValues& now, const SavedValues& saved) const {
     SavedValues changes;
     for (const auto& [id, mode] : now) {
         const auto own = saved.find(id);
-        if (own == saved.end() || !panels->isAway(mode) || own->second == mode) {
+        if (own == saved.end() || !m_panels->isAway(mode) || own->second == mode) {
             continue;
         }
-        const bool isUsable = !own->second || panels->isMode(*own->second);
-        changes.emplace(id, isUsable ? own->second : panels->shown());
+        const bool isUsable = !own->second || m_panels->isMode(*own->second);
+        changes.emplace(id, isUsable ? own->second : m_panels->shown());
     }
     return changes;
 }
@@ -132,15 +131,15 @@ SavedValues AutohidingPanels::chosen(const SavedValues& now, const DockPrefs& pr
     const bool wanted = prefs.autohide.value_or(false);
     SavedValues changes;
     for (const auto& [id, mode] : now) {
-        if (panels->isAway(mode) != wanted) {
-            changes.emplace(id, wanted ? panels->awayFrom(mode) : panels->shown());
+        if (m_panels->isAway(mode) != wanted) {
+            changes.emplace(id, wanted ? m_panels->awayFrom(mode) : m_panels->shown());
         }
     }
     return changes;
 }
 
 void AutohidingPanels::logFailure(const std::string& what, const std::string& error) {
-    log.write("Quillary: could not " + what + " " + panels->name() + ": " + error);
+    m_log.write("Quillary: could not " + what + " " + m_panels->name() + ": " + error);
 }
 
 } // namespace quillary

@@ -11,8 +11,7 @@ namespace quillary {
 /// all of them (true), not all (false), or none has a mode of its own (absent); `delay` is absent.
 class AutohidingPanels final : public DesktopDock {
 public:
-    AutohidingPanels(std::unique_ptr<PanelModes> controlled, SavedValuesFile savedValues,
-                     SystemLog& systemLog);
+    AutohidingPanels(std::unique_ptr<PanelModes> panels, SavedValuesFile file, SystemLog& log);
 
     [[nodiscard]] DockPrefs read() override;
     void write(const DockPrefs& prefs) override;
@@ -31,10 +30,10 @@ private:
     [[nodiscard]] SavedValues chosen(const SavedValues& now, const DockPrefs& prefs) const;
     void logFailure(const std::string& what, const std::string& error);
 
-    std::unique_ptr<PanelModes> panels;
-    SavedValuesFile file;
-    SystemLog& log;
-    bool isReachable = true;
+    std::unique_ptr<PanelModes> m_panels;
+    SavedValuesFile m_file;
+    SystemLog& m_log;
+    bool m_isReachable = true;
 };
 
 } // namespace quillary

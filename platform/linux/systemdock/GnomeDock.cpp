@@ -39,25 +39,25 @@ bool isFlag(GSettingsSchema* schema, const char* key) {
 
 } // namespace
 
-GnomeDock::GnomeDock(GnomeDockSchema::Schema found, SavedValuesFile savedValues, SystemLog& systemLog)
-    : schema(std::move(found)),
-      settings(g_settings_new_full(schema.get(), nullptr, nullptr)),
-      file(std::move(savedValues)),
-      log(systemLog),
-      hidingDelay(GnomeDockSchema::hidingDelay(schema.get())) {}
+GnomeDock::GnomeDock(GnomeDockSchema::Schema schema, SavedValuesFile file, SystemLog& log)
+    : m_schema(std::move(schema)),
+      m_settings(g_settings_new_full(m_schema.get(), nullptr, nullptr)),
+      m_file(std::move(file)),
+      m_log(log),
+      m_hidingDelay(GnomeDockSchema::hidingDelay(m_schema.get())) {}
 
 DockPrefs GnomeDock::read() {
     if (isHidden()) {
         return DockPrefs::hidden;
     }
-    if (file.load().state != SavedValuesFile::State::absent) {
-        file.remove();
+    if (m_file.load().state != SavedValuesFile::State::absent) {
+        m_file.remove();
     }
     DockPrefs own;
-    if (const Value value(g_settings_get_user_value(settings.get(), autohide)); value) {
+    if (const Value value(g_settings_get_user_value(m_settings.get(), autohide)); value) {
         own.autohide = g_variant_get_boolean(value.get()) != 0;
     }
-    if (const Value value(g_settings_get_user_value(settings.get(), showDelay)); value) {
+    if (const Value value(g_settings_get_user_value(m_settings.get(), showDelay)); value) {
         const double delay = g_variant_get_double(value.get());
         own.delay = std::isfinite(delay) ? std::optional(delay) : std::nullopt;
     }
@@ -69,53 +69,55 @@ DockPrefs GnomeDock::read() {
 
 bool GnomeDock::isHidden() const {
     const auto isSet = [this](const char* key) {
-        return isFlag(schema.get(), key) && g_settings_get_boolean(settings.get(), key) != 0;
+        return isFlag(m_schema.get(), key) && g_settings_get_boolean(m_settings.get(), key) != 0;
     };
-    const Value delay(g_settings_get_user_value(settings.get(), showDelay));
-    return isSet(autohide) && delay && g_variant_get_double(delay.get()) == hidingDelay && !isSet(fixed) &&
+    const Value delay(g_settings_get_user_value(m_settings.get(), showDelay));
+    return isSet(autohide) && delay && g_variant_get_double(delay.get()) == m_hidingDelay && !isSet(fixed) &&
            !isSet(dodgesWindows);
 }
 
 bool GnomeDock::canHide() const {
-    const auto isFree = [this](const char* key) { return g_settings_is_writable(settings.get(), key) != 0; };
+    const auto isFree = [this](const char* key) {
+        return g_settings_is_writable(m_settings.get(), key) != 0;
+    };
     return isFree(autohide) && isFree(showDelay);
 }
 
 void GnomeDock::write(const DockPrefs& prefs) {
     if (!canHide()) {
-        log.write("Quillary: could not change GNOME's dock: its settings are locked");
+        m_log.write("Quillary: could not change GNOME's dock: its settings are locked");
         return;
     }
     if (prefs == DockPrefs::hidden) {
         hide();
         return;
     }
-    const auto saved = file.load();
+    const auto saved = m_file.load();
     // All changes at once: the dock never sees a mixture, nor does a crash leave one.
-    g_settings_delay(settings.get());
+    g_settings_delay(m_settings.get());
     if (saved.state == SavedValuesFile::State::valid) {
         bringBack(saved.values);
     } else {
         choose(prefs);
     }
-    g_settings_apply(settings.get());
-    file.remove();
+    g_settings_apply(m_settings.get());
+    m_file.remove();
 }
 
 SavedValues GnomeDock::toPutAside() const {
-    if (auto saved = file.load(); saved.state == SavedValuesFile::State::valid && isHidden()) {
+    if (auto saved = m_file.load(); saved.state == SavedValuesFile::State::valid && isHidden()) {
         return std::move(saved.values);
     }
     SavedValues values;
     const auto add = [&](const char* key) {
-        const Value value(g_settings_get_user_value(settings.get(), key));
+        const Value value(g_settings_get_user_value(m_settings.get(), key));
         values.emplace(key,
                        value ? std::optional(takeText(g_variant_print(value.get(), FALSE))) : std::nullopt);
     };
     add(autohide);
     add(showDelay);
     for (const char* key : furtherKeys) {
-        if (isFlag(schema.get(), key)) {
+        if (isFlag(m_schema.get(), key)) {
             add(key);
         }
     }
@@ -123,32 +125,32 @@ SavedValues GnomeDock::toPutAside() const {
 }
 
 void GnomeDock::hide() {
-    if (const auto stored = file.store(toPutAside()); !stored) {
-        log.write("Quillary: could not hide GNOME's dock: " + stored.error());
+    if (const auto stored = m_file.store(toPutAside()); !stored) {
+        m_log.write("Quillary: could not hide GNOME's dock: " + stored.error());
         return;
     }
-    g_settings_delay(settings.get());
-    g_settings_set_boolean(settings.get(), autohide, TRUE);
-    g_settings_set_double(settings.get(), showDelay, hidingDelay);
+    g_settings_delay(m_settings.get());
+    g_settings_set_boolean(m_settings.get(), autohide, TRUE);
+    g_settings_set_double(m_settings.get(), showDelay, m_hidingDelay);
     for (const char* key : furtherKeys) {
-        if (isFlag(schema.get(), key)) {
-            g_settings_set_boolean(settings.get(), key, FALSE);
+        if (isFlag(m_schema.get(), key)) {
+            g_settings_set_boolean(m_settings.get(), key, FALSE);
         }
     }
-    g_settings_apply(settings.get());
+    g_settings_apply(m_settings.get());
 }
 
 void GnomeDock::bringBack(const SavedValues& values) {
     const auto restore = [&](const char* key) {
         const auto own = values.find(key);
         const bool isKept = own != values.end() && own->second;
-        set(key, isKept ? parsed(own->second->c_str(), schema.get(), key).get() : nullptr);
+        set(key, isKept ? parsed(own->second->c_str(), m_schema.get(), key).get() : nullptr);
     };
     restore(autohide);
     restore(showDelay);
     for (const char* key : furtherKeys) {
         // One that is on again is the user's doing.
-        if (isFlag(schema.get(), key) && g_settings_get_boolean(settings.get(), key) == 0) {
+        if (isFlag(m_schema.get(), key) && g_settings_get_boolean(m_settings.get(), key) == 0) {
             restore(key);
         }
     }
@@ -161,24 +163,24 @@ void GnomeDock::choose(const DockPrefs& prefs) {
     set(autohide, own.get());
     set(showDelay, delay.get());
     for (const char* key : furtherKeys) {
-        if (isFlag(schema.get(), key) && g_settings_get_boolean(settings.get(), key) == 0) {
+        if (isFlag(m_schema.get(), key) && g_settings_get_boolean(m_settings.get(), key) == 0) {
             set(key, nullptr);
         }
     }
 }
 
 void GnomeDock::set(const char* key, GVariant* value) {
-    if (value != nullptr && GnomeDockSchema::takes(schema.get(), key, value)) {
-        g_settings_set_value(settings.get(), key, value);
+    if (value != nullptr && GnomeDockSchema::takes(m_schema.get(), key, value)) {
+        g_settings_set_value(m_settings.get(), key, value);
     } else {
-        g_settings_reset(settings.get(), key);
+        g_settings_reset(m_settings.get(), key);
     }
 }
 
 void GnomeDock::synchronise() {
     const BoundedCall<void> call([](GCancellable* /*cancellable*/) { g_settings_sync(); });
     if (!call.returnsWithin(TimeLimit(longestSynchronisation))) {
-        log.write("Quillary: could not be sure of GNOME's dock: the settings service does not answer");
+        m_log.write("Quillary: could not be sure of GNOME's dock: the settings service does not answer");
     }
 }
 

@@ -12,8 +12,8 @@ namespace quillary {
 /// despite the two values reads as `autohide` false.
 class GnomeDock final : public DesktopDock {
 public:
-    /// `found` must not be null.
-    GnomeDock(GnomeDockSchema::Schema found, SavedValuesFile savedValues, SystemLog& systemLog);
+    /// `schema` must not be null.
+    GnomeDock(GnomeDockSchema::Schema schema, SavedValuesFile file, SystemLog& log);
 
     [[nodiscard]] DockPrefs read() override;
     void write(const DockPrefs& prefs) override;
@@ -29,12 +29,12 @@ private:
     /// Sets a key, or takes the user's value away for null and for a value that the key doesn't take.
     void set(const char* key, GVariant* value);
 
-    GnomeDockSchema::Schema schema;
-    Released<GSettings, g_object_unref> settings;
-    SavedValuesFile file;
-    SystemLog& log;
+    GnomeDockSchema::Schema m_schema;
+    Released<GSettings, g_object_unref> m_settings;
+    SavedValuesFile m_file;
+    SystemLog& m_log;
     /// Seconds.
-    double hidingDelay;
+    double m_hidingDelay;
 };
 
 } // namespace quillary

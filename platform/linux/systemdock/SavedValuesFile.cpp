@@ -55,14 +55,14 @@ std::string encoded(const SavedValues& values) {
 
 } // namespace
 
-SavedValuesFile::SavedValuesFile(fs::path path) : file(std::move(path)) {}
+SavedValuesFile::SavedValuesFile(fs::path path) : m_path(std::move(path)) {}
 
 SavedValuesFile::Content SavedValuesFile::load() const {
     std::error_code error;
-    if (fs::symlink_status(file, error).type() == fs::file_type::not_found) {
+    if (fs::symlink_status(m_path, error).type() == fs::file_type::not_found) {
         return {};
     }
-    const auto text = readBoundedFile(file, largestFile);
+    const auto text = readBoundedFile(m_path, largestFile);
     auto values = text ? decoded(*text) : std::nullopt;
     return values ? Content{.state = State::valid, .values = std::move(*values)}
                   : Content{.state = State::damaged, .values = {}};
@@ -70,13 +70,13 @@ SavedValuesFile::Content SavedValuesFile::load() const {
 
 Result<> SavedValuesFile::store(const SavedValues& values) const {
     std::error_code error;
-    fs::create_directories(file.parent_path(), error);
-    return AtomicFile::write(file, encoded(values));
+    fs::create_directories(m_path.parent_path(), error);
+    return AtomicFile::write(m_path, encoded(values));
 }
 
 void SavedValuesFile::remove() const {
     std::error_code ignored;
-    fs::remove(file, ignored);
+    fs::remove(m_path, ignored);
 }
 
 } // namespace quillary

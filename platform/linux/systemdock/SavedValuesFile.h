@@ -38,7 +38,7 @@ public:
     void remove() const;
 
 private:
-    std::filesystem::path file;
+    std::filesystem::path m_path;
 };
 
 } // namespace quillary
