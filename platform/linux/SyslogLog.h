@@ -14,8 +14,8 @@ public:
     void write(const std::string& line) override;
 };
 
-/// The text as one line of a log: control characters, line breaks (Unicode's too) and malformed UTF-8 as
-/// spaces, at most 2,048 bytes, cut at a character.
+/// The text as `SyslogLog` writes it: one line of at most 2,048 bytes (`singleLine`), with a space for each
+/// malformed byte.
 [[nodiscard]] std::string asLogLine(std::string_view text);
 
 } // namespace quillary

@@ -8,8 +8,8 @@
 
 namespace quillary {
 
-/// Calls to one service of the session bus that together may take a second, so that the main thread can wait
-/// for them. A service that doesn't run is not started.
+/// Calls to one service on the session bus that may take one second altogether, so that the main thread can
+/// wait for them. A service that isn't running is not started.
 class BusOperation {
 public:
     struct Service {
@@ -21,8 +21,8 @@ public:
 
     /// Null when no service has that name on the bus, or there is no bus.
     using Answer = Released<GVariant, g_variant_unref>;
-    /// Takes over `arguments` when they are floating. An answer of another type than `answerType` is a
-    /// failure.
+    /// Consumes `arguments` when the reference is floating. Fails when the service returns an error, does not
+    /// answer in time, or answers with another type than `answerType`.
     [[nodiscard]] Result<Answer> call(const char* method, GVariant* arguments, const char* answerType);
 
 private:

@@ -23,7 +23,7 @@ QString nextConnectionName() {
     return u"quillary-%1"_s.arg(++count);
 }
 
-// Counts the threads that are connecting. Never destroyed: they may outlive everything else.
+// Counts the threads that are connecting. Never destroyed: the threads may outlive every other object.
 class Connecting {
 public:
     static Connecting& shared() {

@@ -12,7 +12,7 @@ namespace quillary::SessionBus {
 
 namespace {
 
-// Starting a file manager takes seconds on a cold disk; D-Bus itself gives up after 25.
+// Starting a file manager takes seconds from a cold disk; 25 s is the usual timeout of D-Bus.
 constexpr int showTimeoutMilliseconds = 25000;
 
 // The one attempt of the whole run: GIO shares the connection, so its users share the wait for it too.
@@ -39,7 +39,7 @@ Current& current() {
     return instance;
 }
 
-// Whether the attempt is over and has left no connection that could be used.
+// Whether the attempt has ended without a connection, or its connection was lost.
 bool isSpent(const Attempt& attempt) {
     auto* const* bus = attempt.resultWithin(TimeLimit(std::chrono::milliseconds(0)));
     return bus != nullptr && (*bus == nullptr || g_dbus_connection_is_closed(*bus) != 0);

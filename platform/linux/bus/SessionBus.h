@@ -13,12 +13,12 @@ namespace quillary::SessionBus {
 
 /// The connection to the session bus that the whole process shares; it lives as long as the program. Null
 /// when there is no session bus, or it refuses us; an error when the bus takes the connection but does not
-/// answer within the limit. The end of the connection does not end the program.
+/// answer within the limit. Losing the connection does not end the program.
 [[nodiscard]] Result<GDBusConnection*> connect(const TimeLimit& limit);
 
 /// Asks the file manager to show the files of the URIs, selected (org.freedesktop.FileManager1, File Manager
-/// DBus Interface). Waits for the answer; false when there is none or it is an error. Not for the main
-/// thread.
+/// DBus Interface). Blocks until the answer, up to 25 s: not for the main thread. False when there is no
+/// answer or it is an error.
 [[nodiscard]] bool showItems(GDBusConnection* bus, const std::vector<std::string>& uris,
                              const std::string& startupId);
 

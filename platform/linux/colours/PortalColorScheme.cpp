@@ -26,7 +26,7 @@ PortalColorScheme::PortalColorScheme() {
 
 void PortalColorScheme::follow() {
     auto connection = *m_bus.connection();
-    // From anybody: naming the portal would ask the bus for it, and wait for the answer.
+    // From any sender: with the portal's name the toolkit would ask the bus for its owner, and block.
     connection.connect({}, portalPath, settings, u"SettingChanged"_s, {space, key}, {}, this,
                        SLOT(settingChanged(QDBusMessage)));
     connection.connect(driver, driverPath, driver, u"NameOwnerChanged"_s, {portal}, {}, this,
@@ -44,7 +44,7 @@ void PortalColorScheme::ask() {
     auto* pending = new QDBusPendingCallWatcher(m_bus.connection()->asyncCall(message), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, before = m_changes] {
         pending->deleteLater();
-        // The toolkit may hand over a change before the answer that came first.
+        // The toolkit may deliver a change before an answer that arrived earlier.
         if (m_changes != before) {
             return;
         }
@@ -64,7 +64,7 @@ void PortalColorScheme::settingChanged(const QDBusMessage& signal) {
 
 void PortalColorScheme::nameOwnerChanged(const QString& /*name*/, const QString& /*before*/,
                                          const QString& after) {
-    // A portal that restarts tells of no change; while it is away its last word stands.
+    // A restarted portal does not emit a change. While there is no portal, its last value stays valid.
     if (!after.isEmpty()) {
         ask();
     }

@@ -9,15 +9,15 @@ class QVariant;
 
 namespace quillary {
 
-/// Whether the user wants dark or light colours, as the desktop's portal tells (XDG Desktop Portal, interface
+/// The user's preference for dark or light colours, from the desktop's portal (XDG Desktop Portal, interface
 /// org.freedesktop.portal.Settings, key color-scheme of org.freedesktop.appearance). Starts no program and
-/// never waits for one.
+/// never blocks.
 class PortalColorScheme final : public QObject {
     Q_OBJECT
 
 public:
     enum class Scheme {
-        /// The user has no preference, or nobody tells of it.
+        /// The user has no preference, or there is no portal that knows it.
         unspecified,
         dark,
         light,
@@ -42,7 +42,7 @@ private:
 
     LateSessionBus m_bus;
     Scheme m_scheme = Scheme::unspecified;
-    /// How many changes were told.
+    /// Counts the changes that the portal has emitted.
     unsigned m_changes = 0;
 };
 

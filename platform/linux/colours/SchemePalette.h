@@ -8,21 +8,21 @@
 
 namespace quillary {
 
-/// Gives the application's palette the shade that the desktop's portal tells of. A theme that is of that
-/// shade already keeps its own palette, as it does where the user has no preference.
+/// Makes the application's palette dark or light as the user prefers by the desktop's portal. The theme's
+/// palette stays when it has that shade already, or when there is no preference.
 class SchemePalette final : public QObject {
     Q_OBJECT
 
 public:
     SchemePalette();
 
-    /// The palette for a scheme on a desktop whose theme gives the other one.
+    /// The palette to use for the scheme on a desktop whose theme has the palette `theme`.
     [[nodiscard]] static QPalette paletteFor(PortalColorScheme::Scheme scheme, const QPalette& theme);
 
 private:
     void apply();
 
-    // Made by the event loop: a program that ends before it runs has no need of it.
+    // Created by the event loop, so that a program that ends before it runs makes no connection.
     std::optional<PortalColorScheme> m_portal;
     const QPalette m_theme;
 };

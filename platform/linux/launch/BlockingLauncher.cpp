@@ -23,9 +23,9 @@ using Entry = Released<GDesktopAppInfo, g_object_unref>;
 using Info = Released<GAppInfo, g_object_unref>;
 using Error = Released<GError, g_error_free>;
 
-// GIO only refuses an entry, without a reason, and waits for ever for the writer of a pipe. It parses the
-// entry once more when it is opened: made from an entry that was parsed before, it would not know the file's
-// name, which programs are given (GIO_LAUNCHED_DESKTOP_FILE).
+// The reason why an entry cannot be started, which GIO does not give, and a check against pipes, on which GIO
+// would block. GIO still parses the file itself: it has no constructor that takes both parsed keys and the
+// file's name, which it passes to the program (GIO_LAUNCHED_DESKTOP_FILE).
 Result<> check(const std::string& path) {
     std::error_code error;
     const auto status = std::filesystem::status(path, error);

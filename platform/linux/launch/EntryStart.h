@@ -16,9 +16,9 @@ namespace quillary {
 /// How long a launch waits for the session bus to accept the connection.
 inline constexpr std::chrono::milliseconds busPatience{3000};
 
-/// Starts the entry's program by GIO, with the files that are absolute paths: over the session bus when the
-/// entry is DBusActivatable and there is a bus, else as a detached child in a scope of its own. Blocks, up to
-/// half a minute for an activation that gets no answer.
+/// Starts the entry's program with the files (absolute paths): over the session bus when the entry is
+/// DBusActivatable and there is a bus, otherwise as a detached child in its own scope. Blocks, up to 30 s
+/// when an activation is not answered.
 [[nodiscard]] Result<> startEntry(GDesktopAppInfo* entry, const std::vector<std::string>& files,
                                   const StartupOrigin& origin);
 

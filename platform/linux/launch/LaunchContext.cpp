@@ -23,7 +23,7 @@ constexpr const char* launchKey = "quillary-launch";
 constexpr const char* idVariable = "DESKTOP_STARTUP_ID";
 constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN";
 
-// What a service manager, a launcher and our own snapshot hook say about this process alone.
+// Variables by which a service manager, a launcher or our snapshot hook addresses this process alone.
 constexpr std::array ownVariables = {
     "QY_SNAPSHOT_DIR",
     idVariable,
@@ -42,7 +42,7 @@ constexpr std::array ownVariables = {
     "SYSTEMD_EXEC_PID",
 };
 
-// Who asks for an id: GIO only when the entry says StartupNotify or is started over the bus.
+// Which side creates the startup id. GIO does so only for entries with StartupNotify or started over the bus.
 enum class Notification { none, byGio, byUs };
 
 Notification notificationOf(GDesktopAppInfo* entry) {
@@ -63,7 +63,7 @@ std::uint32_t monotonicTime() {
     return static_cast<std::uint32_t>(g_get_monotonic_time() / microsecondsPerMillisecond);
 }
 
-// 0 would ask for no focus.
+// Never 0, which means that the window must not get the focus.
 std::uint32_t moment(const StartupOrigin& origin) {
     auto time = origin.time;
     if (time == 0 && origin.clock) {
@@ -85,7 +85,7 @@ std::string textOf(const char* text) {
     return text != nullptr ? text : "";
 }
 
-// GIO's own answer has the quotes of Exec still around it.
+// GIO's own function returns it with the quotes of Exec.
 std::string programOf(GAppInfo* info) {
     char** words = nullptr;
     const bool parsed =
@@ -103,15 +103,15 @@ StartupSequence sequenceOf(GDesktopAppInfo* entry) {
             .windowClass = textOf(g_desktop_app_info_get_startup_wm_class(entry))};
 }
 
-// One launch, for GIO's calls back. It lives as long as the context, which GIO may keep longer than we do.
+// The state of one launch for GIO's callbacks. Owned by the context, to which GIO may hold a reference.
 struct Launch {
     Released<GDesktopAppInfo, g_object_unref> entry;
     StartupOrigin origin;
     Notification notification = Notification::none;
     std::uint32_t time = 0;
-    // The id that the environment already names, until it is given away.
+    // The id that is in the environment already, until a program uses it.
     std::string prepared;
-    // The id of the sequence that we began ourselves.
+    // The id of the sequence that this class began instead of GIO; else empty.
     std::string own;
 
     void send(const std::string& message) const {
@@ -120,7 +120,7 @@ struct Launch {
         }
     }
 
-    // Each of several programs that one launch starts has a sequence of its own.
+    // When one launch starts several programs, each has its own sequence.
     std::string begin() {
         auto sequence = sequenceOf(entry.get());
         sequence.id = prepared.empty() ? idAt(time) : std::exchange(prepared, {});

@@ -10,29 +10,29 @@ using GDesktopAppInfo = struct _GDesktopAppInfo;     // NOLINT(bugprone-reserved
 
 namespace quillary {
 
-/// What GIO needs to know for one launch: our environment without the variables that are about this process,
-/// and the startup notification.
+/// The launch context that GIO takes for one launch: our environment without the variables that concern this
+/// process only, and startup notification.
 ///
-/// The desktop is told of entries that ask for it by StartupNotify, or name their window by StartupWMClass
-/// and say nothing of StartupNotify; their programs get DESKTOP_STARTUP_ID and XDG_ACTIVATION_TOKEN.
+/// The desktop is notified for entries with StartupNotify=true, and for those with StartupWMClass and without
+/// StartupNotify; their programs get DESKTOP_STARTUP_ID and XDG_ACTIVATION_TOKEN.
 class LaunchContext {
 public:
-    /// Tells the desktop at once where GIO wouldn't later on.
+    /// Notifies the desktop immediately in the cases in which GIO would not do so later.
     LaunchContext(GDesktopAppInfo* entry, StartupOrigin origin);
     LaunchContext(const LaunchContext&) = delete;
     LaunchContext& operator=(const LaunchContext&) = delete;
     ~LaunchContext();
 
     [[nodiscard]] GAppLaunchContext* get() const { return m_context; }
-    /// Tells the desktop, where GIO doesn't, that nothing was started.
+    /// Notifies the desktop, in the cases in which GIO does not, that the launch has failed.
     void fail();
 
 private:
     GAppLaunchContext* m_context;
 };
 
-/// A new startup id: unique, ending in "_TIME<milliseconds>". The moment is the origin's; else the window
-/// system's clock now; else, without a window system, the monotonic clock.
+/// A new startup id: unique, ending in "_TIME<milliseconds>". The time is the origin's; if that is unknown,
+/// the window system's current time; without a window system, the monotonic clock's.
 [[nodiscard]] std::string makeStartupId(const StartupOrigin& origin);
 
 } // namespace quillary

@@ -14,21 +14,23 @@ class SystemLog;
 
 /// Starts applications from their desktop entries and opens files with them.
 ///
-/// Everything runs on a worker, because GIO talks to the session bus on the way and that may not answer: no
-/// call blocks. The program's environment is passed on without what concerns this program alone; the children
-/// are detached (a session of their own, not our children, standard streams to nowhere, none of our files)
-/// and, under a systemd user manager, in a scope of their own. What fails is written to the log as one line.
+/// No function blocks: GIO uses the session bus, which may not answer, so the work runs on a worker, which
+/// writes a failure to the log as one line. Programs inherit the environment except variables that concern
+/// this process only. They are detached: own session, reparented, standard streams connected to /dev/null, no
+/// inherited descriptors; under a systemd user manager, each is in its own scope.
 class Launcher {
 public:
-    /// The first two must outlive the launcher's last work, the notification, which may be null, the
-    /// launcher.
+    /// `scheduler` and `log` must outlive the work that was started; `notification` must outlive the launcher
+    /// and may be null.
     Launcher(Scheduler& scheduler, SystemLog& log, const StartupNotification* notification = nullptr);
 
-    /// Starts the entry, or hands it the files by the field codes of its Exec. Absolute paths.
+    /// Starts the desktop entry, with the files passed according to the field codes of its Exec key. Absolute
+    /// paths.
     void launch(const std::string& entryPath, const std::vector<std::string>& files = {});
     /// Opens a file or folder with its default application.
     void open(const std::string& path);
-    /// Shows the path, selected, in the file manager; when none offers that, opens the folder that holds it.
+    /// Shows the path, selected, in the file manager; when that is not supported, opens the containing
+    /// folder.
     void reveal(const std::string& path);
 
 private:

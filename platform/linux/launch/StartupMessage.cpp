@@ -6,7 +6,7 @@ namespace quillary {
 
 namespace {
 
-// The common implementation gives up a message at 4096 bytes.
+// The common implementation of receivers gives up on a message at 4096 bytes.
 constexpr std::size_t longestMessage = 4000;
 constexpr unsigned char firstPrintable = 0x20;
 constexpr unsigned char deleteCharacter = 0x7f;

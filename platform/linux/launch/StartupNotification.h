@@ -6,23 +6,22 @@
 
 namespace quillary {
 
-/// Where and when the user asked for a program. A value that may go to another thread: it holds nothing of
-/// the object that gave it.
+/// Where and when the user asked for a program. Safe to use on another thread and after the object that
+/// returned it.
 struct StartupOrigin {
-    /// The moment of the click or key, in milliseconds of the window system's clock; 0 when it isn't known.
+    /// The moment of the click or key, in milliseconds of the window system's clock; 0 when unknown.
     std::uint32_t time = 0;
     /// The window system's number of the screen, which may span several monitors.
     int screen = 0;
-    /// The window system's clock now, in milliseconds; 0 when it can't be asked. Waits for the answer. May be
+    /// Reads the window system's clock, in milliseconds; 0 when that fails. Blocks until the answer. May be
     /// empty.
     std::function<std::uint32_t()> clock;
-    /// Sends one message of the Startup Notification protocol to everybody who listens. Waits until it is
-    /// out. May be empty.
+    /// Broadcasts one message of the Startup Notification protocol. Blocks until it is sent. May be empty.
     std::function<void(const std::string& message)> broadcast;
 };
 
-/// How the desktop is told that a program is being started (freedesktop.org, Startup Notification), by which
-/// it shows that it waits and gives the new window the focus unless the user has turned to another one since.
+/// Notifies the desktop that a program is being started (freedesktop.org, Startup Notification), so that it
+/// shows a busy cursor and gives the new window the focus, unless the user has activated another one since.
 class StartupNotification {
 public:
     StartupNotification() = default;
@@ -30,7 +29,7 @@ public:
     StartupNotification& operator=(const StartupNotification&) = delete;
     virtual ~StartupNotification() = default;
 
-    /// The origin of what is started now. For the main thread.
+    /// The origin of a program that is started now. For the main thread.
     [[nodiscard]] virtual StartupOrigin origin() const = 0;
 };
 

@@ -13,7 +13,7 @@ namespace quillary {
 
 namespace {
 
-// For each of the two steps: connecting and the call.
+// For connecting, and again for the call.
 constexpr std::chrono::milliseconds patience{2000};
 
 using Bus = Released<GDBusConnection, g_object_unref>;
@@ -26,7 +26,7 @@ GVariant* properties(const std::string& entryStem, std::int64_t pid) {
                           g_variant_new_fixed_array(G_VARIANT_TYPE_UINT32, &number, 1, sizeof number));
     g_variant_builder_add(&list, "(sv)", "Description", g_variant_new_string(entryStem.c_str()));
     g_variant_builder_add(&list, "(sv)", "Slice", g_variant_new_string("app.slice"));
-    // A scope whose processes failed would otherwise stay in the manager's list for ever.
+    // Otherwise the manager keeps a scope whose processes failed in its list.
     g_variant_builder_add(&list, "(sv)", "CollectMode", g_variant_new_string("inactive-or-failed"));
     return g_variant_builder_end(&list);
 }

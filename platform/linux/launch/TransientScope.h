@@ -7,10 +7,11 @@ using GDBusConnection = struct _GDBusConnection; // NOLINT(bugprone-reserved-ide
 
 namespace quillary {
 
-/// Moves a process of ours that has just started into a scope of its own below the user's service manager, so
-/// that it is accounted for and limited apart from this program (systemd.io, "Desktop Environment
-/// Integration"). `bus` may be null: the user manager's own bus is then tried. Where there is no such manager
-/// nothing happens. Waits for the answer: not for the main thread.
+/// Moves a child process that has just started into its own scope of the user's service manager, so that its
+/// resources are accounted and limited separately from this program (systemd.io, "Desktop Environment
+/// Integration"). `entryStem` is the desktop entry's file name without ".desktop". `bus` may be null; the
+/// user manager's own bus is tried then. Does nothing when there is no such manager. Blocks for some seconds
+/// at most: not for the main thread.
 void putInScopeOfItsOwn(GDBusConnection* bus, const std::string& entryStem, std::int64_t pid);
 
 } // namespace quillary

@@ -41,7 +41,7 @@ std::vector<fs::path> LinuxLoginItem::systemEntries() const {
 }
 
 bool LinuxLoginItem::startedBySystem() const {
-    // The first one counts, whatever it says.
+    // The first entry decides, even when it starts nothing.
     const auto entries = systemEntries();
     const auto first = std::ranges::find_if(entries, isThere);
     return first != entries.end() && starts(*first);

@@ -104,7 +104,7 @@ bool DBusMenu::handle(int id, const QString& kind) {
     }
     const auto* entry = m_layout.entry(id);
     if (kind == "clicked"_L1 && entry != nullptr) {
-        // After the answer, and by a copy: it may do away with this.
+        // Deferred until the call is answered, and on a copy: the handler may destroy this menu.
         QMetaObject::invokeMethod(
             this, [chosen = *entry] { chosen.fire(); }, Qt::QueuedConnection);
     }

@@ -21,8 +21,9 @@ struct DBusMenuEvent {
 QDBusArgument& operator<<(QDBusArgument& argument, const DBusMenuEvent& event);
 const QDBusArgument& operator>>(const QDBusArgument& argument, DBusMenuEvent& event);
 
-/// A menu that another program shows, by com.canonical.dbusmenu version 3. It is asked for anew when the
-/// other side says that it is about to show it and when it reads all of it, because some never say.
+/// A menu that another program shows, by com.canonical.dbusmenu version 3. The menu is rebuilt when the other
+/// program announces that it will show it, and when it reads the whole layout, because some programs never
+/// announce it.
 class DBusMenu final : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.canonical.dbusmenu")
@@ -32,7 +33,7 @@ class DBusMenu final : public QObject, protected QDBusContext {
     Q_PROPERTY(QStringList IconThemePath READ iconThemePath CONSTANT)
 
 public:
-    /// The menu is asked for on the main thread, whenever it may be shown next.
+    /// `source` builds the current menu; called on the main thread before the menu may be shown.
     explicit DBusMenu(std::function<Menu()> source);
 
     [[nodiscard]] uint version() const { return protocolVersion; }

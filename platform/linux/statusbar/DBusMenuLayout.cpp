@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Far below the greatest number, far above what a session uses up.
+// Far below the greatest int, far above what a session consumes.
 constexpr int lastFirstId = 1'000'000'000;
 
 bool looksSame(const Menu& one, const Menu& other) {
@@ -20,7 +20,7 @@ bool looksSame(const Menu& one, const Menu& other) {
     });
 }
 
-// An underscore marks the letter that a key chooses; two stand for one.
+// In the protocol an underscore precedes the access key; two stand for a literal one.
 QString label(const std::string& title) {
     auto text = QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
     return text.replace(u'_', u"__"_s);

@@ -31,24 +31,23 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, DBusMenuNode& nod
 QDBusArgument& operator<<(QDBusArgument& argument, const DBusMenuLine& line);
 const QDBusArgument& operator>>(const QDBusArgument& argument, DBusMenuLine& line);
 
-/// A Menu with the numbers by which com.canonical.dbusmenu speaks of its lines. 0 is the menu itself. A line
-/// keeps its number as long as the menu looks the same; numbers of a menu that looked otherwise are never
-/// used again, so that a choice from an outdated one means nothing.
+/// A Menu with the ids by which com.canonical.dbusmenu addresses its lines; 0 is the menu itself. A line
+/// keeps its id while the menu looks the same. The ids of a menu that looked different are not used again, so
+/// that a choice from an outdated menu has no effect.
 class DBusMenuLayout {
 public:
-    /// Whether the menu looks otherwise than the one before. Its handlers are the ones that count from now
-    /// on.
+    /// Replaces the menu and its handlers; returns whether it looks different from the one before.
     [[nodiscard]] bool update(Menu menu);
-    /// Counts how often the menu changed its looks; never 0.
+    /// Incremented whenever the menu looks different; never 0.
     [[nodiscard]] std::uint32_t revision() const { return m_revision; }
 
     [[nodiscard]] bool contains(int id) const;
-    /// The line and so many levels below it, all of them when that is negative; absent when there is no such
-    /// line. Without names all properties are given.
+    /// The line with `depth` levels below it, all when `depth` is negative; absent when there is no such
+    /// line. `names` selects properties; all when it is empty.
     [[nodiscard]] std::optional<DBusMenuNode> node(int id, int depth, const QStringList& names) const;
-    /// What differs from the protocol's default values.
+    /// The properties that differ from the protocol's defaults; empty when there is no such line.
     [[nodiscard]] QVariantMap properties(int id, const QStringList& names) const;
-    /// The entry that can be chosen by that number; null when there is none.
+    /// The enabled entry with that id; null when there is none.
     [[nodiscard]] const ClosureMenuItem* entry(int id) const;
 
 private:

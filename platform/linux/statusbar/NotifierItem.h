@@ -17,7 +17,7 @@ struct NotifierPixmap {
     int height = 0;
     QByteArray bytes{};
 
-    /// The icon in all sizes that status bars use, one and two device pixels a point.
+    /// The icon in all sizes that status bars use, at one and two device pixels per point.
     [[nodiscard]] static QList<NotifierPixmap> allOf(const QIcon& icon);
 };
 
@@ -35,7 +35,7 @@ QDBusArgument& operator<<(QDBusArgument& argument, const NotifierToolTip& toolTi
 const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierToolTip& toolTip);
 
 /// The program's item in a status bar that speaks org.kde.StatusNotifierItem (freedesktop.org, Status
-/// Notifier Item). The bar shows the menu itself, or asks for it here.
+/// Notifier Item). A bar shows the menu itself, or calls `ContextMenu`.
 class NotifierItem final : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierItem")
@@ -69,7 +69,7 @@ public:
     [[nodiscard]] QDBusObjectPath menu() const { return m_menu; }
 
 public Q_SLOTS:
-    // The names are the protocol's. Positions are pixels of the screen; 0, 0 when the bar has no better idea.
+    // The names are the protocol's. Positions are pixels of the screen; 0, 0 when the bar does not know it.
     void Activate(int x, int y) { Q_EMIT menuWanted(QPoint(x, y)); }
     void ContextMenu(int x, int y) { Q_EMIT menuWanted(QPoint(x, y)); }
     void SecondaryActivate(int /*x*/, int /*y*/) {}
@@ -77,7 +77,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     Q_SCRIPTABLE void NewStatus(const QString& status);
-    /// The bar asks for the menu at that position.
+    /// The bar requests the menu at that position, in pixels of the screen.
     void menuWanted(QPoint position);
 
 private:

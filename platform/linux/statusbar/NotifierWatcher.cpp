@@ -39,7 +39,7 @@ void NotifierWatcher::call(const QDBusMessage& message, Function answered) {
     auto* pending = new QDBusPendingCallWatcher(m_bus.connection()->asyncCall(message, patience), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [pending, answered, asked = m_owner, this] {
         pending->deleteLater();
-        // What one answers says nothing of the next.
+        // An answer of a former owner of the name does not apply to the present one.
         if (asked == m_owner && m_bus.connection()) {
             answered(pending->reply());
         }

@@ -10,37 +10,37 @@ class QDBusMessage;
 
 namespace quillary {
 
-/// The program that keeps the list of status items on the session bus (org.kde.StatusNotifierWatcher): told
-/// of this process's item, at once, whenever it appears, and again when another takes its place. Never waits
-/// for the bus on the main thread, and starts no program.
+/// Registers this process's status item with the program that keeps the list of them on the session bus
+/// (org.kde.StatusNotifierWatcher), whenever that program appears or is replaced. Never blocks the main
+/// thread, and starts no program.
 class NotifierWatcher final : public QObject {
     Q_OBJECT
 
 public:
     enum class State {
-        /// The bus, or whoever has the name on it, has not answered so far.
+        /// The bus, or the watcher, has not answered yet.
         unknown,
-        /// There is no bus, or none has the name on it.
+        /// There is no bus, or no watcher on it.
         absent,
-        /// It has the name, but has not taken the item or has no status bar that would show it.
+        /// The watcher has not accepted the item, or has no status bar that shows it.
         idle,
-        /// It has taken the item and a status bar shows it.
+        /// The watcher has accepted the item and a status bar shows it.
         shown,
-        /// It has the name and did not answer.
+        /// The watcher did not answer in time.
         silent,
     };
 
     NotifierWatcher();
 
     [[nodiscard]] State state() const { return m_state; }
-    /// The bus; absent while it has not answered.
+    /// The connection to the bus; absent while there is none.
     [[nodiscard]] const std::optional<QDBusConnection>& bus() const { return m_bus.connection(); }
 
-    /// How long the other side gets to answer, in milliseconds.
+    /// The timeout of each call to the watcher, in milliseconds.
     static constexpr int patience = 5000;
 
 Q_SIGNALS:
-    /// The bus is there: objects are to be registered now, before it is told of the item.
+    /// The bus is connected, and the item not registered yet: objects must be registered with the bus now.
     void connected();
     void stateChanged();
 
@@ -59,7 +59,7 @@ private:
     void call(const QDBusMessage& message, Function answered);
     void setState(State state);
 
-    // Of its own: bars drop an item when the connection goes, and it goes with the item.
+    // A private connection: bars remove an item when its connection closes, which it does with this object.
     LateSessionBus m_bus;
     QString m_owner;
     bool m_isTaken = false;

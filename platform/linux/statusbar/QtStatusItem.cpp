@@ -13,11 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The places that hosts take for granted.
+// The object paths that hosts expect.
 const auto itemPath = u"/StatusNotifierItem"_s;
 const auto menuPath = u"/MenuBar"_s;
 
-// The toolkit gives the window of its icon no name that could be read out.
+// The toolkit does not give the window of its icon an accessible name.
 void nameTrayWindow(const QString& name) {
     for (auto* widget : QApplication::topLevelWidgets()) {
         if (widget->objectName() == "QSystemTrayIconSys"_L1) {
@@ -60,8 +60,8 @@ void QtStatusItem::setTrayPresent(bool present) {
     }
 }
 
-// Not before the bus has answered, and not while somebody on it is silent: the toolkit asks there by itself
-// when the icon is made, and waits.
+// Not before the bus has answered, nor while the watcher is silent: the toolkit calls it, and blocks, when
+// the icon is created.
 bool QtStatusItem::trayMayBeUsed() const {
     return m_watcher.state() == NotifierWatcher::State::absent ||
            m_watcher.state() == NotifierWatcher::State::idle;
@@ -97,7 +97,7 @@ void QtStatusItem::showTrayIcon() {
 void QtStatusItem::openAtIcon() {
     const QRect icon = m_tray->geometry();
     const QRect frame = m_surroundings.frameNear(icon.center());
-    // Beside the icon, on the side where the screen is.
+    // Beside the icon, towards the middle of the screen.
     const bool below = icon.center().y() < frame.center().y();
     open(below ? QPoint(icon.left(), icon.bottom() + 1) : icon.topLeft());
 }

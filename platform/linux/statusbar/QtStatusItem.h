@@ -16,16 +16,16 @@ class QWindow;
 
 namespace quillary {
 
-/// The status item on desktops that speak StatusNotifierItem over the session bus; on the others an icon in
-/// the window system's own tray, if that is there. Bars on the bus are served by ourselves: the toolkit
-/// decides once in a process which of the two it uses, and misses bars that start later.
+/// The status item on desktops that support StatusNotifierItem on the session bus; on others an icon in the
+/// window system's tray, if there is one. The bus is not left to the toolkit, which chooses between the two
+/// once in a process and misses bars that start later.
 class QtStatusItem final : public StatusItem {
     Q_OBJECT
 
 public:
-    /// What the window system has to say about places.
+    /// Positions in terms of the window system.
     struct Surroundings {
-        /// A position as bars tell it (pixels of the window system) in global points.
+        /// Converts a position as bars report it (pixels of the window system) to global points.
         std::function<QPoint(QPoint)> toPoints;
         /// The frame of the screen nearest to the point, in global points.
         std::function<QRect(QPoint)> frameNear;
@@ -33,7 +33,8 @@ public:
         std::function<bool(QWindow&)> grab;
     };
 
-    /// Shows nothing yet.
+    /// Shows nothing yet. `description` is UTF-8, read to the user by assistive technology; `menuSource`
+    /// builds the menu that is shown next.
     QtStatusItem(const QIcon& symbol, const std::string& description, std::function<Menu()> menuSource,
                  Surroundings surroundings);
     ~QtStatusItem() override;

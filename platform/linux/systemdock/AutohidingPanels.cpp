@@ -30,7 +30,7 @@ DockPrefs AutohidingPanels::read() {
 }
 
 void AutohidingPanels::write(const DockPrefs& prefs) {
-    // Asking again would only take more of the time in which the program stands still.
+    // Another attempt would only block the program for another second.
     if (!m_isReachable) {
         return;
     }
@@ -38,7 +38,7 @@ void AutohidingPanels::write(const DockPrefs& prefs) {
     if (!now) {
         logFailure("read", now.error());
     } else if (now->empty()) {
-        // A desktop that has gone may come back with its panels as they were.
+        // The desktop may come back, with its panels as they were: the saved values stay.
         return;
     } else if (prefs == DockPrefs::hidden) {
         hide(*now);
@@ -55,7 +55,7 @@ bool AutohidingPanels::isHidden(const SavedValues& now, const SavedValuesFile::C
     if (saved.state == SavedValuesFile::State::damaged) {
         return std::ranges::any_of(now, isAway);
     }
-    // Panels that their user keeps away say nothing about whether the others have been hidden.
+    // Panels that the user hides himself do not indicate whether the program has hidden the others.
     const bool allWereAway = std::ranges::all_of(saved.values, isAway);
     return std::ranges::any_of(now, [&](const auto& panel) {
         const auto own = saved.values.find(panel.first);
@@ -107,7 +107,7 @@ void AutohidingPanels::bringBack(const SavedValues& now, const DockPrefs& prefs)
     const auto changes =
         saved.state == SavedValuesFile::State::valid ? remembered(now, saved.values) : chosen(now, prefs);
     if (const auto written = m_panels->write(changes); !written) {
-        // What was put aside stays for the next try.
+        // The saved values stay for the next attempt.
         logFailure("bring back", written.error());
         return;
     }

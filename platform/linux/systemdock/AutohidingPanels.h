@@ -5,27 +5,28 @@
 
 namespace quillary {
 
-/// Panels that know no delay. They count as hidden while what was put aside for them is there and at least
-/// one of the panels that were hidden still is, so a panel added meanwhile, or one that the user brought
-/// back, changes nothing for the others. Which panels the user tucks away himself is told by `autohide`:
-/// all of them (true), not all (false), or none has a mode of its own (absent); `delay` is absent.
+/// A desktop's panels as its dock, hidden by their modes; they have no delay. They count as hidden while
+/// their saved values exist and at least one of the panels that the program hid still is hidden: a panel that
+/// was added, or that the user has shown again, changes nothing for the others. `DockPrefs::autohide` states
+/// which panels the user hides himself: all (true), not all (false), or it is absent when no panel has a mode
+/// of its own; `delay` is absent.
 class AutohidingPanels final : public DesktopDock {
 public:
     AutohidingPanels(std::unique_ptr<PanelModes> panels, SavedValuesFile file, SystemLog& log);
 
     [[nodiscard]] DockPrefs read() override;
     void write(const DockPrefs& prefs) override;
-    /// Nothing is left to do: a panel's desktop has answered for each of its changes.
+    /// Nothing to wait for: the desktop has acknowledged each change.
     void synchronise() override {}
 
 private:
     [[nodiscard]] bool isHidden(const SavedValues& now, const SavedValuesFile::Content& saved) const;
     [[nodiscard]] DockPrefs ownValues(const SavedValues& now) const;
-    /// What belongs to the user, also when the panels are hidden already.
+    /// The user's own modes, also when the panels are hidden already.
     [[nodiscard]] SavedValues toPutAside(const SavedValues& now) const;
     void hide(const SavedValues& now);
     void bringBack(const SavedValues& now, const DockPrefs& prefs);
-    /// The modes that belong to the panels that are still away; those without a change left out.
+    /// The saved modes of the panels that are still hidden, where they differ from `now`.
     [[nodiscard]] SavedValues remembered(const SavedValues& now, const SavedValues& saved) const;
     [[nodiscard]] SavedValues chosen(const SavedValues& now, const DockPrefs& prefs) const;
     void logFailure(const std::string& what, const std::string& error);

@@ -10,28 +10,28 @@ namespace quillary {
 class CurrentDesktop;
 class SystemLog;
 
-/// The dock or the panels of one desktop environment, hidden with that desktop's own public settings. Each
-/// operation takes about a second at the most, however long the desktop's services keep silent, and starts
-/// none of them. What cannot be done is one line of the log.
+/// The dock or the panels of one desktop environment, hidden with that desktop's public settings. Each
+/// operation takes about a second at most, even when the desktop's services do not answer, and starts no
+/// service. A failure is one line in the log.
 class DesktopDock {
 public:
     virtual ~DesktopDock() = default;
 
-    /// `DockPrefs::hidden` while the dock is as `write(DockPrefs::hidden)` left it, and also when there is
-    /// none or it cannot be asked, so that nothing is done about it. Else the user's own values as far as
-    /// the two fields hold them. Values that were put aside for a dock that is no longer hidden are
-    /// forgotten: the user has changed it by hand.
+    /// `DockPrefs::hidden` while the dock is as `write(DockPrefs::hidden)` left it, and also when there is no
+    /// dock or it cannot be read, so that the caller changes nothing. Otherwise the user's own values, as far
+    /// as the two fields can express them. Removes the saved values of a dock that is no longer hidden: the
+    /// user has changed it by hand.
     [[nodiscard]] virtual DockPrefs read() = 0;
-    /// `DockPrefs::hidden` puts the user's own values aside, in a file, and hides the dock; nothing is
-    /// changed when that file cannot be written. Other values bring back what was put aside, to the letter,
-    /// except where the user has changed something since. When nothing usable was put aside they are set
-    /// themselves, and what else hides the dock goes back to the desktop's defaults.
+    /// `DockPrefs::hidden` saves the user's own values in a file and hides the dock; when that file cannot be
+    /// written, nothing is changed. Any other value restores the saved values exactly, except those that the
+    /// user has changed since. Without usable saved values, `prefs` itself is set, and other settings that
+    /// hide the dock are reset to the desktop's defaults.
     virtual void write(const DockPrefs& prefs) = 0;
-    /// Waits until what was written has reached the desktop's storage.
+    /// Waits until the desktop has stored the changes.
     virtual void synchronise() = 0;
 
-    /// The dock of the desktop environment; none when it has none that can be hidden. Values are put aside in
-    /// `folder`, one file for each desktop; `log` must live as long as the dock.
+    /// The dock of the desktop environment; null when it has none that can be hidden. Values are saved in
+    /// `folder`, one file for each desktop; `log` must outlive the dock.
     [[nodiscard]] static std::unique_ptr<DesktopDock> of(const CurrentDesktop& desktop,
                                                          const std::filesystem::path& folder, SystemLog& log);
 };

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t largestSettings = std::size_t{4} << 20U;
 constexpr std::size_t mostItems = 200;
 
-// KConfig's list: commas between the items, a backslash before one that belongs to an item.
+// KConfig's list format: items separated by commas; a comma within an item is escaped with a backslash.
 std::vector<std::string> splitList(std::string_view text) {
     std::vector<std::string> items(1);
     for (std::size_t index = 0; index < text.size() && items.size() <= mostItems; ++index) {
@@ -59,7 +59,7 @@ Items ofPlasma(std::string_view appletSettings) {
     constexpr std::string_view general = "[Configuration][General]";
     constexpr std::string_view pluginKey = "plugin=";
     constexpr std::string_view launchersKey = "launchers=";
-    // The file's order is that of the panels; a map by group alone would lose it.
+    // The panels' order is the file's, which a map by group would lose.
     std::vector<std::string> order;
     std::map<std::string, Applet> applets;
     std::string group;
@@ -95,7 +95,7 @@ Items ofXfce(const std::filesystem::path& configFolder) {
     std::vector<std::string> items;
     for (const auto& file : XfceLaunchers::entryFiles(*text)) {
         const auto path = configFolder / "xfce4" / "panel" / file;
-        // The panel keeps copies; the one they were made of is what windows belong to.
+        // The panel keeps a copy of each entry; windows belong to the original.
         auto origin = XfceLaunchers::sourceOf(path);
         items.push_back(origin.empty() ? path.string() : std::move(origin));
         if (items.size() == mostItems) {
@@ -113,7 +113,7 @@ Items ofDesktop(const CurrentDesktop& desktop, const std::filesystem::path& conf
         const auto text =
             readBoundedFile(configFolder / "plasma-org.kde.plasma.desktop-appletsrc", largestSettings);
         const auto items = text ? ofPlasma(*text) : Items();
-        // What Plasma's task manager shows as long as nobody changed it; it is then not in the file.
+        // Plasma's default launchers, which are not in the file until the user changes them.
         return items ? items
                      : Items({"preferred://filemanager", "preferred://browser",
                               "applications:systemsettings.desktop"});

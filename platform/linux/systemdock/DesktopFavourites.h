@@ -10,10 +10,10 @@ namespace quillary {
 class CurrentDesktop;
 }
 
-/// What the user pinned to the panel of a desktop environment, in its order. Each item is as the desktop
-/// stores it: a desktop file id ("firefox.desktop"), "applications:<id>", a "preferred://browser" or
-/// "preferred://filemanager", the absolute path of an entry, or its file URI. Absent when that desktop's
-/// settings say nothing.
+/// What the user pinned to the panel of a desktop environment, in its order. Each item has the form in which
+/// the desktop stores it: a desktop file id ("firefox.desktop"), "applications:<id>", a "preferred://browser"
+/// or "preferred://filemanager", the absolute path of an entry, or its file URI. Absent when that desktop's
+/// settings name none.
 namespace quillary::DesktopFavourites {
 
 using Items = std::optional<std::vector<std::string>>;

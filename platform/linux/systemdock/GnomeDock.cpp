@@ -20,7 +20,8 @@ using GnomeDockSchema::showDelay;
 
 constexpr std::chrono::seconds longestSynchronisation{1};
 
-// With these the dock would stay, or come for another reason than the pointer's long rest.
+// With these the dock would stay on the screen, or appear for another reason than the pointer resting at the
+// edge.
 constexpr const char* fixed = "dock-fixed";
 constexpr const char* dodgesWindows = "intellihide";
 constexpr std::array furtherKeys{fixed, dodgesWindows, "require-pressure-to-show", "show-dock-urgent-notify",
@@ -93,7 +94,7 @@ void GnomeDock::write(const DockPrefs& prefs) {
         return;
     }
     const auto saved = m_file.load();
-    // All changes at once: the dock never sees a mixture, nor does a crash leave one.
+    // Applied together: the dock never sees some of the changes only, and neither does a crash leave them so.
     g_settings_delay(m_settings.get());
     if (saved.state == SavedValuesFile::State::valid) {
         bringBack(saved.values);
@@ -149,7 +150,7 @@ void GnomeDock::bringBack(const SavedValues& values) {
     restore(autohide);
     restore(showDelay);
     for (const char* key : furtherKeys) {
-        // One that is on again is the user's doing.
+        // The user has switched a key on again: leave it.
         if (isFlag(m_schema.get(), key) && g_settings_get_boolean(m_settings.get(), key) == 0) {
             restore(key);
         }

@@ -6,10 +6,10 @@
 
 namespace quillary {
 
-/// Dash to Dock, and Ubuntu's dock that shares its settings. `autohide` and `delay` are the keys autohide and
-/// show-delay, absent when the user has set none. The dock counts as hidden when it hides itself, shows
-/// itself only after the delay that hides it, and no other key keeps it on the screen. One that is kept there
-/// despite the two values reads as `autohide` false.
+/// Dash to Dock and Ubuntu's dock, which share their settings. `DockPrefs::autohide` and `delay` (seconds)
+/// are the keys autohide and show-delay, absent when the user has not set them. The dock counts as hidden
+/// when it hides automatically, appears only after `GnomeDockSchema::hidingDelay`, and no other key keeps it
+/// on the screen. When another key does, `autohide` reads as false.
 class GnomeDock final : public DesktopDock {
 public:
     /// `schema` must not be null.
@@ -26,7 +26,7 @@ private:
     void hide();
     void bringBack(const SavedValues& values);
     void choose(const DockPrefs& prefs);
-    /// Sets a key, or takes the user's value away for null and for a value that the key doesn't take.
+    /// Sets a key; resets it when `value` is null or the schema rejects it.
     void set(const char* key, GVariant* value);
 
     GnomeDockSchema::Schema m_schema;

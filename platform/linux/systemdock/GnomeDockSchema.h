@@ -12,13 +12,13 @@ inline constexpr const char* autohide = "autohide";
 inline constexpr const char* showDelay = "show-delay";
 
 /// Looks where GSettings does, then in the folders of the extensions themselves, the user's before the
-/// system's (XDG Base Directory standard). Null when the schema isn't there or hasn't the two keys.
+/// system's (XDG Base Directory standard). Null when the schema is not found or lacks one of the two keys.
 [[nodiscard]] Schema find();
 
-/// Whether the key exists and takes the value.
+/// Whether the key exists and the value is within its type and range.
 [[nodiscard]] bool takes(GSettingsSchema* schema, const char* key, GVariant* value);
 
-/// The delay that hides the dock, in seconds: 1,000, or the greatest one that the schema allows.
+/// The delay that keeps the dock hidden, in seconds: 1,000, or the greatest that the schema allows.
 [[nodiscard]] double hidingDelay(GSettingsSchema* schema);
 
 } // namespace quillary::GnomeDockSchema

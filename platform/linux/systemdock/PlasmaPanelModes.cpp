@@ -14,7 +14,7 @@ constexpr std::size_t mostPanels = 64;
 constexpr std::size_t longestWord = 32;
 constexpr std::string_view away = "autohide";
 
-// In the words of the oldest of the script engines that Plasma 5 has had.
+// ECMAScript 5, which the oldest of Plasma 5's script engines understands.
 constexpr const char* readScript =
     R"(panels().forEach(function(panel) { print(panel.id + " " + panel.hiding + "\n"); });)";
 constexpr const char* writeScript = "panels().forEach(function(panel) { if (modes[panel.id] !== undefined) "

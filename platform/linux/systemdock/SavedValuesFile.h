@@ -9,20 +9,21 @@
 
 namespace quillary {
 
-/// What belongs to the user while a desktop's dock is hidden: the name of a setting or of a panel, and its
-/// value as text; none when it had no value of its own. The text's form is its writer's.
+/// The user's own values while a desktop's dock is hidden: by the name of a setting or of a panel, its value
+/// as text, absent when the user has not set it. The writer chooses the text's format.
 using SavedValues = std::map<std::string, std::optional<std::string>>;
 
-/// The file in which such values survive the program's end, however it comes. It holds what the two values
-/// of `DockPrefs` cannot.
+/// The file that keeps such values across a quit or a crash. It holds what the two values of `DockPrefs`
+/// cannot express.
 class SavedValuesFile {
 public:
-    /// The folder above the file is made when it is needed.
+    /// `store` creates the folder when it is missing.
     explicit SavedValuesFile(std::filesystem::path path);
 
     enum class State {
         absent,
-        /// There is one, but it can't be read, is larger than 64 KiB or is not of our making.
+        /// The file exists, but cannot be read, is larger than 64 KiB or is not in the format that `store`
+        /// writes.
         damaged,
         valid,
     };
@@ -33,7 +34,7 @@ public:
     };
     [[nodiscard]] Content load() const;
 
-    /// Replaces the file at once, so that it is never seen half written, with permissions 0600.
+    /// Replaces the file atomically, with permissions 0600.
     [[nodiscard]] Result<> store(const SavedValues& values) const;
     void remove() const;
 

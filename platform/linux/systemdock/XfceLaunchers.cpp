@@ -20,7 +20,7 @@ constexpr std::size_t largestEntry = std::size_t{1} << 20U;
 constexpr qsizetype deepestProperty = 16;
 constexpr std::size_t mostValues = 1000;
 
-// What the channel says: which plugins each panel shows, which of them are launchers, and what those hold.
+// The channel's contents: the plugins that each panel shows, those that are launchers, and their items.
 struct Channel {
     std::vector<QString> plugins;
     std::map<QString, std::vector<QString>> launchers;

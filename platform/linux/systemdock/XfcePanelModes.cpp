@@ -53,7 +53,7 @@ std::vector<std::string> panelNames(GVariant* list) {
     return names;
 }
 
-// Absent when the text is none of a plain value.
+// Null unless the text is a value of a basic type.
 Value parsed(const std::string& text) {
     if (text.empty() || text.size() > longestText) {
         return nullptr;
@@ -80,7 +80,7 @@ Result<SavedValues> XfcePanelModes::read() {
     for (const auto& panel : panelNames(list.get())) {
         const Value mode(g_variant_lookup_value(properties.get(), property(panel).c_str(), nullptr));
         auto text = mode ? takeText(g_variant_print(mode.get(), TRUE)) : std::string();
-        // What could not be put back as it was is not touched.
+        // A value that could not be restored exactly is left alone.
         if (!mode || isMode(text)) {
             panels.emplace(panel, mode ? std::optional(std::move(text)) : std::nullopt);
         }

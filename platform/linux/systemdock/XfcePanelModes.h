@@ -5,9 +5,9 @@
 namespace quillary {
 
 /// Xfce's panels through xfconf (D-Bus service org.xfce.Xfconf): the property autohide-behavior of each panel
-/// that the channel xfce4-panel lists, 0 never, 1 when windows need the room, 2 always. Modes are values in
-/// GVariant's text format, with their type ("uint32 2"), since a property keeps the type it was set with.
-/// Panels are named as their properties are ("panel-1").
+/// that the channel xfce4-panel lists, 0 never, 1 when windows need the space, 2 always. A mode is a value in
+/// GVariant's text format, with its type ("uint32 2"), because a property keeps the type it was set with. A
+/// panel's name is that of its property ("panel-1").
 class XfcePanelModes final : public PanelModes {
 public:
     [[nodiscard]] std::string name() const override { return "Xfce's panels"; }
