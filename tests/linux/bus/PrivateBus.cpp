@@ -32,13 +32,13 @@ PrivateBus::PrivateBus() {
     if (pipe2(ends, O_CLOEXEC) != 0) {
         return;
     }
-    process = ChildProcess::start({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--nosyslog",
-                                   "--print-address=" + std::to_string(ends[1])},
-                                  ends[1]);
+    m_process = ChildProcess::start({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--nosyslog",
+                                     "--print-address=" + std::to_string(ends[1])},
+                                    ends[1]);
     ::close(ends[1]);
-    busAddress = readLine(ends[0]);
+    m_address = readLine(ends[0]);
     ::close(ends[0]);
-    setenv("DBUS_SESSION_BUS_ADDRESS", busAddress.c_str(), 1);
+    setenv("DBUS_SESSION_BUS_ADDRESS", m_address.c_str(), 1);
 }
 
 PrivateBus::~PrivateBus() {
@@ -46,8 +46,8 @@ PrivateBus::~PrivateBus() {
 }
 
 void PrivateBus::stop() {
-    if (process > 0) {
-        ChildProcess::end(std::exchange(process, 0));
+    if (m_process > 0) {
+        ChildProcess::end(std::exchange(m_process, 0));
     }
 }
 

@@ -6,7 +6,8 @@
 
 namespace quillary::test {
 
-/// A session bus for one test. It dies with the test process whatever happens. Sets DBUS_SESSION_BUS_ADDRESS.
+/// A session bus for one test. It ends with the test process, even when that is killed. Sets
+/// DBUS_SESSION_BUS_ADDRESS.
 class PrivateBus {
 public:
     PrivateBus();
@@ -14,14 +15,14 @@ public:
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
 
-    /// Empty when it does not run.
-    [[nodiscard]] const std::string& address() const { return busAddress; }
-    /// Ends it.
+    /// Empty when the bus could not be started.
+    [[nodiscard]] const std::string& address() const { return m_address; }
+    /// Ends the bus.
     void stop();
 
 private:
-    pid_t process = 0;
-    std::string busAddress;
+    pid_t m_process = 0;
+    std::string m_address;
 };
 
 } // namespace quillary::test

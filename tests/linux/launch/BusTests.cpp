@@ -67,7 +67,7 @@ TEST_F(BusTest, applicationThatStartsByBusIsActivated) {
     ASSERT_EQ(calls.size(), 2U);
     EXPECT_TRUE(calls[0].starts_with("Activate(")) << calls[0];
     EXPECT_TRUE(calls[1].starts_with("Open(['file:///tmp/a']")) << calls[1];
-    // The moment that lets its window come to the front.
+    // The time of the user's action, with which its window may take the focus.
     EXPECT_NE(calls[0].find("'desktop-startup-id': <'quillary-"), std::string::npos) << calls[0];
     EXPECT_NE(calls[1].find("_TIME"), std::string::npos) << calls[1];
     EXPECT_FALSE(std::filesystem::exists(World::home() / "ran"));
@@ -126,8 +126,8 @@ int main(int argc, char** argv) {
     static auto* daemon = g_test_dbus_new(G_TEST_DBUS_NONE);
     g_test_dbus_up(daemon);
     const int result = RUN_ALL_TESTS();
-    // Our own connection to the bus lives as long as the program; both g_test_dbus_down and the last unref
-    // would wait half a minute for its end.
+    // Our own connection to the bus lives as long as the program; g_test_dbus_down and the last unref would
+    // both wait 30 s for it to close.
     g_test_dbus_stop(daemon);
     quillary::test::World::leave();
     return result;

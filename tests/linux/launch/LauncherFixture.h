@@ -11,7 +11,7 @@ namespace quillary::test {
 
 using Strings = std::vector<std::string>;
 
-/// What the entries "launched": records messages, and gives the user's time that the test sets.
+/// Records the messages that are broadcast; the test sets the time of the user's action.
 class RecordedStartups final : public StartupNotification {
 public:
     [[nodiscard]] StartupOrigin origin() const override {
@@ -31,7 +31,7 @@ protected:
     void SetUp() override {
         WorldTest::SetUp();
         output = World::home() / "output";
-        // The line break comes last and at once: until it is there the test waits.
+        // Renamed when complete, because the test waits for the final line break.
         writeScript(World::programs() / "report", "{ printf '[%s]' \"$@\"; echo; } > " + output.string() +
                                                       ".part\nmv " + output.string() + ".part " +
                                                       output.string());

@@ -22,7 +22,7 @@ TEST_F(LauncherTest, fieldCodesAreExpanded) {
     EXPECT_EQ(log.lines, Strings());
 }
 
-// Local files are handed over as paths, as GIO does for programs that take URIs but may not read them.
+// GIO passes local files as paths, also to programs that take URIs.
 TEST_F(LauncherTest, localFilesAreHandedOverToProgramsThatTakeUris) {
     const auto entry = install("uris.desktop", "Name=Uris\nExec=report %U");
     EXPECT_EQ(launched(entry, {"/tmp/a b", "/tmp/c"}), "[/tmp/a b][/tmp/c]\n");
@@ -93,7 +93,7 @@ TEST_F(LauncherTest, programRunsApartFromThisOne) {
     EXPECT_EQ(input, "/dev/null");
     EXPECT_EQ(errors, "/dev/null");
     EXPECT_EQ(text.find(" " + std::to_string(leaked) + " "), std::string::npos) << text;
-    // No child is left to wait for.
+    // The program is not our child any more.
     EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
 }
 

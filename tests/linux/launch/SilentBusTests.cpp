@@ -54,7 +54,7 @@ TEST(SilentBus, userManagerThatSaysNothingIsGivenUp) {
     const SilentBus bus(World::root() / "runtime" / "bus");
     const auto ended = std::make_shared<std::promise<void>>();
     auto end = ended->get_future();
-    // Not waited for: a failure is a thread that never ends.
+    // Detached: on a failure the thread never ends.
     std::thread([ended] {
         putInScopeOfItsOwn(nullptr, "a", ::getpid());
         ended->set_value();

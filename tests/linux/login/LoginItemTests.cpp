@@ -22,7 +22,7 @@ protected:
         set("XDG_CURRENT_DESKTOP", "TEST");
     }
     void TearDown() override {
-        for (const auto& [name, value] : former) {
+        for (const auto& [name, value] : m_former) {
             if (value) {
                 setenv(name.c_str(), value->c_str(), 1);
             } else {
@@ -33,7 +33,7 @@ protected:
 
     void set(const std::string& name, const std::string& value) {
         const char* before = std::getenv(name.c_str());
-        former.emplace_back(name, before != nullptr ? std::optional<std::string>(before) : std::nullopt);
+        m_former.emplace_back(name, before != nullptr ? std::optional<std::string>(before) : std::nullopt);
         setenv(name.c_str(), value.c_str(), 1);
     }
     [[nodiscard]] fs::path entry(const std::string& where) const {
@@ -52,7 +52,7 @@ protected:
     LinuxLoginItem item{{.id = "quillary", .name = "Quillary", .path = "/opt/quillary/bin/quillary"}};
 
 private:
-    std::vector<std::pair<std::string, std::optional<std::string>>> former;
+    std::vector<std::pair<std::string, std::optional<std::string>>> m_former;
 };
 
 } // namespace

@@ -36,42 +36,42 @@ Q_SIGNALS:
     void StatusNotifierHostRegistered();
 };
 
-/// A program on the bus that keeps the list of status items and has a bar, as desktops bring it along. It
-/// answers in a thread of its own, also while the test's thread waits for the answer.
+/// The part of a desktop that keeps the list of status items on the bus and shows them. It answers on its own
+/// thread, so that the test's thread may block in a call.
 class NotifierWatcherStandIn {
 public:
     enum class Host { present, absent };
 
     explicit NotifierWatcherStandIn(const std::string& address, Host host = Host::present)
-        : name(nextName()), bus(QDBusConnection::connectToBus(QString::fromStdString(address), name)) {
-        object->host = host == Host::present;
-        object->moveToThread(&thread);
-        thread.start();
+        : m_name(nextName()), m_bus(QDBusConnection::connectToBus(QString::fromStdString(address), m_name)) {
+        m_object->host = host == Host::present;
+        m_object->moveToThread(&m_thread);
+        m_thread.start();
         inThread([this] {
-            bus.registerObject(QStringLiteral("/StatusNotifierWatcher"), object,
-                               QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties |
-                                   QDBusConnection::ExportAllSignals);
-            bus.registerService(QStringLiteral("org.kde.StatusNotifierWatcher"));
+            m_bus.registerObject(QStringLiteral("/StatusNotifierWatcher"), m_object,
+                                 QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties |
+                                     QDBusConnection::ExportAllSignals);
+            m_bus.registerService(QStringLiteral("org.kde.StatusNotifierWatcher"));
         });
     }
     NotifierWatcherStandIn(const NotifierWatcherStandIn&) = delete;
     NotifierWatcherStandIn& operator=(const NotifierWatcherStandIn&) = delete;
     ~NotifierWatcherStandIn() {
-        QDBusConnection::disconnectFromBus(name);
-        inThread([this] { delete object; });
-        thread.quit();
-        thread.wait();
+        QDBusConnection::disconnectFromBus(m_name);
+        inThread([this] { delete m_object; });
+        m_thread.quit();
+        m_thread.wait();
     }
 
-    [[nodiscard]] QDBusConnection& connection() { return bus; }
-    /// What registered so far.
+    [[nodiscard]] QDBusConnection& connection() { return m_bus; }
+    /// The items that have registered so far.
     [[nodiscard]] QStringList items() {
-        const std::lock_guard guard(object->lock);
-        return object->items;
+        const std::lock_guard guard(m_object->lock);
+        return m_object->items;
     }
     void addHost() {
-        object->host = true;
-        inThread([this] { Q_EMIT object->StatusNotifierHostRegistered(); });
+        m_object->host = true;
+        inThread([this] { Q_EMIT m_object->StatusNotifierHostRegistered(); });
     }
 
 private:
@@ -81,13 +81,13 @@ private:
     }
     template<typename Function>
     void inThread(Function work) {
-        QMetaObject::invokeMethod(object, work, Qt::BlockingQueuedConnection);
+        QMetaObject::invokeMethod(m_object, work, Qt::BlockingQueuedConnection);
     }
 
-    QString name;
-    QDBusConnection bus;
-    QThread thread;
-    NotifierWatcherObject* object = new NotifierWatcherObject;
+    QString m_name;
+    QDBusConnection m_bus;
+    QThread m_thread;
+    NotifierWatcherObject* m_object = new NotifierWatcherObject;
 };
 
 } // namespace quillary::test

@@ -178,7 +178,7 @@ TEST_F(QtStatusItemTest, theMenuIsAskedForAnewBeforeItIsShown) {
     EXPECT_EQ(signalLog.updates[1].second, 0);
     const auto after = layout();
     EXPECT_FALSE(after.children[2].properties.contains(u"toggle-state"_s));
-    // A bar that never says so reads what is true anyway.
+    // A bar that never announces it reads the current state too.
     dockOn = true;
     EXPECT_EQ(layout().children[2].properties.value(u"toggle-state"_s), 1);
     clickLine(before.children[2].id);

@@ -16,7 +16,7 @@
 
 namespace quillary::test {
 
-/// A screen and a session bus with nothing on them; `startItem` makes the program's side.
+/// A screen and a session bus with nothing on them; `startItem` creates the program's status item.
 class StatusItemFixture : public testing::Test {
 protected:
     void SetUp() override;
@@ -30,11 +30,11 @@ protected:
     /// Starts the desktop's tray (XEmbed) and waits until it owns its selection.
     [[nodiscard]] bool startTray();
     void stopTray();
-    /// Whether the symbol is seen anywhere on the screen.
+    /// Whether the symbol is visible anywhere on the screen.
     [[nodiscard]] bool symbolSeen() const { return symbolPlace().has_value(); }
     [[nodiscard]] std::optional<QPoint> symbolPlace() const;
 
-    /// The answer to a call of the item or its menu, by the watcher's connection; an error after the
+    /// Calls the item or its menu over the watcher's connection; returns the answer, or an error after the
     /// deadline.
     [[nodiscard]] QDBusMessage ask(const QString& path, const QString& interface, const QString& method,
                                    const QVariantList& arguments = {});

@@ -23,23 +23,23 @@ struct Desktop {
 
 class FakePanels final : public PanelModes {
 public:
-    explicit FakePanels(Desktop& controlled) : desktop(controlled) {}
+    explicit FakePanels(Desktop& desktop) : m_desktop(desktop) {}
 
     [[nodiscard]] std::string name() const override { return "the panels"; }
     [[nodiscard]] Result<SavedValues> read() override {
-        ++desktop.reads;
-        if (!desktop.readError.empty()) {
-            return Failure(desktop.readError);
+        ++m_desktop.reads;
+        if (!m_desktop.readError.empty()) {
+            return Failure(m_desktop.readError);
         }
-        return desktop.panels;
+        return m_desktop.panels;
     }
     [[nodiscard]] Result<> write(const SavedValues& panels) override {
-        ++desktop.writes;
-        if (!desktop.writeError.empty()) {
-            return Failure(desktop.writeError);
+        ++m_desktop.writes;
+        if (!m_desktop.writeError.empty()) {
+            return Failure(m_desktop.writeError);
         }
         for (const auto& [id, mode] : panels) {
-            desktop.panels[id] = mode;
+            m_desktop.panels[id] = mode;
         }
         return {};
     }
@@ -55,7 +55,7 @@ public:
     }
 
 private:
-    Desktop& desktop;
+    Desktop& m_desktop;
 };
 
 class AutohidingPanelsTest : public WorldTest {
@@ -144,7 +144,7 @@ TEST_F(AutohidingPanelsTest, panelsChangedByHandAreLeftAloneAndTheOldValuesForgo
     EXPECT_EQ(run.remembered(), nothing);
     EXPECT_FALSE(isPutAside());
 
-    // Later the user tucks them away himself: that is nothing of ours.
+    // Later the user hides them himself, which is not the program's hiding.
     desktop.panels = allAway;
     EXPECT_EQ(dock.read(), (DockPrefs{true, std::nullopt}));
     EXPECT_EQ(run.show(), nothing);

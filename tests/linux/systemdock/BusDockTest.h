@@ -11,7 +11,7 @@
 
 namespace quillary::test {
 
-/// A desktop's dock behind a service of the private session bus.
+/// A desktop's dock that is reached through a service on the private session bus.
 class BusDockTest : public WorldTest {
 protected:
     using Lines = std::vector<std::string>;

@@ -9,17 +9,17 @@ namespace quillary::test {
 FakeService::FakeService() {
     constexpr auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    bus.reset(g_dbus_connection_new_for_address_sync(std::getenv("DBUS_SESSION_BUS_ADDRESS"), flags, nullptr,
-                                                     nullptr, nullptr));
-    if (!bus) {
+    m_bus.reset(g_dbus_connection_new_for_address_sync(std::getenv("DBUS_SESSION_BUS_ADDRESS"), flags,
+                                                       nullptr, nullptr, nullptr));
+    if (!m_bus) {
         throw std::runtime_error("no bus");
     }
-    g_dbus_connection_add_filter(bus.get(), filter, this, nullptr);
+    g_dbus_connection_add_filter(m_bus.get(), filter, this, nullptr);
 }
 
 void FakeService::own(const char* name) {
     const Value reply(g_dbus_connection_call_sync(
-        bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
+        m_bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
         g_variant_new("(su)", name, 0U), nullptr, G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, nullptr));
     if (!reply) {
         throw std::runtime_error("no name");
@@ -31,12 +31,12 @@ FakeService::~FakeService() {
 }
 
 void FakeService::leave() {
-    g_dbus_connection_close_sync(bus.get(), nullptr, nullptr);
+    g_dbus_connection_close_sync(m_bus.get(), nullptr, nullptr);
 }
 
 std::vector<std::string> FakeService::takeCalls() {
     const std::lock_guard guard(lock);
-    return std::exchange(calls, {});
+    return std::exchange(m_calls, {});
 }
 
 GDBusMessage* FakeService::filter(GDBusConnection* /*connection*/, GDBusMessage* message, gboolean incoming,
@@ -54,7 +54,7 @@ void FakeService::meet(GDBusMessage* message) {
     const std::string method = g_dbus_message_get_member(message);
     auto* body = g_dbus_message_get_body(message);
     const Released<char, g_free> text(g_variant_print(body, FALSE));
-    calls.push_back(method + text.get());
+    m_calls.push_back(method + text.get());
     const Manner current = isReading(method, body) ? readManner : manner;
     if (current == Manner::isSilent) {
         return;
@@ -66,7 +66,8 @@ void FakeService::meet(GDBusMessage* message) {
     if (auto* values = current == Manner::answers ? answer(method, body) : nullptr) {
         g_dbus_message_set_body(reply.get(), values);
     }
-    g_dbus_connection_send_message(bus.get(), reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
+    g_dbus_connection_send_message(m_bus.get(), reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
+                                   nullptr);
 }
 
 } // namespace quillary::test

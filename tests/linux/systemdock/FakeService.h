@@ -11,8 +11,7 @@
 
 namespace quillary::test {
 
-/// A service on the private session bus. It answers in a thread of its own, so that a test that waits in a
-/// call is answered too.
+/// A service on the private session bus. It answers on its own thread, so that a test may block in a call.
 class FakeService {
 public:
     using Value = Released<GVariant, g_variant_unref>;
@@ -23,20 +22,20 @@ public:
     FakeService(const FakeService&) = delete;
     FakeService& operator=(const FakeService&) = delete;
 
-    /// Ends its connection to the bus, as a process that dies does.
+    /// Closes the connection to the bus, as the end of a process does.
     void leave();
-    /// How calls that change something are met; those that only read follow `readManner`.
+    /// How calls that change something are answered; `readManner` is for those that only read.
     std::atomic<Manner> manner = Manner::answers;
     std::atomic<Manner> readManner = Manner::answers;
 
-    /// The calls that came, with their arguments, and forgets them.
+    /// The calls since the last time, with their arguments.
     [[nodiscard]] std::vector<std::string> takeCalls();
 
 protected:
-    /// Takes the name on the bus. Calls come from then on, so nothing of the service may be missing.
+    /// Takes the name on the bus. Calls may arrive from then on, so the service must be complete.
     void own(const char* name);
     [[nodiscard]] virtual bool isReading(const std::string& method, GVariant* arguments) const = 0;
-    /// The answer, floating; null for one without values. `lock` is held.
+    /// The answer as a floating reference; null for one without values. Called with `lock` held.
     [[nodiscard]] virtual GVariant* answer(const std::string& method, GVariant* arguments) = 0;
 
     mutable std::mutex lock;
@@ -46,8 +45,8 @@ private:
                                 gpointer data);
     void meet(GDBusMessage* message);
 
-    Released<GDBusConnection, g_object_unref> bus;
-    std::vector<std::string> calls;
+    Released<GDBusConnection, g_object_unref> m_bus;
+    std::vector<std::string> m_calls;
 };
 
 } // namespace quillary::test

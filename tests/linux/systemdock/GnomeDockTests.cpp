@@ -42,7 +42,7 @@ protected:
             g_variant_parse(nullptr, value, nullptr, nullptr, nullptr));
         ASSERT_TRUE(g_settings_set_value(settings.get(), key, parsed.get())) << key;
     }
-    /// What the user has set; keys at their default are not in it.
+    /// What the user has set, without keys at their default.
     [[nodiscard]] Values userValues() const {
         const GnomeDockSchema::Schema schema = GnomeDockSchema::find();
         const Released<char*, g_strfreev> keys(g_settings_schema_list_keys(schema.get()));

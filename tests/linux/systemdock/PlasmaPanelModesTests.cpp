@@ -13,7 +13,7 @@ using Manner = FakeService::Manner;
 constexpr const char* reading =
     R"(panels().forEach(function(panel) { print(panel.id + " " + panel.hiding + "\n"); });)";
 
-/// Records scripts and evaluates none: what a reading prints is told to it.
+/// Records scripts without evaluating them; the test sets what a reading script prints.
 class FakePlasma final : public FakeService {
 public:
     FakePlasma() { own("org.kde.plasmashell"); }
@@ -21,12 +21,12 @@ public:
 
     void prints(const std::string& text) {
         const std::lock_guard guard(lock);
-        output = text;
+        m_output = text;
     }
-    /// The scripts that were to change something.
+    /// The scripts that would have changed something.
     [[nodiscard]] std::vector<std::string> changes() {
         const std::lock_guard guard(lock);
-        return std::exchange(scripts, {});
+        return std::exchange(m_scripts, {});
     }
 
 protected:
@@ -37,17 +37,17 @@ protected:
     }
     [[nodiscard]] GVariant* answer(const std::string& method, GVariant* arguments) override {
         if (method == "evaluateScript" && isReading(method, arguments)) {
-            return g_variant_new("(s)", output.c_str());
+            return g_variant_new("(s)", m_output.c_str());
         }
         const char* script = nullptr;
         g_variant_get(arguments, "(&s)", &script);
-        scripts.emplace_back(script);
+        m_scripts.emplace_back(script);
         return g_variant_new("(s)", "");
     }
 
 private:
-    std::string output;
-    std::vector<std::string> scripts;
+    std::string m_output;
+    std::vector<std::string> m_scripts;
 };
 
 class PlasmaPanelModesTest : public BusDockTest {

@@ -13,7 +13,7 @@ class SilentDockTest : public BusDockTest {
 protected:
     SilentDockTest() { ::setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1); }
 
-    // Beside the world's folders, which every test empties.
+    // Outside the world's folders, which every test empties.
     const SilentBus bus{World::root().string() + "-bus"};
 };
 
@@ -24,7 +24,7 @@ TEST_F(SilentDockTest, panelsAreGivenUpAfterASecond) {
         HiderRun run(*dock);
         EXPECT_LT(seconds([&] { EXPECT_EQ(run.hide(), nothing); }), 2.5) << desktop;
         EXPECT_LT(seconds([&] { run.show(); }), 2.5) << desktop;
-        // A start and a quit.
+        // One line at the start and one at the quit.
         EXPECT_EQ(log.lines.size(), 2U) << desktop;
         EXPECT_TRUE(log.lines[0].ends_with("'s panels: the session bus does not answer")) << log.lines[0];
     }

@@ -27,17 +27,17 @@ public:
 
     void set(const std::string& property, const std::string& value) {
         const std::lock_guard guard(lock);
-        properties[property] = value;
+        m_properties[property] = value;
     }
     void remove(const std::string& property) {
         const std::lock_guard guard(lock);
-        properties.erase(property);
+        m_properties.erase(property);
     }
     [[nodiscard]] Properties all() const {
         const std::lock_guard guard(lock);
-        return properties;
+        return m_properties;
     }
-    /// The panels' modes alone.
+    /// The panels' modes only.
     [[nodiscard]] Properties modes() const {
         auto found = all();
         std::erase_if(found, [](const auto& entry) { return !entry.first.ends_with("/autohide-behavior"); });
@@ -60,9 +60,9 @@ protected:
             const Value boxed(g_variant_get_child_value(arguments, 2));
             const Value value(g_variant_get_variant(boxed.get()));
             const Released<char, g_free> text(g_variant_print(value.get(), TRUE));
-            properties[property] = text.get();
+            m_properties[property] = text.get();
         } else if (method == "ResetProperty") {
-            properties.erase(property);
+            m_properties.erase(property);
         } else if (method == "GetAllProperties") {
             return all(property);
         }
@@ -73,7 +73,7 @@ private:
     [[nodiscard]] GVariant* all(const std::string& base) const {
         GVariantBuilder list;
         g_variant_builder_init(&list, G_VARIANT_TYPE("a{sv}"));
-        for (const auto& [name, text] : properties) {
+        for (const auto& [name, text] : m_properties) {
             if (name.starts_with(base)) {
                 const Value value(g_variant_parse(nullptr, text.c_str(), nullptr, nullptr, nullptr));
                 g_variant_builder_add(&list, "{sv}", name.c_str(), value.get());
@@ -82,7 +82,7 @@ private:
         return g_variant_new("(a{sv})", &list);
     }
 
-    Properties properties;
+    Properties m_properties;
 };
 
 class XfcePanelModesTest : public BusDockTest {
@@ -222,7 +222,7 @@ TEST_F(XfcePanelModesTest, aSilentServiceCostsASecond) {
     xfconf.readManner = Manner::isSilent;
     EXPECT_LT(seconds([this] { EXPECT_EQ(run.hide(), nothing); }), 3.0);
     EXPECT_EQ(log.lines, (Lines{"Quillary: could not read Xfce's panels: no answer"}));
-    // As when it was hidden earlier and is to come back.
+    // As if it had been hidden earlier and were restored.
     EXPECT_LT(seconds([this] { run.show(); }), 3.0);
     EXPECT_EQ(xfconf.modes(), (Properties{{panel2, "uint32 1"}, {panel3, "0"}}));
 }

@@ -7,12 +7,12 @@ namespace quillary::test {
 
 namespace {
 
-// Beside the world's folders, which every test empties.
+// Outside the world's folders, which every test empties.
 std::filesystem::path offers() {
     return World::root().string() + "-services";
 }
 
-// A service that could be started, to see that it isn't.
+// A service that the bus could start, to check that it doesn't.
 void offerXfconf(GTestDBus* daemon) {
     writeScript(offers() / "start-xfconf", "touch " + (offers() / "started").string());
     writeFile(offers() / "org.xfce.Xfconf.service",
@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
     quillary::test::offerXfconf(daemon);
     g_test_dbus_up(daemon);
     const int result = RUN_ALL_TESTS();
-    // Our own connection to the bus lives as long as the program; the daemon's end must not wait for it.
+    // Our own connection to the bus lives as long as the program; ending the daemon must not wait for it.
     g_test_dbus_stop(daemon);
     std::filesystem::remove_all(quillary::test::offers());
     quillary::test::World::leave();
