@@ -31,8 +31,9 @@ DockModel::DockModel(std::string screenKey, DockConfig config, DockManager* owne
       memory(std::move(monitor)),
       platform(system),
       manager(owner),
-      configuration(std::move(config)) {
-    connect(running.get(), &RunningApps::appsChanged, this, &DockModel::settleBouncing);
+      configuration(std::move(config)),
+      arranged(makeRow()) {
+    connect(running.get(), &RunningApps::appsChanged, this, &DockModel::followApps);
 }
 
 DockModel::~DockModel() = default;
@@ -49,6 +50,9 @@ void DockModel::setShowMemory(bool shown) {
 
 void DockModel::setConfig(DockConfig config) {
     configuration = std::move(config);
+    arranged = makeRow();
+    // First, so that the dock's parts set out for their new places before anything else happens to them.
+    Q_EMIT rowChanged();
     Q_EMIT configChanged();
 }
 
@@ -59,6 +63,8 @@ void DockModel::setHidden(bool hidden) {
 
 void DockModel::setMaxLength(double length) {
     longest = length;
+    arranged = makeRow();
+    Q_EMIT rowChanged();
     Q_EMIT maxLengthChanged();
 }
 
@@ -71,7 +77,7 @@ void DockModel::setMouse(std::optional<QPointF> point) {
     Q_EMIT mouseChanged(crossed ? Transition::animated : Transition::immediate);
 }
 
-std::vector<DockCell> DockModel::cells() const {
+std::vector<DockCell> DockModel::listedCells() const {
     const auto& pinned = configuration.items;
     std::vector<DockCell> result;
     result.reserve(pinned.size() + 1 + running->apps().size());
@@ -100,16 +106,27 @@ DockGeometry DockModel::geometry(const std::vector<DockCell>& cells) const {
     return {configuration, std::min(configuration.iconSize, largestIconSize), cells, longest};
 }
 
+DockRow DockModel::makeRow() const {
+    auto cells = listedCells();
+    const DockGeometry layout = geometry(cells);
+    return {std::move(cells), layout};
+}
+
+void DockModel::followApps() {
+    arranged = makeRow();
+    settleBouncing();
+    Q_EMIT rowChanged();
+}
+
 std::optional<std::string> DockModel::hoveredPath() const {
     if (!pointer) {
         return std::nullopt;
     }
-    const auto list = cells();
-    const DockGeometry layout = geometry(list);
+    const DockGeometry& layout = arranged.geometry;
     const double along = layout.along(*pointer);
-    const auto scales = layout.scales(along, list);
-    const auto hit = layout.hitTest(along, list, layout.layout(scales).centers, scales);
-    return hit ? std::optional(list[*hit].path) : std::nullopt;
+    const auto scales = layout.scales(along, cells());
+    const auto hit = layout.hitTest(along, cells(), layout.layout(scales).centers, scales);
+    return hit ? std::optional(cells()[*hit].path) : std::nullopt;
 }
 
 void DockModel::update(const std::function<void(DockConfig&)>& change) {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "app/DockCell.h"
-#include "app/DockGeometry.h"
+#include "app/DockRow.h"
 #include "core/DockConfig.h"
 
 #include <QObject>
@@ -71,9 +70,11 @@ public:
     void setMouse(std::optional<QPointF> point);
 
     /// The pinned items, then, when running applications are shown, a separator (if both groups have any) and
-    /// the running applications that are not pinned. Built anew at each call.
-    [[nodiscard]] std::vector<DockCell> cells() const;
-    /// The layout of those cells now, its icons at most 1024 points.
+    /// the running applications that are not pinned. Valid until rowChanged.
+    [[nodiscard]] const std::vector<DockCell>& cells() const { return arranged.cells; }
+    /// The cells with their layout. Valid until rowChanged.
+    [[nodiscard]] const DockRow& row() const { return arranged; }
+    /// The layout of some cells in this dock, its icons at most 1024 points.
     [[nodiscard]] DockGeometry geometry(const std::vector<DockCell>& cells) const;
     /// The path of the item under the pointer, if any.
     [[nodiscard]] std::optional<std::string> hoveredPath() const;
@@ -99,8 +100,14 @@ Q_SIGNALS:
     void hiddenChanged();
     void maxLengthChanged();
     void bouncingChanged();
+    /// The row was made again: for a new configuration or length, and each time the tracker has listed the
+    /// running applications; never for the pointer.
+    void rowChanged();
 
 private:
+    [[nodiscard]] std::vector<DockCell> listedCells() const;
+    [[nodiscard]] DockRow makeRow() const;
+    void followApps();
     void startBouncing(const std::string& path);
     void stopBouncing(const std::string& path);
     void settleBouncing();
@@ -113,6 +120,7 @@ private:
     std::optional<QPointF> pointer;
     bool isHidden = false;
     double longest = 0;
+    DockRow arranged;
     std::set<std::string, std::less<>> bouncingPaths;
     std::map<std::string, std::unique_ptr<ScheduledTask>, std::less<>> bounceLimits;
 };

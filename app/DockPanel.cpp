@@ -132,9 +132,8 @@ void DockPanel::track(QPointF mouse) {
 void DockPanel::trackShown(QPointF mouse) {
     const bool wasInside = dock->mouse().has_value();
     std::optional<QPointF> local;
-    // The frame is asked first: movements elsewhere must not cost a layout.
     if (!isCovered && containsOrTouches(placed, mouse)) {
-        const DockGeometry layout = geometry();
+        const DockGeometry& layout = geometry();
         const QPointF point = panelPoint(mouse, layout);
         if (layout.isInZone(point, wasInside)) {
             local = point;
@@ -163,7 +162,7 @@ void DockPanel::trackHidden(QPointF mouse) {
         !containsOrTouches(placed, mouse, DockLayout::zoneBeyondEdge)) {
         return;
     }
-    const DockGeometry layout = geometry();
+    const DockGeometry& layout = geometry();
     if (layout.isInRevealStrip(panelPoint(mouse, layout))) {
         hideWork.reset();
         dock->setHidden(false);
@@ -249,8 +248,8 @@ void DockPanel::updateInputRegion() {
                                           : QRegion(geometry().inputZone(dock->mouse().has_value())));
 }
 
-DockGeometry DockPanel::geometry() const {
-    return dock->geometry(dock->cells());
+const DockGeometry& DockPanel::geometry() const {
+    return dock->row().geometry;
 }
 
 QPointF DockPanel::panelPoint(QPointF mouse, const DockGeometry& layout) const {

@@ -78,7 +78,7 @@ private:
     void openMenu(QPointF position);
     void menuClosed();
     void updateInputRegion();
-    [[nodiscard]] DockGeometry geometry() const;
+    [[nodiscard]] const DockGeometry& geometry() const;
     [[nodiscard]] QPointF panelPoint(QPointF mouse, const DockGeometry& geometry) const;
 
     std::shared_ptr<DockModel> dock;

@@ -36,7 +36,8 @@ public:
         platform.screens().connected = {test::screenNamed("SCREEN", QRectF(0, 0, 2560, 1440))};
         manager = std::make_unique<DockManager>(platform);
         manager->update(model().key, [style](DockConfig& config) { config.style = style; });
-        const DockGeometry geometry = model().geometry(model().cells());
+        contents = std::make_unique<DockContents>(DockContents::of(model(), platform.files()));
+        const DockGeometry& geometry = contents->row.geometry;
         sprites = std::make_unique<IconSprites>(std::make_shared<IconCache>(platform.icons()));
         sprites->setLook(IconSprites::Look::of(geometry, appearance, ratio));
         target = QImage((geometry.panelSize() * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
@@ -55,8 +56,7 @@ public:
         state.mouseAxis = along;
     }
     [[nodiscard]] DockScene scene() const {
-        return fittedToPixels(buildDockScene(DockContents::of(model(), platform.files()), state, texts),
-                              {.ratio = ratio});
+        return fittedToPixels(buildDockScene(*contents, state, texts), {.ratio = ratio});
     }
     /// Paints what lies in these points of the panel.
     void paint(const DockScene& scene, const QRect& part) {
@@ -80,6 +80,7 @@ private:
     Plates plates;
     LabelText labelText;
     QImage target;
+    std::unique_ptr<DockContents> contents;
     DockSceneState state;
     DockTexts texts;
     double from = 0, to = 0, along = 0;

@@ -5,16 +5,11 @@
 #include "app/RunningApps.h"
 #include "platform/FileFacts.h"
 
-#include <utility>
-
 namespace quillary {
 
 DockContents DockContents::of(const DockModel& model, const FileFacts& files) {
-    auto cells = model.cells();
-    const DockGeometry geometry = model.geometry(cells);
-    DockContents contents{.row = {std::move(cells), geometry},
-                          .active = model.running->activePath(),
-                          .launching = model.bouncing()};
+    DockContents contents{
+        .row = model.row(), .active = model.running->activePath(), .launching = model.bouncing()};
     const auto& figures = model.memory->byApp();
     for (const DockCell& cell : contents.row.cells) {
         if (!cell.isItem()) {

@@ -56,13 +56,11 @@ DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> i
     setAcceptDrops(true);
     const auto redraw = [this] { refresh(Contents::readAgain); };
     const auto rearrange = [this] { refresh(Contents::readAgain, Movement::fromWhatIsSeen); };
-    connect(model.get(), &DockModel::configChanged, this, rearrange);
-    connect(model.get(), &DockModel::maxLengthChanged, this, rearrange);
+    connect(model.get(), &DockModel::rowChanged, this, rearrange);
     connect(model.get(), &DockModel::showMemoryChanged, this, redraw);
     connect(model.get(), &DockModel::mouseChanged, this, &DockView::followMouse);
     connect(model.get(), &DockModel::bouncingChanged, this, &DockView::followLaunching);
     connect(model.get(), &DockModel::hiddenChanged, this, &DockView::followHidden);
-    connect(model->running.get(), &RunningApps::appsChanged, this, rearrange);
     connect(&platform.pointer(), &PointerMonitor::moved, this, &DockView::followPress);
     connect(model->running.get(), &RunningApps::activePathChanged, this, redraw);
     connect(model->memory.get(), &MemoryMonitor::statsChanged, this, redraw);
@@ -163,7 +161,7 @@ void DockView::frame() {
 }
 
 void DockView::setScene(DockScene next) {
-    const QPointF origin = model->geometry(model->cells()).frameOrigin();
+    const QPointF origin = contents.row.geometry.frameOrigin();
     const PixelGrid pixels{.origin = origin, .ratio = devicePixelRatioF()};
     DockScene onPixels = fittedToPixels(next, pixels);
     const QRegion damage = DockScene::damage(drawn, onPixels);
@@ -187,7 +185,7 @@ void DockView::updateShape() {
         window->setVisibleShape({});
         return;
     }
-    QImage picture(model->geometry(model->cells()).frameSize(), QImage::Format_ARGB32_Premultiplied);
+    QImage picture(contents.row.geometry.frameSize(), QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     paint(painter);
@@ -197,13 +195,13 @@ void DockView::updateShape() {
 
 void DockView::updateBlur() {
     if (window != nullptr && window->blursBehind()) {
-        const QPointF origin = model->geometry(model->cells()).frameOrigin();
+        const QPointF origin = contents.row.geometry.frameOrigin();
         window->setBlurRegion(blurRegion(shown).translated(origin.toPoint()));
     }
 }
 
 void DockView::paint(QPainter& painter) {
-    const DockGeometry geometry = model->geometry(model->cells());
+    const DockGeometry& geometry = contents.row.geometry;
     const double ratio = painter.device()->devicePixelRatioF();
     const Appearance look = appearance();
     sprites.setLook(IconSprites::Look::of(geometry, look, ratio));
@@ -360,7 +358,7 @@ std::optional<std::string> DockView::pathAt(QPointF position) const {
 }
 
 QPointF DockView::scenePoint(QPointF position) const {
-    return position - model->geometry(model->cells()).frameOrigin();
+    return position - contents.row.geometry.frameOrigin();
 }
 
 void DockView::changeEvent(QEvent* event) {

@@ -41,6 +41,27 @@ TEST_F(DockPanelTest, standsCentredOnItsEdgeOfTheVisibleFrame) {
     EXPECT_EQ(panel().frame(), QRect(991, 377, 289, 146));
 }
 
+TEST_F(DockPanelTest, theRowIsMadeForChangesAndNotForMovements) {
+    const Count rows(&model(), &DockModel::rowChanged);
+    const DockCell* cells = model().cells().data();
+    const double* widths = model().row().geometry.widths.data();
+    for (double x = 560; x < 720; x += 4) {
+        point(x, 860);
+        EXPECT_EQ(model().mouse().has_value(), x >= 576 && x <= 704) << x;
+    }
+    // Nothing made them again: they are where they were.
+    EXPECT_EQ(rows.times, 0);
+    EXPECT_EQ(model().cells().data(), cells);
+    EXPECT_EQ(model().row().geometry.widths.data(), widths);
+    platform.workspace().launch("/Applications/A.app");
+    EXPECT_EQ(rows.times, 1);
+    EXPECT_EQ(model().cells().size(), 4U);
+    configure([](DockConfig& config) { config.showRunning = false; });
+    EXPECT_EQ(rows.times, 2);
+    EXPECT_EQ(model().row(), (DockRow{model().cells(), model().geometry(model().cells())}));
+    EXPECT_EQ(model().cells().size(), 2U);
+}
+
 TEST_F(DockPanelTest, movesToItsNewPlaceOnTheNextTurnOnly) {
     const QRect before = window().placed;
     configure([](DockConfig& config) { config.edge = DockEdge::top; });
