@@ -140,12 +140,15 @@ DockLayout::Shifted DockGeometry::layout(std::span<const double> scales) const {
     return DockLayout::shifted(centers, widths, scales);
 }
 
-std::optional<std::size_t> DockGeometry::hitTest(double along, std::span<const DockCell> cells,
+bool DockGeometry::isOnIcon(double mouseAxis, double center, double length) {
+    return std::abs(mouseAxis - center) <= length / 2 + DockLayout::hitTolerance;
+}
+
+std::optional<std::size_t> DockGeometry::hitTest(double mouseAxis, std::span<const DockCell> cells,
                                                  std::span<const double> centers,
                                                  std::span<const double> scales) const {
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        if (cells[i].isItem() &&
-            std::abs(along - centers[i]) <= widths[i] * scales[i] / 2 + DockLayout::hitTolerance) {
+        if (cells[i].isItem() && isOnIcon(mouseAxis, centers[i], widths[i] * scales[i])) {
             return i;
         }
     }

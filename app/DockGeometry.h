@@ -73,9 +73,12 @@ public:
                                              std::span<const DockCell> cells) const;
     /// Where the cells stand along the panel with those scales, and by how much the row has widened.
     [[nodiscard]] DockLayout::Shifted layout(std::span<const double> scales) const;
+    /// Whether the pointer counts as on an icon of that centre and length, all along: 3 points beyond either
+    /// end still do.
+    [[nodiscard]] static bool isOnIcon(double mouseAxis, double center, double length);
     /// The first item cell whose magnified extent, widened by 3 points at each side, holds the
-    /// along-coordinate.
-    [[nodiscard]] std::optional<std::size_t> hitTest(double along, std::span<const DockCell> cells,
+    /// pointer's along-coordinate.
+    [[nodiscard]] std::optional<std::size_t> hitTest(double mouseAxis, std::span<const DockCell> cells,
                                                      std::span<const double> centers,
                                                      std::span<const double> scales) const;
 

@@ -1,5 +1,6 @@
 #include "app/view/DockScene.h"
 
+#include "app/DockGeometry.h"
 #include "app/view/ContinuousCorners.h"
 #include "app/view/ShelfShape.h"
 
@@ -96,6 +97,17 @@ void addBackground(QRegion& region, const DockScene::Background& before, const D
 }
 
 } // namespace
+
+const DockScene::Icon* DockScene::iconAt(QPointF point, Reach reach) const {
+    const bool horizontal = isHorizontal(edge);
+    const auto found = std::ranges::find_if(icons, [&](const Icon& icon) {
+        const QPointF center = icon.rect.center();
+        return reach == Reach::square ? icon.rect.contains(point)
+               : horizontal           ? DockGeometry::isOnIcon(point.x(), center.x(), icon.rect.width())
+                                      : DockGeometry::isOnIcon(point.y(), center.y(), icon.rect.width());
+    });
+    return found == icons.end() ? nullptr : &*found;
+}
 
 QRect DockScene::extentOf(const Icon& part) {
     QRect whole = around(part.rect, reachOf(part.shadow));

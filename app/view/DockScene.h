@@ -133,6 +133,15 @@ struct DockScene {
     static constexpr double labelBorder = 0.2;
     static constexpr double pillBorder = 0.9;
 
+    /// What a point has to be on to mean an icon.
+    enum class Reach {
+        /// The icon's place along the edge and 3 points beyond either side of it, at any depth: so clicks
+        /// and drags find the icon above a pointer that is pushed against the edge.
+        column,
+        /// The square of its image: drops beside it are for the background.
+        square,
+    };
+
     QSizeF panelSize;
     DockEdge edge = DockEdge::bottom;
     DockStyle style = DockStyle::glass;
@@ -149,6 +158,8 @@ struct DockScene {
 
     bool operator==(const DockScene&) const = default;
 
+    /// The first icon that a point of the panel means; null when it means none.
+    [[nodiscard]] const Icon* iconAt(QPointF point, Reach reach) const;
     /// What an icon's image casts in a dock of that style.
     [[nodiscard]] static Shadow iconShadow(DockStyle style);
     /// The whole points that the icon, with all that belongs to it, may touch before the scene's offset.

@@ -342,19 +342,11 @@ void DockView::dropEvent(QDropEvent* event) {
     refresh(Contents::asKnown);
 }
 
-// By what is on the screen and where the button went down: the pointer may be elsewhere by now. Along the
-// edge only, so that a pointer pushed against it hits the icon above.
+// What is on the screen decides, at the place where the button went down: the pointer may be elsewhere by
+// now.
 std::optional<std::string> DockView::pathAt(QPointF position) const {
-    const bool horizontal = isHorizontal(shown.edge);
-    const QPointF point = scenePoint(position);
-    for (const DockScene::Icon& icon : shown.icons) {
-        const double distance =
-            horizontal ? point.x() - icon.rect.center().x() : point.y() - icon.rect.center().y();
-        if (std::abs(distance) <= icon.rect.width() / 2 + DockLayout::hitTolerance) {
-            return icon.path;
-        }
-    }
-    return std::nullopt;
+    const DockScene::Icon* icon = shown.iconAt(scenePoint(position), DockScene::Reach::column);
+    return icon != nullptr ? std::optional(icon->path) : std::nullopt;
 }
 
 QPointF DockView::scenePoint(QPointF position) const {

@@ -176,6 +176,33 @@ TEST_F(DockSceneTest, sideLabelsGrowAwayFromTheDockWithin180Points) {
     EXPECT_EQ(scene().label->rect.width(), 180);
 }
 
+TEST_F(DockSceneTest, aColumnReaches3PointsBeyondItsIconAtAnyDepthAndASquareDoesNot) {
+    using Reach = DockScene::Reach;
+    const std::pair<DockEdge, QRectF> first[] = {{DockEdge::bottom, {22, 58, 48, 48}},
+                                                 {DockEdge::top, {22, 19, 48, 48}},
+                                                 {DockEdge::left, {19, 22, 48, 48}},
+                                                 {DockEdge::right, {222, 22, 48, 48}}};
+    for (const auto& [edge, rect] : first) {
+        shape(edge, Magnification::off);
+        const DockScene docked = scene();
+        const bool horizontal = isHorizontal(edge);
+        const auto at = [&, center = rect.center()](double along, double depth) {
+            return center + (horizontal ? QPointF(along, depth) : QPointF(depth, along));
+        };
+        const DockScene::Icon* icon = &docked.icons.at(0);
+        EXPECT_EQ(docked.iconAt(at(-27, 0), Reach::column), icon) << rawValue(edge);
+        EXPECT_EQ(docked.iconAt(at(-27.1, 0), Reach::column), nullptr);
+        EXPECT_EQ(docked.iconAt(at(0, 40), Reach::column), icon);
+        EXPECT_EQ(docked.iconAt(at(0, -40), Reach::column), icon);
+        // The next icon begins 6 points further on: the first one has the place between them.
+        EXPECT_EQ(docked.iconAt(at(27, 0), Reach::column), icon);
+        EXPECT_EQ(docked.iconAt(at(27.1, 0), Reach::column), &docked.icons.at(1));
+        EXPECT_EQ(docked.iconAt(at(-23.9, 23.9), Reach::square), icon);
+        EXPECT_EQ(docked.iconAt(at(-24.1, 0), Reach::square), nullptr);
+        EXPECT_EQ(docked.iconAt(at(0, 24.1), Reach::square), nullptr);
+    }
+}
+
 TEST_F(DockSceneTest, noLabelOverTheSeparatorOrWithoutPointer) {
     platform.workspace().launch("/Applications/A.app");
     shape(DockEdge::bottom, Magnification::off);

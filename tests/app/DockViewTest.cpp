@@ -204,6 +204,15 @@ TEST_F(DockViewTest, aClickCountsWhereItWasMadeWhereverThePointerIsByNow) {
     EXPECT_EQ(platform.workspace().calls, std::vector<std::string>{"openApplication " + notes});
 }
 
+TEST_F(DockViewTest, aClickUpTo3PointsBesideAnIconOpensIt) {
+    const DockGeometry geometry = model().geometry(model().cells());
+    const double side = geometry.rowOffset() + geometry.restCenters[0] - 24;
+    press(geometry.point(side - 3.1, 40), geometry.point(side - 3.1, 40));
+    EXPECT_TRUE(platform.workspace().calls.empty());
+    press(geometry.point(side - 2.9, 40), geometry.point(side - 2.9, 40));
+    EXPECT_EQ(platform.workspace().calls, std::vector<std::string>{"openApplication " + mail});
+}
+
 TEST_F(DockViewTest, aClickAtTheVeryEdgeHitsTheIconAbove) {
     const DockGeometry geometry = model().geometry(model().cells());
     press(geometry.point(geometry.rowOffset() + geometry.restCenters[0], 0.5),

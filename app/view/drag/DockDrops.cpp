@@ -19,10 +19,8 @@ std::optional<DockDrops::Target> DockDrops::target(const DockScene& scene, QPoin
     if (!files && !textWithoutFile(items)) {
         return std::nullopt;
     }
-    for (const DockScene::Icon& icon : scene.icons) {
-        if (icon.rect.contains(point)) {
-            return Target{icon.path};
-        }
+    if (const DockScene::Icon* icon = scene.iconAt(point, DockScene::Reach::square)) {
+        return Target{icon->path};
     }
     return files && scene.background.rect.contains(point) ? std::optional(Target{}) : std::nullopt;
 }
