@@ -35,9 +35,7 @@ DockManager::DockManager(Platform& system)
       platform(system),
       icons(std::make_shared<IconCache>(system.icons())),
       store(settingsURL),
-      current(store.load()),
-      systemDockHidden(current.hideSystemDock),
-      memoryShown(current.showMemory) {
+      current(store.load()) {
     connect(&platform.screens(), &Screens::changed, this, &DockManager::rebuild);
     connect(&platform.pointer(), &PointerMonitor::moved, this, &DockManager::mouseMoved);
     connect(&platform.workspace(), &Workspace::fullScreenChanged, this, &DockManager::followFullScreen);
@@ -157,7 +155,6 @@ void DockManager::markOnboarded() {
 
 void DockManager::setHideSystemDock(bool hide) {
     current.hideSystemDock = hide;
-    systemDockHidden = hide;
     Q_EMIT hideSystemDockChanged();
     save();
     applySystemDock(hide);
@@ -165,7 +162,6 @@ void DockManager::setHideSystemDock(bool hide) {
 
 void DockManager::setShowMemory(bool show) {
     current.showMemory = show;
-    memoryShown = show;
     Q_EMIT showMemorySettingChanged();
     save();
     applyMemory();
@@ -200,7 +196,7 @@ void DockManager::applyMemory() {
 
 void DockManager::mouseMoved(QPointF location) {
     for (const auto& [key, panel] : open) {
-        panel->track(location);
+        panel->movePointer(location);
     }
 }
 

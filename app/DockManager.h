@@ -59,8 +59,10 @@ public:
     }
     /// What counts: the file holds a copy of it.
     [[nodiscard]] const Settings& settings() const { return current; }
-    [[nodiscard]] bool hideSystemDock() const { return systemDockHidden; }
-    [[nodiscard]] bool showMemorySetting() const { return memoryShown; }
+    /// Whether the user wants the desktop's own dock hidden.
+    [[nodiscard]] bool hideSystemDock() const { return current.hideSystemDock; }
+    /// Whether the user wants memory figures on the docks.
+    [[nodiscard]] bool showMemorySetting() const { return current.showMemory; }
 
     /// Changes the configuration of a screen, saves, and hands it to the screen's model; switching a dock on
     /// or off rebuilds. A key without configuration changes nothing.
@@ -98,8 +100,6 @@ private:
     Settings current;
     Models published;
     std::map<std::string, std::unique_ptr<DockPanel>, std::less<>> open;
-    bool systemDockHidden;
-    bool memoryShown;
     std::unique_ptr<ScheduledTask> rebuildWork;
 };
 

@@ -118,6 +118,11 @@ void DockPanel::reposition() {
     }
 }
 
+void DockPanel::movePointer(QPointF location) {
+    track(location);
+    view->movePointer(location);
+}
+
 void DockPanel::track(QPointF mouse) {
     if (menuOpen) {
         return;

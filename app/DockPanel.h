@@ -47,6 +47,8 @@ public:
     void present();
     /// Takes up the place and size that the screen, the configuration and the cells call for.
     void reposition();
+    /// The pointer moved there, in global points: tracks it, and lets a press on the dock become a drag.
+    void movePointer(QPointF location);
     /// Follows the pointer. Global points. Nothing happens while the dock's menu is open; it is asked for
     /// once more when that closes.
     void track(QPointF mouse);

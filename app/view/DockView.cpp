@@ -13,7 +13,6 @@
 #include "platform/FileFacts.h"
 #include "platform/PanelWindow.h"
 #include "platform/Platform.h"
-#include "platform/PointerMonitor.h"
 #include "platform/Scheduler.h"
 
 #include <QBitmap>
@@ -61,7 +60,6 @@ DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> i
     connect(model.get(), &DockModel::mouseChanged, this, &DockView::followMouse);
     connect(model.get(), &DockModel::bouncingChanged, this, &DockView::followLaunching);
     connect(model.get(), &DockModel::hiddenChanged, this, &DockView::followHidden);
-    connect(&platform.pointer(), &PointerMonitor::moved, this, &DockView::followPress);
     connect(model->running.get(), &RunningApps::activePathChanged, this, redraw);
     connect(model->memory.get(), &MemoryMonitor::statsChanged, this, redraw);
     connect(model->memory.get(), &MemoryMonitor::byAppChanged, this, redraw);
@@ -265,8 +263,7 @@ void DockView::mousePressEvent(QMouseEvent* event) {
     }
 }
 
-// Windows need not be told of movements; the pointer monitor is.
-void DockView::followPress(QPointF location) {
+void DockView::movePointer(QPointF location) {
     if (press.isDown()) {
         movePress(mapFromGlobal(location));
     }

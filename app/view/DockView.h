@@ -50,6 +50,10 @@ public:
     /// Shows the state as it is at once, without movement: for a dock that nobody has seen yet.
     void settle();
 
+    /// The pointer moved there, in global points: a press may become a drag by that. Window systems need not
+    /// send movements to windows.
+    void movePointer(QPointF location);
+
     /// What is shown now.
     [[nodiscard]] const DockScene& scene() const { return shown; }
     /// Whether a frame is due although nothing else happens.
@@ -77,7 +81,6 @@ private:
 
     void followMouse();
     void followHidden();
-    void followPress(QPointF location);
     void movePress(QPointF position);
     void beginDrag(const std::string& path);
     void hover(QDropEvent& event);
