@@ -4,16 +4,21 @@
 
 namespace quillary {
 
+Shade shadeOf(const QPalette& palette) {
+    constexpr float middle = 0.5F;
+    return palette.color(QPalette::Window).lightnessF() < middle ? Shade::dark : Shade::light;
+}
+
 Appearance Appearance::of(const QPalette& palette, Blending blending) {
     constexpr float secondaryOpacity = 0.55F;
-    const bool dark = palette.color(QPalette::Window).lightnessF() < 0.5F;
-    const QColor text = dark ? Qt::white : Qt::black;
+    const Shade shade = shadeOf(palette);
+    const QColor text = shade == Shade::dark ? Qt::white : Qt::black;
     QColor secondary = text;
     secondary.setAlphaF(secondaryOpacity);
     return {.primaryText = text,
             .secondaryText = secondary,
             .accent = palette.color(QPalette::Highlight),
-            .shade = dark ? Shade::dark : Shade::light,
+            .shade = shade,
             .blending = blending};
 }
 
