@@ -5,6 +5,7 @@
 #include "app/view/DockFonts.h"
 #include "app/view/LabelText.h"
 #include "app/view/PixelCopy.h"
+#include "app/view/PixelFit.h"
 #include "app/view/Plates.h"
 
 #include <QFontMetricsF>
@@ -159,7 +160,7 @@ void DockPainter::drawSprite(const IconSprites::Sprite& sprite, QPointF center, 
     const QSizeF size = QSizeF(sprite.image.size()) * scale;
     const QRectF target(((center + shift) * ratio) - QPointF(size.width() / 2, size.height() / 2), size);
     const DevicePixels pixels(painter, ratio);
-    if (std::abs(sprite.side - side * ratio) < 0.5) {
+    if (areSameSize(sprite.side, side * ratio)) {
         // On whole device pixels a sprite of the right size is copied as it is, and stays crisp.
         PixelCopy::copy(painter, target.topLeft().toPoint(), sprite.image, sprite.image.rect());
     } else {
@@ -260,8 +261,8 @@ bool DockPainter::opaque() const {
 
 QRectF DockPainter::snapped(const QRectF& part) const {
     const QRectF rect = part.translated(shift);
-    const auto snap = [this](double value) { return std::round(value * ratio) / ratio; };
-    return {QPointF(snap(rect.left()), snap(rect.top())), QPointF(snap(rect.right()), snap(rect.bottom()))};
+    return {QPointF(onWholePixel(rect.left(), ratio), onWholePixel(rect.top(), ratio)),
+            QPointF(onWholePixel(rect.right(), ratio), onWholePixel(rect.bottom(), ratio))};
 }
 
 } // namespace quillary

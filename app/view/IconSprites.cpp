@@ -3,6 +3,7 @@
 #include "app/DockGeometry.h"
 #include "app/view/Appearance.h"
 #include "app/view/IconCache.h"
+#include "app/view/PixelFit.h"
 #include "app/view/SoftShadow.h"
 
 #include <QPainter>
@@ -13,9 +14,6 @@
 namespace quillary {
 
 namespace {
-
-// Half a device pixel more than the resting size is still drawn as a copy of it.
-constexpr double exactFit = 0.5;
 
 QColor shadowColour(const DockScene::Shadow& shadow) {
     return QColor::fromRgbF(0, 0, 0, static_cast<float>(shadow.opacity));
@@ -55,7 +53,7 @@ void IconSprites::setLook(const Look& look) {
 }
 
 bool IconSprites::fits(double size) const {
-    return std::abs(size - wanted.resting) < exactFit;
+    return areSameSize(size, wanted.resting);
 }
 
 const IconSprites::Sprite& IconSprites::icon(const std::string& path, double drawnSize) {

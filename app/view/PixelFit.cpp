@@ -23,7 +23,7 @@ public:
     }
 
     void fit(DockScene::Icon& icon) const {
-        if (icon.pressed > 0 || std::abs(icon.rect.width() * ratio - resting) >= 0.5) {
+        if (icon.pressed > 0 || !areSameSize(icon.rect.width() * ratio, resting)) {
             return;
         }
         const QPointF before = icon.rect.center();
@@ -46,7 +46,7 @@ public:
 
 private:
     [[nodiscard]] double side(double value, double offset) const {
-        return std::round((value + offset) * ratio) / ratio - offset;
+        return onWholePixel(value + offset, ratio) - offset;
     }
     // So that the sides of a resting icon are on whole pixels.
     [[nodiscard]] double middle(double value, double offset) const {
@@ -60,6 +60,14 @@ private:
 };
 
 } // namespace
+
+double onWholePixel(double place, double ratio) {
+    return std::round(place * ratio) / ratio;
+}
+
+bool areSameSize(double one, double other) {
+    return std::abs(one - other) < 0.5;
+}
 
 DockScene fittedToPixels(DockScene scene, const PixelGrid& grid) {
     const Fitting fitting(scene, grid);

@@ -15,6 +15,11 @@ struct PixelGrid {
     bool operator==(const PixelGrid&) const = default;
 };
 
+/// The place at which the nearest device pixel begins; both in points of the device.
+[[nodiscard]] double onWholePixel(double place, double ratio);
+/// Whether two sizes in device pixels are drawn as one: they differ by less than half a pixel.
+[[nodiscard]] bool areSameSize(double one, double other);
+
 /// The scene with everything that is drawn on whole device pixels moved to those: icons of the resting size
 /// with what belongs to them, and the sides of the background, of separators and of the label. What looks the
 /// same is equal then, although magnification moved it by a part of a pixel.
