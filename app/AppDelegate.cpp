@@ -32,8 +32,7 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::applicationWillTerminate() {
-    if (docks && !terminated) {
-        terminated = true;
+    if (docks) {
         docks->applySystemDock(false);
     }
 }

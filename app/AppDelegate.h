@@ -26,7 +26,7 @@ public:
 
     /// Puts the docks on the screens and the symbol into the status bar; greets a new user, once.
     void applicationDidFinishLaunching();
-    /// Puts the desktop's own dock back. Does its work once, however often it is called.
+    /// Puts the desktop's own dock back. A second call finds it put back and changes nothing.
     void applicationWillTerminate();
     /// Shows the settings, as the program was opened while it runs. False: nothing further is to be done.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
@@ -50,7 +50,6 @@ private:
     std::unique_ptr<SettingsWindow> settingsWindow;
     std::unique_ptr<StatusItem> statusItem;
     std::unique_ptr<DebugSnapshot> snapshot;
-    bool terminated = false;
 };
 
 } // namespace quillary

@@ -3,8 +3,9 @@
 #include <span>
 #include <vector>
 
-/// The arithmetic of one row of cells, and the fixed measures that it works with. Lengths are points in
-/// double precision. Along means the axis that runs along the dock's screen edge, depth the axis that runs
+/// The arithmetic of one row of cells, and the measures that place the row, its panel and the zones that the
+/// pointer can be in. The measures of what is drawn on the row stand with what draws it. Lengths are points
+/// in double precision. Along means the axis that runs along the dock's screen edge, depth the axis that runs
 /// away from the edge into the screen.
 namespace quillary::DockLayout {
 

@@ -8,7 +8,7 @@ namespace quillary {
 
 namespace {
 
-// In units of the value's own range, which is 0…1 throughout the view.
+// Of a share, where 1 is the whole, or of a point: less of either cannot be seen.
 constexpr double stillOffset = 0.001;
 constexpr double stillVelocity = 0.01;
 

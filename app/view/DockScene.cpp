@@ -151,7 +151,7 @@ QRegion DockScene::damage(const DockScene& before, const DockScene& after) {
             }
         }
     }
-    return region.translated(after.offset.toPoint()) & whole;
+    return region & whole;
 }
 
 } // namespace quillary

@@ -66,7 +66,6 @@ SceneMotion::Part::Part()
     : along(response, damping, 0), size(response, damping, 0), presence(response, damping, 0) {}
 
 bool SceneMotion::Part::settled(double now) const {
-    // Lengths are points: a thousandth of one is as invisible as of an opacity.
     return along.settled(now) && size.settled(now) && presence.settled(now);
 }
 
