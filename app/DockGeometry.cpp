@@ -155,7 +155,8 @@ std::optional<std::size_t> DockGeometry::hitTest(double mouseAxis, std::span<con
     return std::nullopt;
 }
 
-DockGeometry::Zone DockGeometry::zone(bool active) const {
+DockGeometry::Zone DockGeometry::zone(Pointer before) const {
+    const bool active = before == Pointer::onDock;
     const double start = rowOffset();
     const double widened = DockLayout::zoneAlongTolerance + (active ? growthRoom() / 2 : 0);
     return {.alongMin = start - widened,
@@ -165,8 +166,8 @@ DockGeometry::Zone DockGeometry::zone(bool active) const {
                 size + DockLayout::depthBase + (active ? size * amount : 0) + DockLayout::zoneIntoScreen};
 }
 
-bool DockGeometry::isInZone(QPointF point, bool active) const {
-    const Zone z = zone(active);
+bool DockGeometry::isInZone(QPointF point, Pointer before) const {
+    const Zone z = zone(before);
     const double a = along(point);
     const double d = depth(point);
     return a >= z.alongMin && a <= z.alongMax && d >= z.depthMin && d <= z.depthMax;
@@ -179,8 +180,8 @@ bool DockGeometry::isInRevealStrip(QPointF point) const {
            d <= DockLayout::revealDepth;
 }
 
-QRect DockGeometry::inputZone(bool active) const {
-    const Zone z = zone(active);
+QRect DockGeometry::inputZone(Pointer before) const {
+    const Zone z = zone(before);
     const QRectF window(QPointF(0, 0), frameSize() - QSize(1, 1));
     const QRectF corners = QRectF(point(z.alongMin, z.depthMin), point(z.alongMax, z.depthMax))
                                .normalized()

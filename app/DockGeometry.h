@@ -82,20 +82,23 @@ public:
                                                      std::span<const double> centers,
                                                      std::span<const double> scales) const;
 
-    /// Whether the pointer is on the visible dock. `active`: whether it was on it before this movement, which
-    /// widens the zone to the magnified icons.
-    [[nodiscard]] bool isInZone(QPointF point, bool active) const;
+    /// Where the pointer was before a movement. On the dock, icons are magnified and the zone reaches to
+    /// them.
+    enum class Pointer { offDock, onDock };
+
+    /// Whether a pointer at the point is on the visible dock.
+    [[nodiscard]] bool isInZone(QPointF point, Pointer before) const;
     /// Whether the pointer touches the strip at the screen edge that reveals a hidden dock.
     [[nodiscard]] bool isInRevealStrip(QPointF point) const;
     /// The whole points of the window for which isInZone holds: what of it takes clicks. In the window's
     /// coordinates.
-    [[nodiscard]] QRect inputZone(bool active) const;
+    [[nodiscard]] QRect inputZone(Pointer before) const;
 
 private:
     struct Zone {
         double alongMin, alongMax, depthMin, depthMax;
     };
-    [[nodiscard]] Zone zone(bool active) const;
+    [[nodiscard]] Zone zone(Pointer before) const;
     [[nodiscard]] double magnifiedScale(double mouseAxis, std::size_t index) const;
 };
 

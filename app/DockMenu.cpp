@@ -38,7 +38,7 @@ public:
 
 private:
     void add(std::string title, std::function<void()> handler) {
-        menu.emplace_back(std::move(title), false, std::move(handler));
+        menu.emplace_back(std::move(title), std::move(handler));
     }
 
     /// A handler that does its work on the model while that exists.

@@ -123,30 +123,30 @@ void DockPanel::movePointer(QPointF location) {
     view->movePointer(location);
 }
 
-void DockPanel::track(QPointF mouse) {
+void DockPanel::track(QPointF location) {
     if (menuOpen) {
         return;
     }
     if (dock->hidden()) {
-        trackHidden(mouse);
+        trackHidden(location);
     } else {
-        trackShown(mouse);
+        trackShown(location);
     }
 }
 
-void DockPanel::trackShown(QPointF mouse) {
+void DockPanel::trackShown(QPointF location) {
     const bool wasInside = dock->mouse().has_value();
-    std::optional<QPointF> local;
-    if (!isCovered && containsOrTouches(placed, mouse)) {
+    std::optional<QPointF> mouse;
+    if (!isCovered && containsOrTouches(placed, location)) {
         const DockGeometry& layout = geometry();
-        const QPointF point = panelPoint(mouse, layout);
-        if (layout.isInZone(point, wasInside)) {
-            local = point;
+        const QPointF point = panelPoint(location, layout);
+        if (layout.isInZone(point, pointer())) {
+            mouse = point;
         }
     }
-    const bool inside = local.has_value();
+    const bool inside = mouse.has_value();
     window->setIgnoresMouseEvents(!inside);
-    dock->setMouse(local);
+    dock->setMouse(mouse);
     if (inside != wasInside) {
         updateInputRegion();
     }
@@ -160,15 +160,15 @@ void DockPanel::trackShown(QPointF mouse) {
     }
 }
 
-void DockPanel::trackHidden(QPointF mouse) {
+void DockPanel::trackHidden(QPointF location) {
     window->setIgnoresMouseEvents(true);
     dock->setMouse(std::nullopt);
     if (isCovered || !dock->config().autoHide ||
-        !containsOrTouches(placed, mouse, DockLayout::zoneBeyondEdge)) {
+        !containsOrTouches(placed, location, DockLayout::zoneBeyondEdge)) {
         return;
     }
     const DockGeometry& layout = geometry();
-    if (layout.isInRevealStrip(panelPoint(mouse, layout))) {
+    if (layout.isInRevealStrip(panelPoint(location, layout))) {
         hideWork.reset();
         dock->setHidden(false);
     }
@@ -249,16 +249,19 @@ void DockPanel::repositionSoon() {
 }
 
 void DockPanel::updateInputRegion() {
-    window->setInputRegion(dock->hidden() ? QRegion()
-                                          : QRegion(geometry().inputZone(dock->mouse().has_value())));
+    window->setInputRegion(dock->hidden() ? QRegion() : QRegion(geometry().inputZone(pointer())));
+}
+
+DockGeometry::Pointer DockPanel::pointer() const {
+    return dock->mouse() ? DockGeometry::Pointer::onDock : DockGeometry::Pointer::offDock;
 }
 
 const DockGeometry& DockPanel::geometry() const {
     return dock->row().geometry;
 }
 
-QPointF DockPanel::panelPoint(QPointF mouse, const DockGeometry& layout) const {
-    return mouse - placed.topLeft() - layout.frameOrigin();
+QPointF DockPanel::panelPoint(QPointF location, const DockGeometry& layout) const {
+    return location - placed.topLeft() - layout.frameOrigin();
 }
 
 } // namespace quillary

@@ -51,7 +51,7 @@ public:
     void movePointer(QPointF location);
     /// Follows the pointer. Global points. Nothing happens while the dock's menu is open; it is asked for
     /// once more when that closes.
-    void track(QPointF mouse);
+    void track(QPointF location);
     /// Tells whether a full-screen window covers the dock. A covered dock has no pointer and is not revealed.
     void setCovered(bool covered);
     /// The context menu for where the pointer is, built anew at each call.
@@ -74,14 +74,15 @@ private:
     void followConfig();
     void followHidden();
     void repositionSoon();
-    void trackShown(QPointF mouse);
-    void trackHidden(QPointF mouse);
+    void trackShown(QPointF location);
+    void trackHidden(QPointF location);
     void scheduleHide();
     void openMenu(QPointF position);
     void menuClosed();
     void updateInputRegion();
+    [[nodiscard]] DockGeometry::Pointer pointer() const;
     [[nodiscard]] const DockGeometry& geometry() const;
-    [[nodiscard]] QPointF panelPoint(QPointF mouse, const DockGeometry& geometry) const;
+    [[nodiscard]] QPointF panelPoint(QPointF location, const DockGeometry& geometry) const;
 
     std::shared_ptr<DockModel> dock;
     ScreenInfo screen;

@@ -10,7 +10,7 @@ namespace quillary {
 Menu statusMenu(DockManager& manager, Platform& platform, std::function<void()> showSettings,
                 std::function<void()> terminate) {
     Menu menu;
-    menu.emplace_back("Settings…", false, std::move(showSettings));
+    menu.emplace_back("Settings…", std::move(showSettings));
     menu.push_back(ClosureMenuItem::separator());
     // Each switch inverts what holds when it is chosen: the menu may have been open for long.
     for (const auto& model : manager.models()) {
@@ -24,9 +24,9 @@ Menu statusMenu(DockManager& manager, Platform& platform, std::function<void()> 
     menu.emplace_back("Show RAM on Dock", manager.showMemorySetting(),
                       [&manager] { manager.setShowMemory(!manager.showMemorySetting()); });
     menu.push_back(ClosureMenuItem::separator());
-    menu.emplace_back("Show Settings File", false,
+    menu.emplace_back("Show Settings File",
                       [&manager, &platform] { platform.workspace().reveal(manager.settingsURL.string()); });
-    menu.emplace_back("Quit Quillary", false, std::move(terminate));
+    menu.emplace_back("Quit Quillary", std::move(terminate));
     menu.back().keyEquivalent = 'q';
     return menu;
 }

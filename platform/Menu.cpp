@@ -4,17 +4,20 @@
 
 namespace quillary {
 
+ClosureMenuItem::ClosureMenuItem(std::string text, std::function<void()> action)
+    : title(std::move(text)), handler(std::move(action)) {}
+
 ClosureMenuItem::ClosureMenuItem(std::string text, bool isChecked, std::function<void()> action)
     : title(std::move(text)), checked(isChecked), handler(std::move(action)) {}
 
 ClosureMenuItem ClosureMenuItem::separator() {
-    ClosureMenuItem item({}, false, nullptr);
+    ClosureMenuItem item({}, nullptr);
     item.kind = Kind::separator;
     return item;
 }
 
 ClosureMenuItem ClosureMenuItem::submenu(std::string title, Menu items) {
-    ClosureMenuItem item(std::move(title), false, nullptr);
+    ClosureMenuItem item(std::move(title), nullptr);
     item.kind = Kind::submenu;
     item.items = std::move(items);
     return item;

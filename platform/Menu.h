@@ -17,6 +17,8 @@ public:
     enum class Kind { entry, separator, submenu };
 
     /// An entry that can be chosen. The title is UTF-8 and shown literally: "&" and "_" mark no mnemonics.
+    ClosureMenuItem(std::string title, std::function<void()> handler);
+    /// The same for a switch or a choice: `checked` puts a check mark before the title.
     ClosureMenuItem(std::string title, bool checked, std::function<void()> handler);
     static ClosureMenuItem separator();
     static ClosureMenuItem submenu(std::string title, Menu items);

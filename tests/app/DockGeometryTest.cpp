@@ -173,13 +173,15 @@ TEST(DockGeometry, hitTestReaches3PointsBeyondTheMagnifiedWidth) {
     EXPECT_EQ(geometry.hitTest(centers[0] + 27.001, cells, centers, scales), 1U);
 }
 
+using Pointer = DockGeometry::Pointer;
+
 /// Points given by along-coordinate and distance from the edge, so that one test serves four edges.
 class EveryEdge : public testing::TestWithParam<DockEdge> {
 protected:
     std::vector<DockCell> cells = items(10);
     DockGeometry geometry{config(GetParam(), 48, Magnification::big), cells, endless};
-    [[nodiscard]] bool zone(double along, double depth, bool active) const {
-        return geometry.isInZone(geometry.point(along, depth), active);
+    [[nodiscard]] bool zone(double along, double depth, Pointer before) const {
+        return geometry.isInZone(geometry.point(along, depth), before);
     }
     [[nodiscard]] bool strip(double along, double depth) const {
         return geometry.isInRevealStrip(geometry.point(along, depth));
@@ -194,29 +196,29 @@ TEST_P(EveryEdge, pointsConvertBothWays) {
 
 TEST_P(EveryEdge, restingZoneIsTheRowWith6PointsAtEachEnd) {
     const double start = 79.28;
-    EXPECT_TRUE(zone(start - 5.99, 10, false));
-    EXPECT_FALSE(zone(start - 6.01, 10, false));
-    EXPECT_TRUE(zone(start + 550 + 5.99, 10, false));
-    EXPECT_FALSE(zone(start + 550 + 6.01, 10, false));
+    EXPECT_TRUE(zone(start - 5.99, 10, Pointer::offDock));
+    EXPECT_FALSE(zone(start - 6.01, 10, Pointer::offDock));
+    EXPECT_TRUE(zone(start + 550 + 5.99, 10, Pointer::offDock));
+    EXPECT_FALSE(zone(start + 550 + 6.01, 10, Pointer::offDock));
     // 48 + 15 + 8 + 4 + 4
-    EXPECT_TRUE(zone(300, 78.99, false));
-    EXPECT_FALSE(zone(300, 79.01, false));
+    EXPECT_TRUE(zone(300, 78.99, Pointer::offDock));
+    EXPECT_FALSE(zone(300, 79.01, Pointer::offDock));
 }
 
 TEST_P(EveryEdge, activeZoneCoversTheMagnifiedIcons) {
     const double start = 79.28;
-    EXPECT_TRUE(zone(start - 6 - 65.27, 10, true));
-    EXPECT_FALSE(zone(start - 6 - 65.29, 10, true));
-    EXPECT_TRUE(zone(start + 550 + 6 + 65.27, 10, true));
+    EXPECT_TRUE(zone(start - 6 - 65.27, 10, Pointer::onDock));
+    EXPECT_FALSE(zone(start - 6 - 65.29, 10, Pointer::onDock));
+    EXPECT_TRUE(zone(start + 550 + 6 + 65.27, 10, Pointer::onDock));
     // 79 + 48 · 0.8
-    EXPECT_TRUE(zone(300, 117.39, true));
-    EXPECT_FALSE(zone(300, 117.41, true));
+    EXPECT_TRUE(zone(300, 117.39, Pointer::onDock));
+    EXPECT_FALSE(zone(300, 117.41, Pointer::onDock));
 }
 
 TEST_P(EveryEdge, twoPointsBeyondTheEdgeStillCount) {
     const auto edgeAndBeyond = [this](double depth) {
         // The origin of left and top edges is the edge itself: no rounding blurs the border there.
-        return std::pair(zone(300, depth, false), strip(300, depth));
+        return std::pair(zone(300, depth, Pointer::offDock), strip(300, depth));
     };
     if (GetParam() == DockEdge::left || GetParam() == DockEdge::top) {
         EXPECT_EQ(edgeAndBeyond(-2), std::pair(true, true));
@@ -236,15 +238,15 @@ TEST_P(EveryEdge, revealStripIs3PointsDeepAndAsLongAsTheRow) {
 }
 
 TEST_P(EveryEdge, inputZoneHoldsExactlyTheWholePointsInTheZone) {
-    for (const bool active : {false, true}) {
-        const QRect region = geometry.inputZone(active);
+    for (const Pointer before : {Pointer::offDock, Pointer::onDock}) {
+        const QRect region = geometry.inputZone(before);
         const QRect panel(QPoint(0, 0), geometry.panelSize().toSize());
         for (int x = 0; x < panel.width(); x += 1) {
             for (const int y : {0, region.top() - 1, region.top(), region.bottom(), region.bottom() + 1,
                                 panel.bottom(), panel.height() / 2}) {
                 if (panel.contains(x, y)) {
                     ASSERT_EQ(region.contains(x, y),
-                              geometry.isInZone(QPointF(x, y) - geometry.frameOrigin(), active))
+                              geometry.isInZone(QPointF(x, y) - geometry.frameOrigin(), before))
                         << x << " " << y;
                 }
             }
@@ -252,7 +254,7 @@ TEST_P(EveryEdge, inputZoneHoldsExactlyTheWholePointsInTheZone) {
         for (int y = 0; y < panel.height(); ++y) {
             const int x = panel.width() / 2;
             ASSERT_EQ(region.contains(x, y),
-                      geometry.isInZone(QPointF(x, y) - geometry.frameOrigin(), active))
+                      geometry.isInZone(QPointF(x, y) - geometry.frameOrigin(), before))
                 << x << " " << y;
         }
     }
