@@ -11,29 +11,30 @@
 
 namespace quillary {
 
-AppDelegate::AppDelegate(Platform& system) : platform(system) {
-    connect(&platform.instance(), &SingleInstance::reopened, this,
-            [this] { applicationShouldHandleReopen(settingsWindow && settingsWindow->window() != nullptr); });
+AppDelegate::AppDelegate(Platform& platform) : m_platform(platform) {
+    connect(&m_platform.instance(), &SingleInstance::reopened, this,
+            [this] { applicationShouldHandleReopen(m_settings && m_settings->window() != nullptr); });
 }
 
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
-    docks = std::make_unique<DockManager>(platform);
-    settingsWindow = std::make_unique<SettingsWindow>(*docks);
-    connect(docks.get(), &DockManager::settingsRequested, this, &AppDelegate::showSettings);
-    statusItem = platform.makeStatusItem(statusSymbol(), "Quillary", [this] { return menuNeedsUpdate(); });
-    snapshot = DebugSnapshot::runIfRequested(*docks, platform, [this] { showSettings(); });
-    if (!docks->settings().onboarded) {
+    m_manager = std::make_unique<DockManager>(m_platform);
+    m_settings = std::make_unique<SettingsWindow>(*m_manager);
+    connect(m_manager.get(), &DockManager::settingsRequested, this, &AppDelegate::showSettings);
+    m_statusItem =
+        m_platform.makeStatusItem(statusSymbol(), "Quillary", [this] { return menuNeedsUpdate(); });
+    m_snapshot = DebugSnapshot::runIfRequested(*m_manager, m_platform, [this] { showSettings(); });
+    if (!m_manager->settings().onboarded) {
         // Noted first: a greeting that ends the program must not come back at each start.
-        docks->markOnboarded();
-        settingsWindow->show(SettingsWindow::Form::welcome);
+        m_manager->markOnboarded();
+        m_settings->show(SettingsWindow::Form::welcome);
     }
 }
 
 void AppDelegate::applicationWillTerminate() {
-    if (docks) {
-        docks->applySystemDock(false);
+    if (m_manager) {
+        m_manager->applySystemDock(false);
     }
 }
 
@@ -43,17 +44,17 @@ bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {
 }
 
 void AppDelegate::showSettings() {
-    if (settingsWindow) {
-        settingsWindow->show(SettingsWindow::Form::normal);
+    if (m_settings) {
+        m_settings->show(SettingsWindow::Form::normal);
     }
 }
 
 Menu AppDelegate::menuNeedsUpdate() {
-    if (!docks) {
+    if (!m_manager) {
         return {};
     }
     return statusMenu(
-        *docks, platform, [this] { showSettings(); }, [this] { Q_EMIT terminate(); });
+        *m_manager, m_platform, [this] { showSettings(); }, [this] { Q_EMIT terminate(); });
 }
 
 } // namespace quillary

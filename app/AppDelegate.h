@@ -34,9 +34,9 @@ public:
     [[nodiscard]] Menu menuNeedsUpdate();
 
     /// Null until launching has finished.
-    [[nodiscard]] DockManager* manager() const { return docks.get(); }
+    [[nodiscard]] DockManager* manager() const { return m_manager.get(); }
     /// The settings window, made by its first showing. Null until launching has finished.
-    [[nodiscard]] SettingsWindow* settings() const { return settingsWindow.get(); }
+    [[nodiscard]] SettingsWindow* settings() const { return m_settings.get(); }
 
 Q_SIGNALS:
     /// The user asked the program to end.
@@ -45,11 +45,11 @@ Q_SIGNALS:
 private:
     void showSettings();
 
-    Platform& platform;
-    std::unique_ptr<DockManager> docks;
-    std::unique_ptr<SettingsWindow> settingsWindow;
-    std::unique_ptr<StatusItem> statusItem;
-    std::unique_ptr<DebugSnapshot> snapshot;
+    Platform& m_platform;
+    std::unique_ptr<DockManager> m_manager;
+    std::unique_ptr<SettingsWindow> m_settings;
+    std::unique_ptr<StatusItem> m_statusItem;
+    std::unique_ptr<DebugSnapshot> m_snapshot;
 };
 
 } // namespace quillary

@@ -58,33 +58,33 @@ std::unique_ptr<DebugSnapshot> DebugSnapshot::runIfRequested(DockManager& manage
                                            std::move(openSettings), [] { QCoreApplication::quit(); });
 }
 
-DebugSnapshot::DebugSnapshot(std::filesystem::path target, DockManager& docks, Platform& system,
-                             std::function<void()> openSettings, std::function<void()> end)
-    : folder(std::move(target)),
-      manager(docks),
-      platform(system),
-      showSettings(std::move(openSettings)),
-      terminate(std::move(end)),
-      work(platform.scheduler().after(settlingTime, [this] { takeDocks(); })) {}
+DebugSnapshot::DebugSnapshot(std::filesystem::path folder, DockManager& manager, Platform& platform,
+                             std::function<void()> showSettings, std::function<void()> terminate)
+    : m_folder(std::move(folder)),
+      m_manager(manager),
+      m_platform(platform),
+      m_showSettings(std::move(showSettings)),
+      m_terminate(std::move(terminate)),
+      m_work(platform.scheduler().after(settlingTime, [this] { takeDocks(); })) {}
 
 DebugSnapshot::~DebugSnapshot() = default;
 
 void DebugSnapshot::takeDocks() {
     writeDockPictures();
-    showSettings();
-    work = platform.scheduler().after(settingsTime, [this] { finish(); });
+    m_showSettings();
+    m_work = m_platform.scheduler().after(settingsTime, [this] { finish(); });
 }
 
 void DebugSnapshot::finish() {
     writeSettingsPicture();
-    write(folder / "snapshot-report.txt", report(manager, platform.files()));
-    terminate();
+    write(m_folder / "snapshot-report.txt", report(m_manager, m_platform.files()));
+    m_terminate();
 }
 
 void DebugSnapshot::writeDockPictures() const {
     // Pictures carry the window's place among all windows of the program.
     const auto windows = windowsInOrder();
-    for (const auto& [key, panel] : manager.panels()) {
+    for (const auto& [key, panel] : m_manager.panels()) {
         const auto index = windows.indexOf(panel->nativeWindow());
         if (index < 0 || !panel->isVisible() || panel->model().hidden()) {
             continue;
@@ -109,7 +109,7 @@ void DebugSnapshot::writeSettingsPicture() const {
 void DebugSnapshot::writePicture(const std::string& name, const QImage& picture) const {
     const std::string png = pngOf(picture);
     if (!png.empty()) {
-        write(folder / name, png);
+        write(m_folder / name, png);
     }
 }
 

@@ -43,12 +43,12 @@ private:
     void writeSettingsPicture() const;
     void writePicture(const std::string& name, const QImage& picture) const;
 
-    std::filesystem::path folder;
-    DockManager& manager;
-    Platform& platform;
-    std::function<void()> showSettings;
-    std::function<void()> terminate;
-    std::unique_ptr<ScheduledTask> work;
+    std::filesystem::path m_folder;
+    DockManager& m_manager;
+    Platform& m_platform;
+    std::function<void()> m_showSettings;
+    std::function<void()> m_terminate;
+    std::unique_ptr<ScheduledTask> m_work;
 };
 
 } // namespace quillary

@@ -28,19 +28,19 @@ constexpr double rebuildAfterRestart = 1.2;
 
 } // namespace
 
-DockManager::DockManager(Platform& system)
-    : running(std::make_shared<RunningApps>(system.workspace())),
-      memory(std::make_shared<MemoryMonitor>(system.scheduler(), system.memory())),
-      settingsURL(system.applicationSupportDirectory() / "Quillary" / "settings.json"),
-      platform(system),
-      icons(std::make_shared<IconCache>(system.icons())),
-      store(settingsURL),
-      current(store.load()) {
-    connect(&platform.screens(), &Screens::changed, this, &DockManager::rebuild);
-    connect(&platform.pointer(), &PointerMonitor::moved, this, &DockManager::mouseMoved);
-    connect(&platform.workspace(), &Workspace::fullScreenChanged, this, &DockManager::followFullScreen);
+DockManager::DockManager(Platform& platform)
+    : running(std::make_shared<RunningApps>(platform.workspace())),
+      memory(std::make_shared<MemoryMonitor>(platform.scheduler(), platform.memory())),
+      settingsURL(platform.applicationSupportDirectory() / "Quillary" / "settings.json"),
+      m_platform(platform),
+      m_icons(std::make_shared<IconCache>(platform.icons())),
+      m_store(settingsURL),
+      m_settings(m_store.load()) {
+    connect(&m_platform.screens(), &Screens::changed, this, &DockManager::rebuild);
+    connect(&m_platform.pointer(), &PointerMonitor::moved, this, &DockManager::mouseMoved);
+    connect(&m_platform.workspace(), &Workspace::fullScreenChanged, this, &DockManager::followFullScreen);
     rebuild();
-    applySystemDock(current.hideSystemDock);
+    applySystemDock(m_settings.hideSystemDock);
     applyMemory();
 }
 
@@ -51,18 +51,18 @@ std::string DockManager::screenKey(const ScreenInfo& screen) {
 }
 
 DockPanel* DockManager::panel(std::string_view key) const {
-    const auto found = open.find(key);
-    return found == open.end() ? nullptr : found->second.get();
+    const auto found = m_panels.find(key);
+    return found == m_panels.end() ? nullptr : found->second.get();
 }
 
 void DockManager::rebuild() {
     Models next;
-    for (const ScreenInfo& screen : platform.screens().list()) {
+    for (const ScreenInfo& screen : m_platform.screens().list()) {
         const std::string key = screenKey(screen);
-        if (!current.dock(key)) {
+        if (!m_settings.dock(key)) {
             seed(key, screen);
         }
-        const auto config = current.dock(key);
+        const auto config = m_settings.dock(key);
         if (!config) {
             continue;
         }
@@ -71,7 +71,7 @@ void DockManager::rebuild() {
             std::ranges::find_if(next, [&key](const auto& candidate) { return candidate->key == key; });
         const auto model = known != next.end() ? *known : modelFor(key, *config);
         model->setScreenName(screen.name);
-        model->setShowMemory(current.showMemory);
+        model->setShowMemory(m_settings.showMemory);
         next.push_back(model);
         if (config->enabled) {
             showPanel(model, screen);
@@ -79,7 +79,7 @@ void DockManager::rebuild() {
             closePanel(key);
         }
     }
-    std::erase_if(open, [&next](auto& entry) {
+    std::erase_if(m_panels, [&next](auto& entry) {
         const bool gone =
             std::ranges::none_of(next, [&entry](const auto& model) { return model->key == entry.first; });
         if (gone) {
@@ -87,23 +87,24 @@ void DockManager::rebuild() {
         }
         return gone;
     });
-    published = std::move(next);
+    m_models = std::move(next);
     followFullScreen();
     Q_EMIT modelsChanged();
 }
 
 void DockManager::seed(const std::string& key, const ScreenInfo& screen) {
     // Through the list's own rule: what the system names may repeat itself or be no text.
-    current.docks.emplace_back(key, screen.name, DockItems::adding(platform.systemDock().pinnedItems(), {}));
+    m_settings.docks.emplace_back(key, screen.name,
+                                  DockItems::adding(m_platform.systemDock().pinnedItems(), {}));
     save();
 }
 
 std::shared_ptr<DockModel> DockManager::modelFor(const std::string& key, const DockConfig& config) {
     const auto existing =
-        std::ranges::find_if(published, [&key](const auto& candidate) { return candidate->key == key; });
-    return existing != published.end()
+        std::ranges::find_if(m_models, [&key](const auto& candidate) { return candidate->key == key; });
+    return existing != m_models.end()
                ? *existing
-               : std::make_shared<DockModel>(key, config, this, running, memory, platform);
+               : std::make_shared<DockModel>(key, config, this, running, memory, m_platform);
 }
 
 void DockManager::showPanel(const std::shared_ptr<DockModel>& model, const ScreenInfo& screen) {
@@ -112,33 +113,33 @@ void DockManager::showPanel(const std::shared_ptr<DockModel>& model, const Scree
         existing->reposition();
         return;
     }
-    auto created =
-        std::make_unique<DockPanel>(model, screen, icons, platform, [this] { Q_EMIT settingsRequested(); });
+    auto created = std::make_unique<DockPanel>(model, screen, m_icons, m_platform,
+                                               [this] { Q_EMIT settingsRequested(); });
     DockPanel& fresh = *created;
-    open.insert_or_assign(model->key, std::move(created));
+    m_panels.insert_or_assign(model->key, std::move(created));
     fresh.present();
 }
 
 void DockManager::closePanel(std::string_view key) {
-    const auto found = open.find(key);
-    if (found != open.end()) {
+    const auto found = m_panels.find(key);
+    if (found != m_panels.end()) {
         const auto closing = std::move(found->second);
-        open.erase(found);
+        m_panels.erase(found);
         closing->close();
     }
 }
 
 void DockManager::update(std::string_view key, const std::function<void(DockConfig&)>& change) {
-    const auto before = current.dock(key);
-    current.update(key, change);
+    const auto before = m_settings.dock(key);
+    m_settings.update(key, change);
     save();
-    const auto after = current.dock(key);
+    const auto after = m_settings.dock(key);
     if (!after) {
         return;
     }
     const auto model = std::ranges::find_if(
-        published, [&after](const auto& candidate) { return candidate->key == after->screenKey; });
-    if (model != published.end()) {
+        m_models, [&after](const auto& candidate) { return candidate->key == after->screenKey; });
+    if (model != m_models.end()) {
         // The model is kept alive: what it tells may end in a rebuild that drops it.
         const auto kept = *model;
         kept->setConfig(*after);
@@ -149,31 +150,31 @@ void DockManager::update(std::string_view key, const std::function<void(DockConf
 }
 
 void DockManager::markOnboarded() {
-    current.onboarded = true;
+    m_settings.onboarded = true;
     save();
 }
 
 void DockManager::setHideSystemDock(bool hide) {
-    current.hideSystemDock = hide;
+    m_settings.hideSystemDock = hide;
     Q_EMIT hideSystemDockChanged();
     save();
     applySystemDock(hide);
 }
 
 void DockManager::setShowMemory(bool show) {
-    current.showMemory = show;
+    m_settings.showMemory = show;
     Q_EMIT showMemorySettingChanged();
     save();
     applyMemory();
 }
 
 void DockManager::applySystemDock(bool hide) {
-    SystemDockPreferences& systemDock = platform.systemDock();
-    const auto plan = SystemDockHider::plan(hide, systemDock.read(), current.savedSystemDock);
-    if (plan.saved != current.savedSystemDock) {
-        current.savedSystemDock = plan.saved;
+    SystemDockPreferences& systemDock = m_platform.systemDock();
+    const auto plan = SystemDockHider::plan(hide, systemDock.read(), m_settings.savedSystemDock);
+    if (plan.saved != m_settings.savedSystemDock) {
+        m_settings.savedSystemDock = plan.saved;
         // What is remembered here serves the next start only: a failure to save it is nobody's news.
-        static_cast<void>(store.save(current));
+        static_cast<void>(m_store.save(m_settings));
     }
     if (!plan.write) {
         return;
@@ -181,13 +182,13 @@ void DockManager::applySystemDock(bool hide) {
     systemDock.write(*plan.write);
     systemDock.synchronise();
     systemDock.restart();
-    rebuildWork = platform.scheduler().after(rebuildAfterRestart, [this] { rebuild(); });
+    m_rebuildWork = m_platform.scheduler().after(rebuildAfterRestart, [this] { rebuild(); });
 }
 
 void DockManager::applyMemory() {
-    const bool active = current.showMemory;
+    const bool active = m_settings.showMemory;
     memory->setActive(active);
-    for (const auto& model : published) {
+    for (const auto& model : m_models) {
         if (model->showMemory() != active) {
             model->setShowMemory(active);
         }
@@ -195,21 +196,21 @@ void DockManager::applyMemory() {
 }
 
 void DockManager::mouseMoved(QPointF location) {
-    for (const auto& [key, panel] : open) {
+    for (const auto& [key, panel] : m_panels) {
         panel->movePointer(location);
     }
 }
 
 void DockManager::followFullScreen() {
-    const auto frame = platform.workspace().fullScreenFrame();
-    for (const auto& [key, panel] : open) {
+    const auto frame = m_platform.workspace().fullScreenFrame();
+    for (const auto& [key, panel] : m_panels) {
         panel->setCovered(frame && frame->contains(panel->targetScreen().frame.center()));
     }
 }
 
 void DockManager::save() {
-    if (const auto saved = store.save(current); !saved) {
-        platform.log().write("Quillary: save failed " + saved.error());
+    if (const auto saved = m_store.save(m_settings); !saved) {
+        m_platform.log().write("Quillary: save failed " + saved.error());
     }
 }
 

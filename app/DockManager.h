@@ -40,7 +40,7 @@ public:
     ~DockManager() override;
 
     /// The system that the docks live on.
-    [[nodiscard]] Platform& system() const { return platform; }
+    [[nodiscard]] Platform& system() const { return m_platform; }
 
     const std::shared_ptr<RunningApps> running;
     const std::shared_ptr<MemoryMonitor> memory;
@@ -51,18 +51,18 @@ public:
     [[nodiscard]] static std::string screenKey(const ScreenInfo& screen);
 
     /// One model a connected screen, in the order of the screens.
-    [[nodiscard]] const Models& models() const { return published; }
+    [[nodiscard]] const Models& models() const { return m_models; }
     /// The open dock of a screen; null when it has none.
     [[nodiscard]] DockPanel* panel(std::string_view key) const;
     [[nodiscard]] const std::map<std::string, std::unique_ptr<DockPanel>, std::less<>>& panels() const {
-        return open;
+        return m_panels;
     }
     /// What counts: the file holds a copy of it.
-    [[nodiscard]] const Settings& settings() const { return current; }
+    [[nodiscard]] const Settings& settings() const { return m_settings; }
     /// Whether the user wants the desktop's own dock hidden.
-    [[nodiscard]] bool hideSystemDock() const { return current.hideSystemDock; }
+    [[nodiscard]] bool hideSystemDock() const { return m_settings.hideSystemDock; }
     /// Whether the user wants memory figures on the docks.
-    [[nodiscard]] bool showMemorySetting() const { return current.showMemory; }
+    [[nodiscard]] bool showMemorySetting() const { return m_settings.showMemory; }
 
     /// Changes the configuration of a screen, saves, and hands it to the screen's model; switching a dock on
     /// or off rebuilds. A key without configuration changes nothing.
@@ -94,13 +94,13 @@ private:
     void followFullScreen();
     void save();
 
-    Platform& platform;
-    std::shared_ptr<IconCache> icons;
-    SettingsStore store;
-    Settings current;
-    Models published;
-    std::map<std::string, std::unique_ptr<DockPanel>, std::less<>> open;
-    std::unique_ptr<ScheduledTask> rebuildWork;
+    Platform& m_platform;
+    std::shared_ptr<IconCache> m_icons;
+    SettingsStore m_store;
+    Settings m_settings;
+    Models m_models;
+    std::map<std::string, std::unique_ptr<DockPanel>, std::less<>> m_panels;
+    std::unique_ptr<ScheduledTask> m_rebuildWork;
 };
 
 } // namespace quillary

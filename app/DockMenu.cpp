@@ -17,34 +17,34 @@ namespace {
 
 class DockMenuBuilder {
 public:
-    DockMenuBuilder(const std::shared_ptr<DockModel>& dock, Platform& system)
-        : model(dock), platform(system), config(dock->config()) {}
+    DockMenuBuilder(const std::shared_ptr<DockModel>& model, Platform& platform)
+        : m_model(model), m_platform(platform), m_config(model->config()) {}
 
     Menu build(std::function<void()> showSettings) {
-        if (const auto path = model->hoveredPath()) {
+        if (const auto path = m_model->hoveredPath()) {
             addItem(*path);
         }
-        menu.push_back(choices("Position", &DockConfig::edge,
-                               [](DockEdge edge) { return capitalised(rawValue(edge)); }));
-        menu.push_back(choices("Style", &DockConfig::style, [](DockStyle style) { return title(style); }));
-        menu.push_back(choices("Magnification", &DockConfig::magnification,
-                               [](Magnification magnification) { return title(magnification); }));
-        menu.push_back(toggle("Auto-hide", &DockConfig::autoHide));
-        menu.push_back(toggle("Show Running Apps", &DockConfig::showRunning));
-        menu.push_back(ClosureMenuItem::separator());
+        m_menu.push_back(choices("Position", &DockConfig::edge,
+                                 [](DockEdge edge) { return capitalised(rawValue(edge)); }));
+        m_menu.push_back(choices("Style", &DockConfig::style, [](DockStyle style) { return title(style); }));
+        m_menu.push_back(choices("Magnification", &DockConfig::magnification,
+                                 [](Magnification magnification) { return title(magnification); }));
+        m_menu.push_back(toggle("Auto-hide", &DockConfig::autoHide));
+        m_menu.push_back(toggle("Show Running Apps", &DockConfig::showRunning));
+        m_menu.push_back(ClosureMenuItem::separator());
         add("Settings…", std::move(showSettings));
-        return std::move(menu);
+        return std::move(m_menu);
     }
 
 private:
     void add(std::string title, std::function<void()> handler) {
-        menu.emplace_back(std::move(title), std::move(handler));
+        m_menu.emplace_back(std::move(title), std::move(handler));
     }
 
     /// A handler that does its work on the model while that exists.
     template<typename Work>
     [[nodiscard]] std::function<void()> onModel(Work work) const {
-        return [weak = std::weak_ptr(model), work = std::move(work)] {
+        return [weak = std::weak_ptr(m_model), work = std::move(work)] {
             if (const auto alive = weak.lock()) {
                 work(*alive);
             }
@@ -52,25 +52,25 @@ private:
     }
 
     void addItem(const std::string& path) {
-        const std::string name = displayName(platform.files(), path);
+        const std::string name = displayName(m_platform.files(), path);
         add("Open " + name, onModel([path](DockModel& dock) { dock.open(path); }));
-        if (std::ranges::find(config.items, path) != config.items.end()) {
+        if (std::ranges::find(m_config.items, path) != m_config.items.end()) {
             add("Remove from Dock", onModel([path](DockModel& dock) { dock.remove(path); }));
         } else {
             add("Keep in Dock", onModel([path](DockModel& dock) { dock.add({path}); }));
         }
-        add("Show in Finder", [&system = platform, path] { system.workspace().reveal(path); });
-        if (const RunningApplication* application = model->running->app(path)) {
-            menu.push_back(ClosureMenuItem::separator());
+        add("Show in Finder", [&system = m_platform, path] { system.workspace().reveal(path); });
+        if (const RunningApplication* application = m_model->running->app(path)) {
+            m_menu.push_back(ClosureMenuItem::separator());
             add("Quit " + name + freed(path),
-                [&system = platform, quitting = *application] { system.workspace().terminate(quitting); });
+                [&system = m_platform, quitting = *application] { system.workspace().terminate(quitting); });
         }
-        menu.push_back(ClosureMenuItem::separator());
+        m_menu.push_back(ClosureMenuItem::separator());
     }
 
     [[nodiscard]] std::string freed(const std::string& path) const {
-        const auto usage = model->memory->byApp().find(path);
-        return model->showMemory() && usage != model->memory->byApp().end()
+        const auto usage = m_model->memory->byApp().find(path);
+        return m_model->showMemory() && usage != m_model->memory->byApp().end()
                    ? " — frees " + RamBadges::text(usage->second)
                    : std::string();
     }
@@ -80,7 +80,7 @@ private:
         Menu items;
         for (const Value value : allCases<Value>()) {
             items.emplace_back(
-                titleOf(value), config.*field == value, onModel([field, value](DockModel& dock) {
+                titleOf(value), m_config.*field == value, onModel([field, value](DockModel& dock) {
                     dock.update([field, value](DockConfig& changed) { changed.*field = value; });
                 }));
         }
@@ -88,15 +88,15 @@ private:
     }
 
     [[nodiscard]] ClosureMenuItem toggle(std::string name, bool DockConfig::*field) const {
-        return {std::move(name), config.*field, onModel([field](DockModel& dock) {
+        return {std::move(name), m_config.*field, onModel([field](DockModel& dock) {
                     dock.update([field](DockConfig& changed) { changed.*field = !(changed.*field); });
                 })};
     }
 
-    const std::shared_ptr<DockModel>& model;
-    Platform& platform;
-    const DockConfig& config;
-    Menu menu;
+    const std::shared_ptr<DockModel>& m_model;
+    Platform& m_platform;
+    const DockConfig& m_config;
+    Menu m_menu;
 };
 
 } // namespace

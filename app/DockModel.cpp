@@ -23,68 +23,68 @@ constexpr double largestIconSize = 1024;
 
 } // namespace
 
-DockModel::DockModel(std::string screenKey, DockConfig config, DockManager* owner,
+DockModel::DockModel(std::string screenKey, DockConfig config, DockManager* manager,
                      std::shared_ptr<RunningApps> tracker, std::shared_ptr<MemoryMonitor> monitor,
-                     Platform& system)
+                     Platform& platform)
     : key(std::move(screenKey)),
       running(std::move(tracker)),
       memory(std::move(monitor)),
-      platform(system),
-      manager(owner),
-      configuration(std::move(config)),
-      arranged(makeRow()) {
+      m_platform(platform),
+      m_manager(manager),
+      m_config(std::move(config)),
+      m_row(makeRow()) {
     connect(running.get(), &RunningApps::appsChanged, this, &DockModel::followApps);
 }
 
 DockModel::~DockModel() = default;
 
 void DockModel::setScreenName(std::string screenName) {
-    name = std::move(screenName);
+    m_screenName = std::move(screenName);
     Q_EMIT screenNameChanged();
 }
 
-void DockModel::setShowMemory(bool shown) {
-    memoryShown = shown;
+void DockModel::setShowMemory(bool show) {
+    m_showMemory = show;
     Q_EMIT showMemoryChanged();
 }
 
 void DockModel::setConfig(DockConfig config) {
-    configuration = std::move(config);
-    arranged = makeRow();
+    m_config = std::move(config);
+    m_row = makeRow();
     // First, so that the dock's parts set out for their new places before anything else happens to them.
     Q_EMIT rowChanged();
     Q_EMIT configChanged();
 }
 
 void DockModel::setHidden(bool hidden) {
-    isHidden = hidden;
+    m_hidden = hidden;
     Q_EMIT hiddenChanged();
 }
 
 void DockModel::setMaxLength(double length) {
-    longest = length;
-    arranged = makeRow();
+    m_maxLength = length;
+    m_row = makeRow();
     Q_EMIT rowChanged();
     Q_EMIT maxLengthChanged();
 }
 
-void DockModel::setMouse(std::optional<QPointF> point) {
-    if (point == pointer) {
+void DockModel::setMouse(std::optional<QPointF> mouse) {
+    if (mouse == m_mouse) {
         return;
     }
-    const bool crossed = point.has_value() != pointer.has_value();
-    pointer = point;
+    const bool crossed = mouse.has_value() != m_mouse.has_value();
+    m_mouse = mouse;
     Q_EMIT mouseChanged(crossed ? Transition::animated : Transition::immediate);
 }
 
 std::vector<DockCell> DockModel::listedCells() const {
-    const auto& pinned = configuration.items;
+    const auto& pinned = m_config.items;
     std::vector<DockCell> result;
     result.reserve(pinned.size() + 1 + running->apps().size());
     for (const std::string& path : pinned) {
         result.push_back(DockCell::item(path, DockCell::Origin::pinned));
     }
-    if (!configuration.showRunning) {
+    if (!m_config.showRunning) {
         return result;
     }
     bool separated = pinned.empty();
@@ -103,7 +103,7 @@ std::vector<DockCell> DockModel::listedCells() const {
 }
 
 DockGeometry DockModel::geometry(const std::vector<DockCell>& cells) const {
-    return {configuration, std::min(configuration.iconSize, largestIconSize), cells, longest};
+    return {m_config, std::min(m_config.iconSize, largestIconSize), cells, m_maxLength};
 }
 
 DockRow DockModel::makeRow() const {
@@ -113,25 +113,25 @@ DockRow DockModel::makeRow() const {
 }
 
 void DockModel::followApps() {
-    arranged = makeRow();
+    m_row = makeRow();
     settleBouncing();
     Q_EMIT rowChanged();
 }
 
 std::optional<std::string> DockModel::hoveredPath() const {
-    if (!pointer) {
+    if (!m_mouse) {
         return std::nullopt;
     }
-    const DockGeometry& layout = arranged.geometry;
-    const double along = layout.along(*pointer);
-    const auto scales = layout.scales(along, cells());
-    const auto hit = layout.hitTest(along, cells(), layout.layout(scales).centers, scales);
+    const DockGeometry& layout = m_row.geometry;
+    const double mouseAxis = layout.along(*m_mouse);
+    const auto scales = layout.scales(mouseAxis, cells());
+    const auto hit = layout.hitTest(mouseAxis, cells(), layout.layout(scales).centers, scales);
     return hit ? std::optional(cells()[*hit].path) : std::nullopt;
 }
 
 void DockModel::update(const std::function<void(DockConfig&)>& change) {
-    if (manager) {
-        manager->update(key, change);
+    if (m_manager) {
+        m_manager->update(key, change);
     }
 }
 
@@ -150,12 +150,12 @@ void DockModel::remove(const std::string& path) {
 }
 
 void DockModel::open(const std::string& path) {
-    Workspace& workspace = platform.workspace();
-    if (!platform.files().isApplication(path)) {
+    Workspace& workspace = m_platform.workspace();
+    if (!m_platform.files().isApplication(path)) {
         workspace.open(path);
         return;
     }
-    if (configuration.bounceOnLaunch && running->app(path) == nullptr) {
+    if (m_config.bounceOnLaunch && running->app(path) == nullptr) {
         startBouncing(path);
     }
     workspace.openApplication(path);
@@ -163,25 +163,26 @@ void DockModel::open(const std::string& path) {
 
 void DockModel::startBouncing(const std::string& path) {
     // The limit runs from the click that began it: further clicks while it bounces do not prolong it.
-    if (bouncingPaths.insert(path).second) {
-        bounceLimits[path] = platform.scheduler().after(bounceLimit, [this, path] { stopBouncing(path); });
+    if (m_bouncing.insert(path).second) {
+        m_bounceLimits[path] =
+            m_platform.scheduler().after(bounceLimit, [this, path] { stopBouncing(path); });
     }
     Q_EMIT bouncingChanged();
 }
 
 void DockModel::stopBouncing(const std::string& path) {
-    bounceLimits.erase(path);
-    if (bouncingPaths.erase(path) > 0) {
+    m_bounceLimits.erase(path);
+    if (m_bouncing.erase(path) > 0) {
         Q_EMIT bouncingChanged();
     }
 }
 
 void DockModel::settleBouncing() {
-    const auto settled = std::erase_if(
-        bouncingPaths, [this](const std::string& path) { return running->app(path) != nullptr; });
+    const auto settled =
+        std::erase_if(m_bouncing, [this](const std::string& path) { return running->app(path) != nullptr; });
     if (settled > 0) {
-        std::erase_if(bounceLimits,
-                      [this](const auto& limit) { return !bouncingPaths.contains(limit.first); });
+        std::erase_if(m_bounceLimits,
+                      [this](const auto& limit) { return !m_bouncing.contains(limit.first); });
         Q_EMIT bouncingChanged();
     }
 }

@@ -41,8 +41,9 @@ public:
     };
 
     /// The manager may go away first; what needs it does nothing then. The platform must outlive the model.
-    DockModel(std::string key, DockConfig config, DockManager* manager, std::shared_ptr<RunningApps> running,
-              std::shared_ptr<MemoryMonitor> memory, Platform& platform);
+    DockModel(std::string screenKey, DockConfig config, DockManager* manager,
+              std::shared_ptr<RunningApps> tracker, std::shared_ptr<MemoryMonitor> monitor,
+              Platform& platform);
     ~DockModel() override;
 
     /// The screen this dock belongs to.
@@ -50,30 +51,30 @@ public:
     const std::shared_ptr<RunningApps> running;
     const std::shared_ptr<MemoryMonitor> memory;
 
-    [[nodiscard]] const std::string& screenName() const { return name; }
-    [[nodiscard]] bool showMemory() const { return memoryShown; }
-    [[nodiscard]] const DockConfig& config() const { return configuration; }
+    [[nodiscard]] const std::string& screenName() const { return m_screenName; }
+    [[nodiscard]] bool showMemory() const { return m_showMemory; }
+    [[nodiscard]] const DockConfig& config() const { return m_config; }
     /// The pointer in panel coordinates (points, origin top-left, y down) while it is on the dock.
-    [[nodiscard]] std::optional<QPointF> mouse() const { return pointer; }
-    [[nodiscard]] bool hidden() const { return isHidden; }
+    [[nodiscard]] std::optional<QPointF> mouse() const { return m_mouse; }
+    [[nodiscard]] bool hidden() const { return m_hidden; }
     /// Along-length of the screen's visible frame, points; 0 until the panel is placed.
-    [[nodiscard]] double maxLength() const { return longest; }
+    [[nodiscard]] double maxLength() const { return m_maxLength; }
     /// Paths of the applications that are being launched from this dock.
-    [[nodiscard]] const std::set<std::string, std::less<>>& bouncing() const { return bouncingPaths; }
+    [[nodiscard]] const std::set<std::string, std::less<>>& bouncing() const { return m_bouncing; }
 
     void setScreenName(std::string screenName);
-    void setShowMemory(bool shown);
+    void setShowMemory(bool show);
     void setConfig(DockConfig config);
     void setHidden(bool hidden);
     void setMaxLength(double length);
     /// Nothing happens when the position is the one it has.
-    void setMouse(std::optional<QPointF> point);
+    void setMouse(std::optional<QPointF> mouse);
 
     /// The pinned items, then, when running applications are shown, a separator (if both groups have any) and
     /// the running applications that are not pinned. Valid until rowChanged.
-    [[nodiscard]] const std::vector<DockCell>& cells() const { return arranged.cells; }
+    [[nodiscard]] const std::vector<DockCell>& cells() const { return m_row.cells; }
     /// The cells with their layout. Valid until rowChanged.
-    [[nodiscard]] const DockRow& row() const { return arranged; }
+    [[nodiscard]] const DockRow& row() const { return m_row; }
     /// The layout of some cells in this dock, its icons at most 1024 points.
     [[nodiscard]] DockGeometry geometry(const std::vector<DockCell>& cells) const;
     /// The path of the item under the pointer, if any.
@@ -112,17 +113,17 @@ private:
     void stopBouncing(const std::string& path);
     void settleBouncing();
 
-    Platform& platform;
-    QPointer<DockManager> manager;
-    std::string name;
-    bool memoryShown = false;
-    DockConfig configuration;
-    std::optional<QPointF> pointer;
-    bool isHidden = false;
-    double longest = 0;
-    DockRow arranged;
-    std::set<std::string, std::less<>> bouncingPaths;
-    std::map<std::string, std::unique_ptr<ScheduledTask>, std::less<>> bounceLimits;
+    Platform& m_platform;
+    QPointer<DockManager> m_manager;
+    std::string m_screenName;
+    bool m_showMemory = false;
+    DockConfig m_config;
+    std::optional<QPointF> m_mouse;
+    bool m_hidden = false;
+    double m_maxLength = 0;
+    DockRow m_row;
+    std::set<std::string, std::less<>> m_bouncing;
+    std::map<std::string, std::unique_ptr<ScheduledTask>, std::less<>> m_bounceLimits;
 };
 
 } // namespace quillary

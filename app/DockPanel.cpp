@@ -36,35 +36,35 @@ int rounded(double value) {
 
 } // namespace
 
-DockPanel::DockPanel(std::shared_ptr<DockModel> model, ScreenInfo target, std::shared_ptr<IconCache> icons,
-                     Platform& system, std::function<void()> openSettings)
-    : dock(std::move(model)),
-      screen(std::move(target)),
-      platform(system),
-      showSettings(std::move(openSettings)),
-      autoHide(dock->config().autoHide),
-      view(std::make_unique<DockView>(dock, std::move(icons), platform)),
-      window(platform.makePanelWindow(*view)) {
-    view->attach(*window);
-    window->setIgnoresMouseEvents(true);
-    window->setInputRegion({});
-    connect(view.get(), &DockView::menuRequested, this, &DockPanel::openMenu);
-    connect(dock.get(), &DockModel::configChanged, this, &DockPanel::followConfig);
-    connect(dock.get(), &DockModel::hiddenChanged, this, &DockPanel::followHidden);
-    connect(dock->running.get(), &RunningApps::appsChanged, this, &DockPanel::repositionSoon);
-    connect(window.get(), &PanelWindow::pointerCrossed, &platform.pointer(), &PointerMonitor::refresh);
+DockPanel::DockPanel(std::shared_ptr<DockModel> model, ScreenInfo screen, std::shared_ptr<IconCache> icons,
+                     Platform& platform, std::function<void()> showSettings)
+    : m_model(std::move(model)),
+      m_targetScreen(std::move(screen)),
+      m_platform(platform),
+      m_showSettings(std::move(showSettings)),
+      m_autoHide(m_model->config().autoHide),
+      m_contents(std::make_unique<DockView>(m_model, std::move(icons), m_platform)),
+      m_window(m_platform.makePanelWindow(*m_contents)) {
+    m_contents->attach(*m_window);
+    m_window->setIgnoresMouseEvents(true);
+    m_window->setInputRegion({});
+    connect(m_contents.get(), &DockView::menuRequested, this, &DockPanel::openMenu);
+    connect(m_model.get(), &DockModel::configChanged, this, &DockPanel::followConfig);
+    connect(m_model.get(), &DockModel::hiddenChanged, this, &DockPanel::followHidden);
+    connect(m_model->running.get(), &RunningApps::appsChanged, this, &DockPanel::repositionSoon);
+    connect(m_window.get(), &PanelWindow::pointerCrossed, &m_platform.pointer(), &PointerMonitor::refresh);
 }
 
 DockPanel::~DockPanel() = default;
 
-QRect DockPanel::placement(const QRectF& visible, DockEdge edge, QSize size) {
+QRect DockPanel::placement(const QRectF& visibleFrame, DockEdge edge, QSize size) {
     const double width = size.width();
     const double height = size.height();
     // The rules count y upwards from the bottom of the frame, so that an oversized panel keeps its bottom
     // end.
     const double bottom = 0;
-    const double top = visible.height();
-    double x = visible.center().x() - width / 2;
+    const double top = visibleFrame.height();
+    double x = visibleFrame.center().x() - width / 2;
     double y = (top - height) / 2;
     switch (edge) {
     case DockEdge::bottom:
@@ -74,60 +74,60 @@ QRect DockPanel::placement(const QRectF& visible, DockEdge edge, QSize size) {
         y = top - height;
         break;
     case DockEdge::left:
-        x = visible.left();
+        x = visibleFrame.left();
         break;
     case DockEdge::right:
-        x = visible.right() - width;
+        x = visibleFrame.right() - width;
         break;
     }
-    x = placedInside(x, width, visible.left(), visible.right());
+    x = placedInside(x, width, visibleFrame.left(), visibleFrame.right());
     y = placedInside(y, height, bottom, top);
-    return {QPoint(rounded(x), rounded(visible.bottom() - y - height)), size};
+    return {QPoint(rounded(x), rounded(visibleFrame.bottom() - y - height)), size};
 }
 
-void DockPanel::setTargetScreen(ScreenInfo target) {
-    screen = std::move(target);
+void DockPanel::setTargetScreen(ScreenInfo screen) {
+    m_targetScreen = std::move(screen);
 }
 
 void DockPanel::present() {
-    dock->setHidden(true);
-    view->settle();
+    m_model->setHidden(true);
+    m_contents->settle();
     reposition();
-    window->orderFront();
-    showWork = platform.scheduler().after(showDelay, [this] {
-        if (!dock->config().autoHide) {
-            dock->setHidden(false);
+    m_window->orderFront();
+    m_showWork = m_platform.scheduler().after(showDelay, [this] {
+        if (!m_model->config().autoHide) {
+            m_model->setHidden(false);
         }
     });
 }
 
 void DockPanel::reposition() {
-    const QRectF& visible = screen.visibleFrame;
-    const DockEdge edge = dock->config().edge;
+    const QRectF& visible = m_targetScreen.visibleFrame;
+    const DockEdge edge = m_model->config().edge;
     const double length = isHorizontal(edge) ? visible.width() : visible.height();
-    if (length != dock->maxLength()) {
-        dock->setMaxLength(length);
+    if (length != m_model->maxLength()) {
+        m_model->setMaxLength(length);
     }
-    const QRect before = placed;
-    placed = placement(visible, edge, geometry().frameSize());
-    window->setFrame(placed);
+    const QRect before = m_frame;
+    m_frame = placement(visible, edge, geometry().frameSize());
+    m_window->setFrame(m_frame);
     updateInputRegion();
     // The dock moved under a pointer that stands still: what it is on now is another place of the dock.
-    if (placed != before && dock->mouse()) {
-        track(platform.pointer().location());
+    if (m_frame != before && m_model->mouse()) {
+        track(m_platform.pointer().location());
     }
 }
 
 void DockPanel::movePointer(QPointF location) {
     track(location);
-    view->movePointer(location);
+    m_contents->movePointer(location);
 }
 
 void DockPanel::track(QPointF location) {
-    if (menuOpen) {
+    if (m_menuOpen) {
         return;
     }
-    if (dock->hidden()) {
+    if (m_model->hidden()) {
         trackHidden(location);
     } else {
         trackShown(location);
@@ -135,133 +135,131 @@ void DockPanel::track(QPointF location) {
 }
 
 void DockPanel::trackShown(QPointF location) {
-    const bool wasInside = dock->mouse().has_value();
+    const bool wasInside = m_model->mouse().has_value();
     std::optional<QPointF> mouse;
-    if (!isCovered && containsOrTouches(placed, location)) {
-        const DockGeometry& layout = geometry();
-        const QPointF point = panelPoint(location, layout);
-        if (layout.isInZone(point, pointer())) {
+    if (!m_covered && containsOrTouches(m_frame, location)) {
+        const QPointF point = panelPoint(location);
+        if (geometry().isInZone(point, pointer())) {
             mouse = point;
         }
     }
     const bool inside = mouse.has_value();
-    window->setIgnoresMouseEvents(!inside);
-    dock->setMouse(mouse);
+    m_window->setIgnoresMouseEvents(!inside);
+    m_model->setMouse(mouse);
     if (inside != wasInside) {
         updateInputRegion();
     }
-    if (!dock->config().autoHide) {
+    if (!m_model->config().autoHide) {
         return;
     }
     if (inside) {
-        hideWork.reset();
-    } else if (!hideWork) {
+        m_hideWork.reset();
+    } else if (!m_hideWork) {
         scheduleHide();
     }
 }
 
 void DockPanel::trackHidden(QPointF location) {
-    window->setIgnoresMouseEvents(true);
-    dock->setMouse(std::nullopt);
-    if (isCovered || !dock->config().autoHide ||
-        !containsOrTouches(placed, location, DockLayout::zoneBeyondEdge)) {
+    m_window->setIgnoresMouseEvents(true);
+    m_model->setMouse(std::nullopt);
+    if (m_covered || !m_model->config().autoHide ||
+        !containsOrTouches(m_frame, location, DockLayout::zoneBeyondEdge)) {
         return;
     }
-    const DockGeometry& layout = geometry();
-    if (layout.isInRevealStrip(panelPoint(location, layout))) {
-        hideWork.reset();
-        dock->setHidden(false);
+    if (geometry().isInRevealStrip(panelPoint(location))) {
+        m_hideWork.reset();
+        m_model->setHidden(false);
     }
 }
 
 void DockPanel::scheduleHide() {
-    hideWork = platform.scheduler().after(hideDelay, [this] {
-        hideWork.reset();
-        dock->setHidden(true);
+    m_hideWork = m_platform.scheduler().after(hideDelay, [this] {
+        m_hideWork.reset();
+        m_model->setHidden(true);
     });
 }
 
 void DockPanel::setCovered(bool covered) {
-    if (covered != isCovered) {
-        isCovered = covered;
-        track(platform.pointer().location());
+    if (covered != m_covered) {
+        m_covered = covered;
+        track(m_platform.pointer().location());
     }
 }
 
 Menu DockPanel::buildMenu() {
-    return dockMenu(dock, platform, showSettings);
+    return dockMenu(m_model, m_platform, m_showSettings);
 }
 
 void DockPanel::openMenu(QPointF position) {
     // The press says better than the last movement told where the pointer is.
-    track(position + placed.topLeft());
-    menuOpen = true;
-    window->popUpMenu(buildMenu(), position.toPoint(), [this] { menuClosed(); });
+    track(position + m_frame.topLeft());
+    m_menuOpen = true;
+    m_window->popUpMenu(buildMenu(), position.toPoint(), [this] { menuClosed(); });
 }
 
 void DockPanel::menuClosed() {
-    menuOpen = false;
-    track(platform.pointer().location());
+    m_menuOpen = false;
+    track(m_platform.pointer().location());
 }
 
 void DockPanel::close() {
-    window->close();
+    m_window->close();
 }
 
 bool DockPanel::isVisible() const {
-    return window->isVisible();
+    return m_window->isVisible();
 }
 
 QImage DockPanel::grab() {
-    return window->grab();
+    return m_window->grab();
 }
 
 QWindow* DockPanel::nativeWindow() const {
-    return view->windowHandle();
+    return m_contents->windowHandle();
 }
 
 void DockPanel::followConfig() {
-    const bool wanted = dock->config().autoHide;
-    if (wanted != autoHide) {
-        autoHide = wanted;
+    const bool wanted = m_model->config().autoHide;
+    if (wanted != m_autoHide) {
+        m_autoHide = wanted;
         // A hide that waits for its moment would strand the dock hidden once nothing reveals it any more.
-        hideWork.reset();
-        dock->setHidden(wanted);
+        m_hideWork.reset();
+        m_model->setHidden(wanted);
     }
     repositionSoon();
 }
 
 void DockPanel::followHidden() {
-    if (dock->hidden()) {
-        window->setIgnoresMouseEvents(true);
-        dock->setMouse(std::nullopt);
+    if (m_model->hidden()) {
+        m_window->setIgnoresMouseEvents(true);
+        m_model->setMouse(std::nullopt);
     }
     updateInputRegion();
 }
 
 void DockPanel::repositionSoon() {
-    if (!repositionWork) {
-        repositionWork = platform.scheduler().after(0, [this] {
-            repositionWork.reset();
+    if (!m_repositionWork) {
+        m_repositionWork = m_platform.scheduler().after(0, [this] {
+            m_repositionWork.reset();
             reposition();
         });
     }
 }
 
 void DockPanel::updateInputRegion() {
-    window->setInputRegion(dock->hidden() ? QRegion() : QRegion(geometry().inputZone(pointer())));
+    m_window->setInputRegion(m_model->hidden() ? QRegion() : QRegion(geometry().inputZone(pointer())));
 }
 
 DockGeometry::Pointer DockPanel::pointer() const {
-    return dock->mouse() ? DockGeometry::Pointer::onDock : DockGeometry::Pointer::offDock;
+    return m_model->mouse() ? DockGeometry::Pointer::onDock : DockGeometry::Pointer::offDock;
 }
 
 const DockGeometry& DockPanel::geometry() const {
-    return dock->row().geometry;
+    return m_model->row().geometry;
 }
 
-QPointF DockPanel::panelPoint(QPointF location, const DockGeometry& layout) const {
-    return location - placed.topLeft() - layout.frameOrigin();
+QPointF DockPanel::panelPoint(QPointF location) const {
+    return location - m_frame.topLeft() - geometry().frameOrigin();
 }
 
 } // namespace quillary

@@ -41,7 +41,7 @@ public:
 
     /// The screen in whose visible frame the dock is placed, from the next reposition on.
     void setTargetScreen(ScreenInfo screen);
-    [[nodiscard]] const ScreenInfo& targetScreen() const { return screen; }
+    [[nodiscard]] const ScreenInfo& targetScreen() const { return m_targetScreen; }
 
     /// Puts the dock on the screen, hidden, and shows it 0.05 s later unless it hides itself.
     void present();
@@ -59,14 +59,14 @@ public:
     /// Takes the dock off the screen for good.
     void close();
 
-    [[nodiscard]] DockModel& model() const { return *dock; }
+    [[nodiscard]] DockModel& model() const { return *m_model; }
     /// Global points.
-    [[nodiscard]] QRect frame() const { return placed; }
+    [[nodiscard]] QRect frame() const { return m_frame; }
     [[nodiscard]] bool isVisible() const;
     /// A picture of the dock at the screen's scale; null when it cannot be made.
     [[nodiscard]] QImage grab();
     /// What the dock shows.
-    [[nodiscard]] const DockView& contents() const { return *view; }
+    [[nodiscard]] const DockView& contents() const { return *m_contents; }
     /// The native window, for its place among the program's windows; null before `present`.
     [[nodiscard]] QWindow* nativeWindow() const;
 
@@ -82,24 +82,24 @@ private:
     void updateInputRegion();
     [[nodiscard]] DockGeometry::Pointer pointer() const;
     [[nodiscard]] const DockGeometry& geometry() const;
-    [[nodiscard]] QPointF panelPoint(QPointF location, const DockGeometry& geometry) const;
+    [[nodiscard]] QPointF panelPoint(QPointF location) const;
 
-    std::shared_ptr<DockModel> dock;
-    ScreenInfo screen;
-    Platform& platform;
-    std::function<void()> showSettings;
-    QRect placed;
-    bool autoHide;
-    bool isCovered = false;
-    bool menuOpen = false;
+    std::shared_ptr<DockModel> m_model;
+    ScreenInfo m_targetScreen;
+    Platform& m_platform;
+    std::function<void()> m_showSettings;
+    QRect m_frame;
+    bool m_autoHide;
+    bool m_covered = false;
+    bool m_menuOpen = false;
 
     // The window dresses the view and must go first.
-    std::unique_ptr<DockView> view;
-    std::unique_ptr<PanelWindow> window;
+    std::unique_ptr<DockView> m_contents;
+    std::unique_ptr<PanelWindow> m_window;
 
-    std::unique_ptr<ScheduledTask> hideWork;
-    std::unique_ptr<ScheduledTask> showWork;
-    std::unique_ptr<ScheduledTask> repositionWork;
+    std::unique_ptr<ScheduledTask> m_hideWork;
+    std::unique_ptr<ScheduledTask> m_showWork;
+    std::unique_ptr<ScheduledTask> m_repositionWork;
 };
 
 } // namespace quillary

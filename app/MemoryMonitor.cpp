@@ -29,29 +29,30 @@ MemoryMonitor::ByApp byPath(const std::vector<AppUsage>& usages) {
 
 } // namespace
 
-MemoryMonitor::MemoryMonitor(Scheduler& time, MemorySource& figures) : scheduler(time), source(figures) {}
+MemoryMonitor::MemoryMonitor(Scheduler& scheduler, MemorySource& source)
+    : m_scheduler(scheduler), m_source(source) {}
 
 MemoryMonitor::~MemoryMonitor() = default;
 
 void MemoryMonitor::setActive(bool active) {
-    if (active == on) {
+    if (active == m_running) {
         return;
     }
-    on = active;
-    timer.reset();
+    m_running = active;
+    m_timer.reset();
     if (!active) {
-        applications.clear();
+        m_byApp.clear();
         Q_EMIT byAppChanged();
         return;
     }
     startSample();
-    timer = scheduler.every(samplingInterval, [this] { startSample(); });
+    m_timer = m_scheduler.every(samplingInterval, [this] { startSample(); });
 }
 
 void MemoryMonitor::startSample() {
-    const std::uint64_t number = ++lastStarted;
-    scheduler.onWorker(
-        [monitor = QPointer(this), number, take = source.sampler()]() -> std::function<void()> {
+    const std::uint64_t number = ++m_lastStarted;
+    m_scheduler.onWorker(
+        [monitor = QPointer(this), number, take = m_source.sampler()]() -> std::function<void()> {
             return [monitor, number, sample = take()] {
                 if (monitor) {
                     monitor->arrive(number, sample);
@@ -61,36 +62,36 @@ void MemoryMonitor::startSample() {
 }
 
 void MemoryMonitor::arrive(std::uint64_t number, const MemorySample& sample) {
-    if (!on || number < lastArrived) {
+    if (!m_running || number < m_lastArrived) {
         return;
     }
-    lastArrived = number;
+    m_lastArrived = number;
     publish(sample.stats, byPath(sample.applications));
 }
 
 void MemoryMonitor::publish(const MemoryStats& stats, ByApp byApp) {
-    if (!on) {
+    if (!m_running) {
         return;
     }
-    if (stats != machine) {
-        machine = stats;
+    if (stats != m_stats) {
+        m_stats = stats;
         Q_EMIT statsChanged();
     }
     // Whoever heard of the new figures may have switched the monitor off.
-    if (on && byApp != applications) {
-        applications = std::move(byApp);
+    if (m_running && byApp != m_byApp) {
+        m_byApp = std::move(byApp);
         Q_EMIT byAppChanged();
     }
 }
 
 RamBadge MemoryMonitor::badge(std::string_view path) const {
-    const auto entry = applications.find(path);
-    if (entry == applications.end()) {
+    const auto entry = m_byApp.find(path);
+    if (entry == m_byApp.end()) {
         return RamBadge::none;
     }
-    const auto top = std::ranges::max_element(applications, {},
-                                              [](const auto& application) { return application.second; });
-    return RamBadges::level(entry->second, machine.total, machine.pressure, entry->second == top->second);
+    const auto top =
+        std::ranges::max_element(m_byApp, {}, [](const auto& application) { return application.second; });
+    return RamBadges::level(entry->second, m_stats.total, m_stats.pressure, entry->second == top->second);
 }
 
 } // namespace quillary

@@ -32,9 +32,9 @@ public:
     MemoryMonitor(Scheduler& scheduler, MemorySource& source);
     ~MemoryMonitor() override;
 
-    [[nodiscard]] const MemoryStats& stats() const { return machine; }
-    [[nodiscard]] const ByApp& byApp() const { return applications; }
-    [[nodiscard]] bool running() const { return on; }
+    [[nodiscard]] const MemoryStats& stats() const { return m_stats; }
+    [[nodiscard]] const ByApp& byApp() const { return m_byApp; }
+    [[nodiscard]] bool running() const { return m_running; }
 
     /// Takes the result of a sample: what differs from the last one is published; all of it is dropped while
     /// the monitor is off.
@@ -52,15 +52,15 @@ private:
     void startSample();
     void arrive(std::uint64_t number, const MemorySample& sample);
 
-    Scheduler& scheduler;
-    MemorySource& source;
-    MemoryStats machine;
-    ByApp applications;
-    bool on = false;
-    std::unique_ptr<ScheduledTask> timer;
+    Scheduler& m_scheduler;
+    MemorySource& m_source;
+    MemoryStats m_stats;
+    ByApp m_byApp;
+    bool m_running = false;
+    std::unique_ptr<ScheduledTask> m_timer;
     // Samples are numbered in the order in which they were started.
-    std::uint64_t lastStarted = 0;
-    std::uint64_t lastArrived = 0;
+    std::uint64_t m_lastStarted = 0;
+    std::uint64_t m_lastArrived = 0;
 };
 
 } // namespace quillary

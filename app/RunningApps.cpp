@@ -6,17 +6,17 @@
 
 namespace quillary {
 
-RunningApps::RunningApps(Workspace& system) : workspace(system) {
-    connect(&workspace, &Workspace::applicationLaunched, this, &RunningApps::refresh);
-    connect(&workspace, &Workspace::applicationTerminated, this, &RunningApps::refresh);
-    connect(&workspace, &Workspace::applicationActivated, this, &RunningApps::refresh);
+RunningApps::RunningApps(Workspace& workspace) : m_workspace(workspace) {
+    connect(&m_workspace, &Workspace::applicationLaunched, this, &RunningApps::refresh);
+    connect(&m_workspace, &Workspace::applicationTerminated, this, &RunningApps::refresh);
+    connect(&m_workspace, &Workspace::applicationActivated, this, &RunningApps::refresh);
     refresh();
 }
 
 std::vector<std::string> RunningApps::paths() const {
     std::vector<std::string> result;
-    result.reserve(listed.size());
-    for (const RunningApplication& application : listed) {
+    result.reserve(m_apps.size());
+    for (const RunningApplication& application : m_apps) {
         if (application.bundlePath) {
             result.push_back(*application.bundlePath);
         }
@@ -26,22 +26,22 @@ std::vector<std::string> RunningApps::paths() const {
 
 const RunningApplication* RunningApps::app(std::string_view path) const {
     const auto found = std::ranges::find_if(
-        listed, [path](const RunningApplication& entry) { return entry.bundlePath == path; });
-    return found == listed.end() ? nullptr : &*found;
+        m_apps, [path](const RunningApplication& entry) { return entry.bundlePath == path; });
+    return found == m_apps.end() ? nullptr : &*found;
 }
 
 void RunningApps::refresh() {
-    auto all = workspace.runningApplications();
-    const auto own = workspace.ownBundleIdentifier();
+    auto all = m_workspace.runningApplications();
+    const auto own = m_workspace.ownBundleIdentifier();
     std::erase_if(all, [&own](const RunningApplication& entry) {
         return entry.policy != ActivationPolicy::regular || !entry.bundlePath ||
                entry.bundleIdentifier == own;
     });
-    listed = std::move(all);
+    m_apps = std::move(all);
     Q_EMIT appsChanged();
 
-    const auto front = workspace.frontmostApplication();
-    active = front ? front->bundlePath : std::nullopt;
+    const auto front = m_workspace.frontmostApplication();
+    m_activePath = front ? front->bundlePath : std::nullopt;
     Q_EMIT activePathChanged();
 }
 

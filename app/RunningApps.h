@@ -25,9 +25,9 @@ public:
     explicit RunningApps(Workspace& workspace);
 
     /// Those that count, in the system's order.
-    [[nodiscard]] const std::vector<RunningApplication>& apps() const { return listed; }
+    [[nodiscard]] const std::vector<RunningApplication>& apps() const { return m_apps; }
     /// Path of the application in front, whether it is in `apps` or not; absent when it has none.
-    [[nodiscard]] const std::optional<std::string>& activePath() const { return active; }
+    [[nodiscard]] const std::optional<std::string>& activePath() const { return m_activePath; }
     /// The path of each entry of `apps` that has one, in the same order.
     [[nodiscard]] std::vector<std::string> paths() const;
     /// The first entry with exactly this path; null when there is none. Valid until the next refresh.
@@ -41,9 +41,9 @@ Q_SIGNALS:
     void activePathChanged();
 
 private:
-    Workspace& workspace;
-    std::vector<RunningApplication> listed;
-    std::optional<std::string> active;
+    Workspace& m_workspace;
+    std::vector<RunningApplication> m_apps;
+    std::optional<std::string> m_activePath;
 };
 
 } // namespace quillary

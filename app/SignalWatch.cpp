@@ -46,8 +46,8 @@ SignalWatch::SignalWatch() {
         ::fcntl(end, F_SETFD, FD_CLOEXEC);
         ::fcntl(end, F_SETFL, O_NONBLOCK);
     }
-    notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, &SignalWatch::receive);
+    m_notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, this);
+    connect(m_notifier, &QSocketNotifier::activated, this, &SignalWatch::receive);
     setHandler(&handle);
 }
 

@@ -21,7 +21,7 @@ Q_SIGNALS:
 private:
     void receive();
 
-    QSocketNotifier* notifier = nullptr;
+    QSocketNotifier* m_notifier = nullptr;
 };
 
 } // namespace quillary

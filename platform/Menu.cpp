@@ -5,10 +5,10 @@
 namespace quillary {
 
 ClosureMenuItem::ClosureMenuItem(std::string text, std::function<void()> action)
-    : title(std::move(text)), handler(std::move(action)) {}
+    : title(std::move(text)), m_handler(std::move(action)) {}
 
 ClosureMenuItem::ClosureMenuItem(std::string text, bool isChecked, std::function<void()> action)
-    : title(std::move(text)), checked(isChecked), handler(std::move(action)) {}
+    : title(std::move(text)), checked(isChecked), m_handler(std::move(action)) {}
 
 ClosureMenuItem ClosureMenuItem::separator() {
     ClosureMenuItem item({}, nullptr);
@@ -24,8 +24,8 @@ ClosureMenuItem ClosureMenuItem::submenu(std::string title, Menu items) {
 }
 
 void ClosureMenuItem::fire() const {
-    if (handler) {
-        handler();
+    if (m_handler) {
+        m_handler();
     }
 }
 

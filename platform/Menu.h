@@ -17,9 +17,9 @@ public:
     enum class Kind { entry, separator, submenu };
 
     /// An entry that can be chosen. The title is UTF-8 and shown literally: "&" and "_" mark no mnemonics.
-    ClosureMenuItem(std::string title, std::function<void()> handler);
-    /// The same for a switch or a choice: `checked` puts a check mark before the title.
-    ClosureMenuItem(std::string title, bool checked, std::function<void()> handler);
+    ClosureMenuItem(std::string text, std::function<void()> action);
+    /// The same for a switch or a choice: `isChecked` puts a check mark before the title.
+    ClosureMenuItem(std::string text, bool isChecked, std::function<void()> action);
     static ClosureMenuItem separator();
     static ClosureMenuItem submenu(std::string title, Menu items);
 
@@ -38,7 +38,7 @@ public:
     Menu items;
 
 private:
-    std::function<void()> handler;
+    std::function<void()> m_handler;
 };
 
 } // namespace quillary

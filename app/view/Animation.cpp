@@ -19,53 +19,54 @@ double easeOut(double fraction) {
     return 1 - left * left * left;
 }
 
-EasedValue::EasedValue(double seconds, double value) : duration(seconds), begun(value), goal(value) {}
+EasedValue::EasedValue(double duration, double value)
+    : m_duration(duration), m_origin(value), m_target(value) {}
 
 void EasedValue::moveTo(double target, double now) {
-    if (target != goal) {
-        begun = value(now);
-        goal = target;
-        start = now;
+    if (target != m_target) {
+        m_origin = value(now);
+        m_target = target;
+        m_start = now;
     }
 }
 
 void EasedValue::jumpTo(double value) {
-    begun = goal = value;
+    m_origin = m_target = value;
 }
 
 double EasedValue::value(double now) const {
-    return begun + (goal - begun) * easeOut((now - start) / duration);
+    return m_origin + (m_target - m_origin) * easeOut((now - m_start) / m_duration);
 }
 
 bool EasedValue::settled(double now) const {
-    return begun == goal || now - start >= duration;
+    return m_origin == m_target || now - m_start >= m_duration;
 }
 
 Spring::Spring(double response, double dampingFraction, double value)
-    : frequency(2 * std::numbers::pi / response), damping(dampingFraction), goal(value) {}
+    : m_frequency(2 * std::numbers::pi / response), m_damping(dampingFraction), m_target(value) {}
 
 void Spring::moveTo(double target, double now) {
-    if (target == goal) {
+    if (target == m_target) {
         return;
     }
     const State current = state(now);
-    begun = {goal + current.offset - target, current.velocity};
-    goal = target;
-    start = now;
+    m_origin = {m_target + current.offset - target, current.velocity};
+    m_target = target;
+    m_start = now;
 }
 
 void Spring::jumpTo(double value) {
-    goal = value;
-    begun = {0, 0};
+    m_target = value;
+    m_origin = {0, 0};
 }
 
 void Spring::displace(double offset, double now) {
-    begun = {offset, state(now).velocity};
-    start = now;
+    m_origin = {offset, state(now).velocity};
+    m_start = now;
 }
 
 double Spring::value(double now) const {
-    return goal + state(now).offset;
+    return m_target + state(now).offset;
 }
 
 bool Spring::settled(double now) const {
@@ -74,11 +75,11 @@ bool Spring::settled(double now) const {
 }
 
 Spring::State Spring::state(double now) const {
-    const double elapsed = std::max(now - start, 0.0);
-    const double decay = damping * frequency;
-    const double damped = frequency * std::sqrt(1 - damping * damping);
-    const double cosine = begun.offset;
-    const double sine = (begun.velocity + decay * begun.offset) / damped;
+    const double elapsed = std::max(now - m_start, 0.0);
+    const double decay = m_damping * m_frequency;
+    const double damped = m_frequency * std::sqrt(1 - m_damping * m_damping);
+    const double cosine = m_origin.offset;
+    const double sine = (m_origin.velocity + decay * m_origin.offset) / damped;
     const double envelope = std::exp(-decay * elapsed);
     const double c = std::cos(damped * elapsed);
     const double s = std::sin(damped * elapsed);

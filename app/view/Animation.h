@@ -16,15 +16,15 @@ public:
     /// Is at the value at once.
     void jumpTo(double value);
 
-    [[nodiscard]] double target() const { return goal; }
+    [[nodiscard]] double target() const { return m_target; }
     [[nodiscard]] double value(double now) const;
     [[nodiscard]] bool settled(double now) const;
 
 private:
-    double duration;
-    double begun;
-    double goal;
-    double start = 0;
+    double m_duration;
+    double m_origin;
+    double m_target;
+    double m_start = 0;
 };
 
 /// A value on a damped spring, by the closed solution of its equation: angular frequency 2π / response,
@@ -41,23 +41,24 @@ public:
     /// Is that far from its target at once, and goes on with the velocity it has.
     void displace(double offset, double now);
 
-    [[nodiscard]] double target() const { return goal; }
+    [[nodiscard]] double target() const { return m_target; }
     [[nodiscard]] double value(double now) const;
     /// Whether it is so close to its target, and so slow, that nobody could see the rest.
     [[nodiscard]] bool settled(double now) const;
 
 private:
+    // The offset is from the target.
     struct State {
         double offset, velocity;
     };
     [[nodiscard]] State state(double now) const;
 
-    double frequency;
-    double damping;
-    double goal;
-    double start = 0;
-    // Where it was, seen from the goal, when the movement began.
-    State begun{0, 0};
+    double m_frequency;
+    double m_damping;
+    double m_target;
+    double m_start = 0;
+    // At the start of the movement.
+    State m_origin{0, 0};
 };
 
 } // namespace quillary

@@ -8,23 +8,23 @@ namespace quillary {
 /// the painter's state is not saved and restored, which every icon of every frame would pay for.
 class DevicePixels {
 public:
-    DevicePixels(QPainter& target, double ratio) : painter(target), differs(ratio != 1) {
-        if (differs) {
-            painter.save();
-            painter.scale(1 / ratio, 1 / ratio);
+    DevicePixels(QPainter& painter, double ratio) : m_painter(painter), m_differs(ratio != 1) {
+        if (m_differs) {
+            m_painter.save();
+            m_painter.scale(1 / ratio, 1 / ratio);
         }
     }
     ~DevicePixels() {
-        if (differs) {
-            painter.restore();
+        if (m_differs) {
+            m_painter.restore();
         }
     }
     DevicePixels(const DevicePixels&) = delete;
     DevicePixels& operator=(const DevicePixels&) = delete;
 
 private:
-    QPainter& painter;
-    bool differs;
+    QPainter& m_painter;
+    bool m_differs;
 };
 
 } // namespace quillary

@@ -42,33 +42,33 @@ QImage darkened(QImage image, double share) {
 
 } // namespace
 
-DockPainter::DockPainter(QPainter& target, const Appearance& look, IconSprites& icons, Plates& plateCache,
-                         LabelText& text)
-    : painter(target),
-      appearance(look),
-      sprites(icons),
-      plates(plateCache),
-      labelText(text),
-      ratio(target.device()->devicePixelRatioF()) {}
+DockPainter::DockPainter(QPainter& painter, const Appearance& appearance, IconSprites& sprites,
+                         Plates& plates, LabelText& labelText)
+    : m_painter(painter),
+      m_appearance(appearance),
+      m_sprites(sprites),
+      m_plates(plates),
+      m_labelText(labelText),
+      m_ratio(painter.device()->devicePixelRatioF()) {}
 
 void DockPainter::draw(const DockScene& scene, QPointF origin) {
     if (scene.opacity <= 0) {
         return;
     }
-    painter.save();
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter.setOpacity(opaque() ? 1 : scene.opacity);
-    shift = origin + scene.offset;
+    m_painter.save();
+    m_painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    m_painter.setOpacity(opaque() ? 1 : scene.opacity);
+    m_shift = origin + scene.offset;
     drawBackground(scene.background, scene.edge);
     for (const DockScene::Separator& separator : scene.separators) {
         drawSeparator(separator);
     }
     // A dock longer than its screen draws, and loads the icons of, what is on it only.
-    const QRectF seen = painter.hasClipping() ? painter.clipBoundingRect()
-                                              : QRectF(0, 0, painter.device()->width() / ratio,
-                                                       painter.device()->height() / ratio);
+    const QRectF seen = m_painter.hasClipping() ? m_painter.clipBoundingRect()
+                                                : QRectF(0, 0, m_painter.device()->width() / m_ratio,
+                                                         m_painter.device()->height() / m_ratio);
     for (const DockScene::Icon& icon : scene.icons) {
-        if (QRectF(DockScene::extentOf(icon)).translated(shift).intersects(seen)) {
+        if (QRectF(DockScene::extentOf(icon)).translated(m_shift).intersects(seen)) {
             drawIcon(icon);
         }
     }
@@ -78,7 +78,7 @@ void DockPainter::draw(const DockScene& scene, QPointF origin) {
     if (scene.hint) {
         drawHint(*scene.hint);
     }
-    painter.restore();
+    m_painter.restore();
 }
 
 QColor DockPainter::colour(const DockScene::Ink& ink) const {
@@ -89,9 +89,9 @@ QColor DockPainter::colour(const DockScene::Ink& ink) const {
     case Source::black:
         return withOpacity(Qt::black, ink.opacity);
     case Source::primaryText:
-        return withOpacity(appearance.primaryText, ink.opacity);
+        return withOpacity(m_appearance.primaryText, ink.opacity);
     case Source::accent:
-        return withOpacity(appearance.accent, ink.opacity);
+        return withOpacity(m_appearance.accent, ink.opacity);
     case Source::amber:
         return QColor::fromRgbF(1.0F, 0.72F, 0.1F, static_cast<float>(ink.opacity));
     case Source::red:
@@ -103,29 +103,29 @@ QColor DockPainter::colour(const DockScene::Ink& ink) const {
 void DockPainter::drawBackground(const DockScene::Background& background, DockEdge edge) {
     using Source = DockScene::Ink::Source;
     const bool shelf = background.outline == DockScene::Background::Outline::shelf;
-    plates.draw(painter, background.rect.translated(shift),
-                {.outline = shelf ? Plates::Outline::shelf : Plates::Outline::rounded,
-                 .cornerRadius = background.cornerRadius,
-                 .fill = appearance.fill(background.material),
-                 .glossFar = colour({Source::white, background.farWhite}),
-                 .glossNear = colour({Source::white, background.nearWhite}),
-                 .edge = edge,
-                 .border = colour(background.border),
-                 .borderWidth = background.borderWidth,
-                 .shadow = colour({Source::black, background.shadow.opacity}),
-                 .shadowRadius = opaque() ? 0 : background.shadow.radius,
-                 .shadowOffset = background.shadow.offset});
+    m_plates.draw(m_painter, background.rect.translated(m_shift),
+                  {.outline = shelf ? Plates::Outline::shelf : Plates::Outline::rounded,
+                   .cornerRadius = background.cornerRadius,
+                   .fill = m_appearance.fill(background.material),
+                   .glossFar = colour({Source::white, background.farWhite}),
+                   .glossNear = colour({Source::white, background.nearWhite}),
+                   .edge = edge,
+                   .border = colour(background.border),
+                   .borderWidth = background.borderWidth,
+                   .shadow = colour({Source::black, background.shadow.opacity}),
+                   .shadowRadius = opaque() ? 0 : background.shadow.radius,
+                   .shadowOffset = background.shadow.offset});
 }
 
 void DockPainter::drawSeparator(const DockScene::Separator& separator) {
-    painter.fillRect(snapped(separator.rect), withOpacity(appearance.primaryText, separator.opacity));
+    m_painter.fillRect(snapped(separator.rect), withOpacity(m_appearance.primaryText, separator.opacity));
 }
 
 void DockPainter::drawIcon(const DockScene::Icon& icon) {
-    const double opacity = painter.opacity();
-    painter.setOpacity(opacity * icon.presence);
+    const double opacity = m_painter.opacity();
+    m_painter.setOpacity(opacity * icon.presence);
     if (icon.disc) {
-        drawSprite(sprites.disc(icon.rect.width() * ratio), icon.disc->center, icon.disc->diameter);
+        drawSprite(m_sprites.disc(icon.rect.width() * m_ratio), icon.disc->center, icon.disc->diameter);
     }
     drawImage(icon);
     if (icon.highlight > 0) {
@@ -137,14 +137,14 @@ void DockPainter::drawIcon(const DockScene::Icon& icon) {
     if (icon.pill) {
         drawPill(*icon.pill);
     }
-    painter.setOpacity(opacity);
+    m_painter.setOpacity(opacity);
 }
 
 void DockPainter::drawImage(const DockScene::Icon& icon) {
-    const double opacity = painter.opacity();
-    painter.setOpacity(opacity * icon.opacity);
+    const double opacity = m_painter.opacity();
+    m_painter.setOpacity(opacity * icon.opacity);
     const double side = icon.rect.width() * (1 - (1 - DockScene::pressedScale) * icon.pressed);
-    const IconSprites::Sprite& sprite = sprites.icon(icon.path, side * ratio);
+    const IconSprites::Sprite& sprite = m_sprites.icon(icon.path, side * m_ratio);
     if (icon.pressed > 0) {
         const IconSprites::Sprite dark{darkened(sprite.image, DockScene::pressedDarkening * icon.pressed),
                                        sprite.margin, sprite.side};
@@ -152,33 +152,33 @@ void DockPainter::drawImage(const DockScene::Icon& icon) {
     } else {
         drawSprite(sprite, icon.rect.center(), side);
     }
-    painter.setOpacity(opacity);
+    m_painter.setOpacity(opacity);
 }
 
 void DockPainter::drawSprite(const IconSprites::Sprite& sprite, QPointF center, double side) {
-    const double scale = side * ratio / sprite.side;
+    const double scale = side * m_ratio / sprite.side;
     const QSizeF size = QSizeF(sprite.image.size()) * scale;
-    const QRectF target(((center + shift) * ratio) - QPointF(size.width() / 2, size.height() / 2), size);
-    const DevicePixels pixels(painter, ratio);
-    if (areSameSize(sprite.side, side * ratio)) {
+    const QRectF target(((center + m_shift) * m_ratio) - QPointF(size.width() / 2, size.height() / 2), size);
+    const DevicePixels pixels(m_painter, m_ratio);
+    if (areSameSize(sprite.side, side * m_ratio)) {
         // On whole device pixels a sprite of the right size is copied as it is, and stays crisp.
-        PixelCopy::copy(painter, target.topLeft().toPoint(), sprite.image, sprite.image.rect());
+        PixelCopy::copy(m_painter, target.topLeft().toPoint(), sprite.image, sprite.image.rect());
     } else {
-        PixelCopy::scale(painter, target, sprite.image);
+        PixelCopy::scale(m_painter, target, sprite.image);
     }
 }
 
 void DockPainter::drawHighlight(const DockScene::Icon& icon) {
     const double inset = icon.rect.width() * (1 - DockScene::pressedScale) * icon.pressed / 2;
-    const QRectF rect = icon.rect.adjusted(inset, inset, -inset, -inset).translated(shift);
-    painter.fillPath(ContinuousCorners::path(rect, rect.width() * DockScene::highlightCorner),
-                     withOpacity(appearance.accent, icon.highlight));
+    const QRectF rect = icon.rect.adjusted(inset, inset, -inset, -inset).translated(m_shift);
+    m_painter.fillPath(ContinuousCorners::path(rect, rect.width() * DockScene::highlightCorner),
+                       withOpacity(m_appearance.accent, icon.highlight));
 }
 
 void DockPainter::drawDot(const DockScene::Dot& dot) {
-    const QPointF center = dot.center + shift;
+    const QPointF center = dot.center + m_shift;
     const double radius = dot.diameter / 2;
-    painter.setPen(Qt::NoPen);
+    m_painter.setPen(Qt::NoPen);
     if (dot.glow.opacity > 0 && !opaque()) {
         // A disc blurred by a gaussian of standard deviation s: its exact height in the middle, falling off
         // as a gaussian that holds as much as the disc.
@@ -195,74 +195,74 @@ void DockPainter::drawDot(const DockScene::Dot& dot) {
                 withOpacity(colour(dot.glow), peak * std::exp(-distance * distance / (2 * variance))));
         }
         glow.setColorAt(1, withOpacity(colour(dot.glow), 0));
-        painter.setBrush(glow);
-        painter.drawEllipse(center, reach, reach);
+        m_painter.setBrush(glow);
+        m_painter.drawEllipse(center, reach, reach);
     }
-    painter.setBrush(colour(dot.ink));
-    painter.drawEllipse(center, radius, radius);
+    m_painter.setBrush(colour(dot.ink));
+    m_painter.drawEllipse(center, radius, radius);
 }
 
 void DockPainter::drawPill(const DockScene::Pill& pill) {
-    const QRectF rect = pill.rect.translated(shift);
+    const QRectF rect = pill.rect.translated(m_shift);
     const double radius = rect.height() / 2;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour({DockScene::Ink::Source::red, 1}));
-    painter.drawRoundedRect(rect, radius, radius);
-    painter.setPen(QPen(colour({DockScene::Ink::Source::white, DockScene::pillBorder}), 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
-    painter.setPen(Qt::white);
-    painter.setFont(DockFonts::pill(pill.fontSize));
-    painter.drawText(rect.adjusted(-2, -2, 2, 2), Qt::AlignCenter, pill.text);
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(colour({DockScene::Ink::Source::red, 1}));
+    m_painter.drawRoundedRect(rect, radius, radius);
+    m_painter.setPen(QPen(colour({DockScene::Ink::Source::white, DockScene::pillBorder}), 1));
+    m_painter.setBrush(Qt::NoBrush);
+    m_painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+    m_painter.setPen(Qt::white);
+    m_painter.setFont(DockFonts::pill(pill.fontSize));
+    m_painter.drawText(rect.adjusted(-2, -2, 2, 2), Qt::AlignCenter, pill.text);
 }
 
 void DockPainter::drawLabel(const DockScene::Label& label) {
     const QRectF rect = snapped(label.rect);
-    const double opacity = painter.opacity();
+    const double opacity = m_painter.opacity();
     if (!opaque()) {
-        painter.setOpacity(opacity * label.opacity);
+        m_painter.setOpacity(opacity * label.opacity);
     }
     using Source = DockScene::Ink::Source;
-    plates.draw(painter, rect,
-                {.cornerRadius = rect.height() / 2,
-                 .fill = appearance.fill(Material::regular),
-                 .border = colour({Source::white, DockScene::labelBorder}),
-                 .borderWidth = 1,
-                 .shadow = colour({Source::black, DockScene::labelShadow.opacity}),
-                 .shadowRadius = opaque() ? 0 : DockScene::labelShadow.radius,
-                 .shadowOffset = DockScene::labelShadow.offset});
+    m_plates.draw(m_painter, rect,
+                  {.cornerRadius = rect.height() / 2,
+                   .fill = m_appearance.fill(Material::regular),
+                   .border = colour({Source::white, DockScene::labelBorder}),
+                   .borderWidth = 1,
+                   .shadow = colour({Source::black, DockScene::labelShadow.opacity}),
+                   .shadowRadius = opaque() ? 0 : DockScene::labelShadow.radius,
+                   .shadowOffset = DockScene::labelShadow.offset});
     const QRectF room = snapped(label.textRect).adjusted(-2, 0, 2, 0);
-    const QRect pixels = QRectF(room.topLeft() * ratio, room.size() * ratio).toRect();
-    const QImage& text = labelText.image({.text = label.text,
-                                          .font = DockFonts::label(),
-                                          .room = pixels.size(),
-                                          .cut = label.cut,
-                                          .ink = appearance.primaryText,
-                                          .ratio = ratio});
+    const QRect pixels = QRectF(room.topLeft() * m_ratio, room.size() * m_ratio).toRect();
+    const QImage& text = m_labelText.image({.text = label.text,
+                                            .font = DockFonts::label(),
+                                            .room = pixels.size(),
+                                            .cut = label.cut,
+                                            .ink = m_appearance.primaryText,
+                                            .ratio = m_ratio});
     {
-        const DevicePixels device(painter, ratio);
-        PixelCopy::copy(painter, pixels.topLeft(), text, text.rect());
+        const DevicePixels device(m_painter, m_ratio);
+        PixelCopy::copy(m_painter, pixels.topLeft(), text, text.rect());
     }
-    painter.setOpacity(opacity);
+    m_painter.setOpacity(opacity);
 }
 
 void DockPainter::drawHint(const DockScene::Hint& hint) {
-    painter.setFont(DockFonts::hint());
-    painter.setPen(appearance.secondaryText);
-    const QFontMetricsF metrics(painter.font());
+    m_painter.setFont(DockFonts::hint());
+    m_painter.setPen(m_appearance.secondaryText);
+    const QFontMetricsF metrics(m_painter.font());
     const QSizeF room(metrics.horizontalAdvance(hint.text) + 2, metrics.height() + 2);
-    painter.drawText(QRectF(hint.center + shift - QPointF(room.width() / 2, room.height() / 2), room),
-                     Qt::AlignCenter, hint.text);
+    m_painter.drawText(QRectF(hint.center + m_shift - QPointF(room.width() / 2, room.height() / 2), room),
+                       Qt::AlignCenter, hint.text);
 }
 
 bool DockPainter::opaque() const {
-    return appearance.blending == Blending::opaque;
+    return m_appearance.blending == Blending::opaque;
 }
 
 QRectF DockPainter::snapped(const QRectF& part) const {
-    const QRectF rect = part.translated(shift);
-    return {QPointF(onWholePixel(rect.left(), ratio), onWholePixel(rect.top(), ratio)),
-            QPointF(onWholePixel(rect.right(), ratio), onWholePixel(rect.bottom(), ratio))};
+    const QRectF rect = part.translated(m_shift);
+    return {QPointF(onWholePixel(rect.left(), m_ratio), onWholePixel(rect.top(), m_ratio)),
+            QPointF(onWholePixel(rect.right(), m_ratio), onWholePixel(rect.bottom(), m_ratio))};
 }
 
 } // namespace quillary

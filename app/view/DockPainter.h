@@ -39,15 +39,15 @@ private:
     /// The part on the device, its sides moved to whole device pixels.
     [[nodiscard]] QRectF snapped(const QRectF& part) const;
 
-    QPainter& painter;
-    const Appearance& appearance;
-    IconSprites& sprites;
-    Plates& plates;
-    LabelText& labelText;
-    double ratio;
+    QPainter& m_painter;
+    const Appearance& m_appearance;
+    IconSprites& m_sprites;
+    Plates& m_plates;
+    LabelText& m_labelText;
+    double m_ratio;
     // From the scene's coordinates to the device's. No transformation of the painter's: edges are to meet
     // pixels.
-    QPointF shift;
+    QPointF m_shift;
 };
 
 } // namespace quillary

@@ -40,37 +40,37 @@ constexpr qsizetype longestName = 200;
 
 } // namespace
 
-DockView::DockView(std::shared_ptr<DockModel> dock, std::shared_ptr<IconCache> iconCache, Platform& system)
+DockView::DockView(std::shared_ptr<DockModel> model, std::shared_ptr<IconCache> icons, Platform& platform)
     : startDrag(dragItem),
-      model(std::move(dock)),
-      icons(std::move(iconCache)),
-      platform(system),
-      sprites(icons),
-      labelMetrics(DockFonts::label()),
-      contents(DockContents::of(*model, platform.files())),
-      texts(makeTexts()),
-      magnified(crossingDuration, 0),
-      hidden(hiddenResponse, hiddenDamping, model->hidden() ? 1 : 0),
-      drag(model, platform) {
+      m_model(std::move(model)),
+      m_icons(std::move(icons)),
+      m_platform(platform),
+      m_sprites(m_icons),
+      m_labelMetrics(DockFonts::label()),
+      m_contents(DockContents::of(*m_model, m_platform.files())),
+      m_texts(makeTexts()),
+      m_magnified(crossingDuration, 0),
+      m_hidden(hiddenResponse, hiddenDamping, m_model->hidden() ? 1 : 0),
+      m_drag(m_model, m_platform) {
     setAcceptDrops(true);
     const auto redraw = [this] { refresh(Contents::readAgain); };
     const auto rearrange = [this] { refresh(Contents::readAgain, Movement::fromWhatIsSeen); };
-    connect(model.get(), &DockModel::rowChanged, this, rearrange);
-    connect(model.get(), &DockModel::showMemoryChanged, this, redraw);
-    connect(model.get(), &DockModel::mouseChanged, this, &DockView::followMouse);
-    connect(model.get(), &DockModel::bouncingChanged, this, &DockView::followLaunching);
-    connect(model.get(), &DockModel::hiddenChanged, this, &DockView::followHidden);
-    connect(model->running.get(), &RunningApps::activePathChanged, this, redraw);
-    connect(model->memory.get(), &MemoryMonitor::statsChanged, this, redraw);
-    connect(model->memory.get(), &MemoryMonitor::byAppChanged, this, redraw);
+    connect(m_model.get(), &DockModel::rowChanged, this, rearrange);
+    connect(m_model.get(), &DockModel::showMemoryChanged, this, redraw);
+    connect(m_model.get(), &DockModel::mouseChanged, this, &DockView::followMouse);
+    connect(m_model.get(), &DockModel::bouncingChanged, this, &DockView::followLaunching);
+    connect(m_model.get(), &DockModel::hiddenChanged, this, &DockView::followHidden);
+    connect(m_model->running.get(), &RunningApps::activePathChanged, this, redraw);
+    connect(m_model->memory.get(), &MemoryMonitor::statsChanged, this, redraw);
+    connect(m_model->memory.get(), &MemoryMonitor::byAppChanged, this, redraw);
     refresh(Contents::asKnown);
 }
 
 DockView::~DockView() = default;
 
-void DockView::attach(PanelWindow& panelWindow) {
-    window = &panelWindow;
-    connect(window, &PanelWindow::compositedChanged, this, [this] {
+void DockView::attach(PanelWindow& window) {
+    m_window = &window;
+    connect(m_window, &PanelWindow::compositedChanged, this, [this] {
         updateShape();
         updateBlur();
         update();
@@ -78,48 +78,48 @@ void DockView::attach(PanelWindow& panelWindow) {
 }
 
 void DockView::settle() {
-    hidden.jumpTo(model->hidden() ? 1 : 0);
-    motion.clear();
+    m_hidden.jumpTo(m_model->hidden() ? 1 : 0);
+    m_motion.clear();
     refresh(Contents::readAgain);
 }
 
 void DockView::followMouse() {
     // A program that dies while it drags says no goodbye; its drag is over when the pointer leaves.
-    if (!model->mouse()) {
-        drag.clearTarget();
+    if (!m_model->mouse()) {
+        m_drag.clearTarget();
     }
-    magnified.moveTo(model->mouse() ? 1 : 0, platform.scheduler().now());
+    m_magnified.moveTo(m_model->mouse() ? 1 : 0, m_platform.scheduler().now());
     refresh(Contents::asKnown);
 }
 
 void DockView::followHidden() {
-    hidden.moveTo(model->hidden() ? 1 : 0, platform.scheduler().now());
+    m_hidden.moveTo(m_model->hidden() ? 1 : 0, m_platform.scheduler().now());
     refresh(Contents::readAgain);
 }
 
 void DockView::followLaunching() {
-    contents.launching = model->bouncing();
+    m_contents.launching = m_model->bouncing();
     refresh(Contents::asKnown);
 }
 
 bool DockView::moving(double now) const {
-    return !magnified.settled(now) || !hidden.settled(now) || !press.settled(now) || !motion.settled(now) ||
-           (!contents.launching.empty() && shown.opacity > 0);
+    return !m_magnified.settled(now) || !m_hidden.settled(now) || !m_press.settled(now) ||
+           !m_motion.settled(now) || (!m_contents.launching.empty() && m_scene.opacity > 0);
 }
 
 DockSceneState DockView::state(double now) {
-    if (const auto mouse = model->mouse()) {
-        lastAxis = contents.row.geometry.along(*mouse);
-    } else if (magnified.value(now) <= 0) {
-        lastAxis.reset();
+    if (const auto mouse = m_model->mouse()) {
+        m_mouseAxis = m_contents.row.geometry.along(*mouse);
+    } else if (m_magnified.value(now) <= 0) {
+        m_mouseAxis.reset();
     }
-    return {.mouseAxis = lastAxis,
-            .magnified = magnified.value(now),
-            .hidden = hidden.settled(now) ? hidden.target() : hidden.value(now),
-            .dropTargeted = drag.target() && !drag.target()->path,
-            .targetedPath = drag.target() ? drag.target()->path : std::nullopt,
-            .pressedPath = press.path(),
-            .pressed = press.amount(now),
+    return {.mouseAxis = m_mouseAxis,
+            .magnified = m_magnified.value(now),
+            .hidden = m_hidden.settled(now) ? m_hidden.target() : m_hidden.value(now),
+            .dropTargeted = m_drag.target() && !m_drag.target()->path,
+            .targetedPath = m_drag.target() ? m_drag.target()->path : std::nullopt,
+            .pressedPath = m_press.path(),
+            .pressed = m_press.amount(now),
             .time = now};
 }
 
@@ -135,37 +135,37 @@ DockTexts DockView::makeTexts() {
 
 void DockView::refresh(Contents reading, Movement movement) {
     if (reading == Contents::readAgain) {
-        contents = DockContents::of(*model, platform.files());
-        labels.clear();
+        m_contents = DockContents::of(*m_model, m_platform.files());
+        m_labels.clear();
     }
-    const double now = platform.scheduler().now();
-    DockScene next = buildDockScene(contents, state(now), texts);
+    const double now = m_platform.scheduler().now();
+    DockScene next = buildDockScene(m_contents, state(now), m_texts);
     if (movement == Movement::fromWhatIsSeen) {
-        motion.retarget(shown, next, now);
+        m_motion.retarget(m_scene, next, now);
     }
-    motion.apply(next, now);
+    m_motion.apply(next, now);
     setScene(std::move(next));
     if (!moving(now)) {
-        frameWork.reset();
-    } else if (!frameWork) {
+        m_frameWork.reset();
+    } else if (!m_frameWork) {
         const double rate = screen() != nullptr ? screen()->refreshRate() : defaultRefreshRate;
-        frameWork = platform.scheduler().after(1 / std::max(rate, 1.0), [this] { frame(); });
+        m_frameWork = m_platform.scheduler().after(1 / std::max(rate, 1.0), [this] { frame(); });
     }
 }
 
 void DockView::frame() {
-    frameWork.reset();
+    m_frameWork.reset();
     refresh(Contents::asKnown);
 }
 
 void DockView::setScene(DockScene next) {
-    const QPointF origin = contents.row.geometry.frameOrigin();
+    const QPointF origin = m_contents.row.geometry.frameOrigin();
     const PixelGrid pixels{.origin = origin, .ratio = devicePixelRatioF()};
     DockScene onPixels = fittedToPixels(next, pixels);
-    const QRegion damage = DockScene::damage(drawn, onPixels);
-    grid = pixels;
-    shown = std::move(next);
-    drawn = std::move(onPixels);
+    const QRegion damage = DockScene::damage(m_drawn, onPixels);
+    m_grid = pixels;
+    m_scene = std::move(next);
+    m_drawn = std::move(onPixels);
     if (!damage.isEmpty()) {
         updateShape();
         updateBlur();
@@ -176,70 +176,70 @@ void DockView::setScene(DockScene next) {
 }
 
 void DockView::updateShape() {
-    if (window == nullptr || window->composited()) {
+    if (m_window == nullptr || m_window->composited()) {
         return;
     }
-    if (shown.opacity <= 0) {
-        window->setVisibleShape({});
+    if (m_scene.opacity <= 0) {
+        m_window->setVisibleShape({});
         return;
     }
-    QImage picture(contents.row.geometry.frameSize(), QImage::Format_ARGB32_Premultiplied);
+    QImage picture(m_contents.row.geometry.frameSize(), QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     paint(painter);
     painter.end();
-    window->setVisibleShape(QRegion(QBitmap::fromImage(picture.createAlphaMask(Qt::ThresholdDither))));
+    m_window->setVisibleShape(QRegion(QBitmap::fromImage(picture.createAlphaMask(Qt::ThresholdDither))));
 }
 
 void DockView::updateBlur() {
-    if (window != nullptr && window->blursBehind()) {
-        const QPointF origin = contents.row.geometry.frameOrigin();
-        window->setBlurRegion(blurRegion(shown).translated(origin.toPoint()));
+    if (m_window != nullptr && m_window->blursBehind()) {
+        const QPointF origin = m_contents.row.geometry.frameOrigin();
+        m_window->setBlurRegion(blurRegion(m_scene).translated(origin.toPoint()));
     }
 }
 
 void DockView::paint(QPainter& painter) {
-    const DockGeometry& geometry = contents.row.geometry;
+    const DockGeometry& geometry = m_contents.row.geometry;
     const double ratio = painter.device()->devicePixelRatioF();
     const Appearance look = appearance();
-    sprites.setLook(IconSprites::Look::of(geometry, look, ratio));
+    m_sprites.setLook(IconSprites::Look::of(geometry, look, ratio));
     const QPointF origin = geometry.frameOrigin();
     // Pictures are taken at other ratios too.
     const PixelGrid wanted{.origin = origin, .ratio = ratio};
-    DockPainter painting(painter, look, sprites, plates, renderedLabel);
-    if (wanted == grid) {
-        painting.draw(drawn, origin);
+    DockPainter painting(painter, look, m_sprites, m_plates, m_renderedLabel);
+    if (wanted == m_grid) {
+        painting.draw(m_drawn, origin);
     } else {
-        painting.draw(fittedToPixels(shown, wanted), origin);
+        painting.draw(fittedToPixels(m_scene, wanted), origin);
     }
 }
 
 QString DockView::labelText(const std::string& path) {
-    const auto known = labels.find(path);
-    if (known != labels.end()) {
+    const auto known = m_labels.find(path);
+    if (known != m_labels.end()) {
         return known->second;
     }
-    QString text = QString::fromStdString(displayName(platform.files(), path)).left(longestName);
+    QString text = QString::fromStdString(displayName(m_platform.files(), path)).left(longestName);
     std::ranges::replace_if(
         text, [](QChar letter) { return letter.category() == QChar::Other_Control; }, u' ');
-    const auto memory = contents.memory.find(path);
-    if (memory != contents.memory.end()) {
+    const auto memory = m_contents.memory.find(path);
+    if (memory != m_contents.memory.end()) {
         text += QStringLiteral(" · ") + QString::fromStdString(RamBadges::text(memory->second.bytes));
     }
-    return labels.emplace(path, text).first->second;
+    return m_labels.emplace(path, text).first->second;
 }
 
 double DockView::labelWidth(const QString& text) {
-    if (text != measuredText) {
-        measuredText = text;
-        measuredWidth = labelMetrics.horizontalAdvance(text);
+    if (text != m_measuredText) {
+        m_measuredText = text;
+        m_measuredWidth = m_labelMetrics.horizontalAdvance(text);
     }
-    return measuredWidth;
+    return m_measuredWidth;
 }
 
 Appearance DockView::appearance() const {
-    const bool blends = window == nullptr || window->composited();
-    const bool blurs = blends && window != nullptr && window->blursBehind();
+    const bool blends = m_window == nullptr || m_window->composited();
+    const bool blurs = blends && m_window != nullptr && m_window->blursBehind();
     return Appearance::of(palette(), blurs    ? Blending::blurred
                                      : blends ? Blending::translucent
                                               : Blending::opaque);
@@ -252,19 +252,19 @@ void DockView::paintEvent(QPaintEvent* event) {
 }
 
 void DockView::mousePressEvent(QMouseEvent* event) {
-    const double now = platform.scheduler().now();
+    const double now = m_platform.scheduler().now();
     if (event->button() == Qt::LeftButton) {
-        press.down(event->position(), pathAt(event->position()), now);
+        m_press.down(event->position(), pathAt(event->position()), now);
         refresh(Contents::asKnown);
     } else if (event->button() == Qt::RightButton) {
-        press.cancel(now);
+        m_press.cancel(now);
         refresh(Contents::asKnown);
         Q_EMIT menuRequested(event->position());
     }
 }
 
 void DockView::movePointer(QPointF location) {
-    if (press.isDown()) {
+    if (m_press.isDown()) {
         movePress(mapFromGlobal(location));
     }
 }
@@ -274,7 +274,7 @@ void DockView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void DockView::movePress(QPointF position) {
-    if (const auto start = press.move(position, platform.scheduler().now())) {
+    if (const auto start = m_press.move(position, m_platform.scheduler().now())) {
         const auto path = pathAt(*start);
         refresh(Contents::asKnown);
         if (path) {
@@ -287,33 +287,33 @@ void DockView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) {
         return;
     }
-    const auto click = press.up(event->position(), platform.scheduler().now());
+    const auto click = m_press.up(event->position(), m_platform.scheduler().now());
     refresh(Contents::asKnown);
     if (const auto path = click ? pathAt(*click) : std::nullopt) {
-        model->open(*path);
+        m_model->open(*path);
     }
 }
 
 // Not in the event itself: the drag runs a loop of its own, during which the dock may go.
 void DockView::beginDrag(const std::string& path) {
-    dragWork = platform.scheduler().after(
+    m_dragWork = m_platform.scheduler().after(
         0, [start = startDrag, path, picture = dragPicture(path)] { start(path, picture); });
 }
 
 QImage DockView::dragPicture(const std::string& path) {
-    const auto icon = std::ranges::find(shown.icons, path, &DockScene::Icon::path);
-    if (icon == shown.icons.end()) {
+    const auto icon = std::ranges::find(m_scene.icons, path, &DockScene::Icon::path);
+    if (icon == m_scene.icons.end()) {
         return {};
     }
     const double ratio = devicePixelRatioF();
     const int side = std::max(1, static_cast<int>(std::lround(icon->rect.width() * ratio)));
-    QImage picture = icons->icon(path).pixmap(QSize(side, side), 1.0).toImage();
+    QImage picture = m_icons->icon(path).pixmap(QSize(side, side), 1.0).toImage();
     picture.setDevicePixelRatio(ratio);
     return picture;
 }
 
 void DockView::dragEnterEvent(QDragEnterEvent* event) {
-    drag.enter(event->mimeData());
+    m_drag.enter(event->mimeData());
     hover(*event);
 }
 
@@ -322,39 +322,39 @@ void DockView::dragMoveEvent(QDragMoveEvent* event) {
 }
 
 void DockView::hover(QDropEvent& event) {
-    const auto before = drag.target();
-    drag.hover(event, shown, scenePoint(event.position()));
-    if (drag.target() != before) {
+    const auto before = m_drag.target();
+    m_drag.hover(event, m_scene, scenePoint(event.position()));
+    if (m_drag.target() != before) {
         refresh(Contents::asKnown);
     }
 }
 
 void DockView::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
-    drag.leave();
+    m_drag.leave();
     refresh(Contents::asKnown);
 }
 
 void DockView::dropEvent(QDropEvent* event) {
-    drag.drop(*event, shown, scenePoint(event->position()));
+    m_drag.drop(*event, m_scene, scenePoint(event->position()));
     refresh(Contents::asKnown);
 }
 
 // What is on the screen decides, at the place where the button went down: the pointer may be elsewhere by
 // now.
 std::optional<std::string> DockView::pathAt(QPointF position) const {
-    const DockScene::Icon* icon = shown.iconAt(scenePoint(position), DockScene::Reach::column);
+    const DockScene::Icon* icon = m_scene.iconAt(scenePoint(position), DockScene::Reach::column);
     return icon != nullptr ? std::optional(icon->path) : std::nullopt;
 }
 
 QPointF DockView::scenePoint(QPointF position) const {
-    return position - contents.row.geometry.frameOrigin();
+    return position - m_contents.row.geometry.frameOrigin();
 }
 
 void DockView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
-        labelMetrics = QFontMetricsF(DockFonts::label());
-        measuredText.clear();
-        measuredWidth = 0;
+        m_labelMetrics = QFontMetricsF(DockFonts::label());
+        m_measuredText.clear();
+        m_measuredWidth = 0;
         refresh(Contents::readAgain);
         update();
     }

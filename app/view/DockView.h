@@ -55,9 +55,9 @@ public:
     void movePointer(QPointF location);
 
     /// What is shown now.
-    [[nodiscard]] const DockScene& scene() const { return shown; }
+    [[nodiscard]] const DockScene& scene() const { return m_scene; }
     /// Whether a frame is due although nothing else happens.
-    [[nodiscard]] bool animating() const { return frameWork != nullptr; }
+    [[nodiscard]] bool animating() const { return m_frameWork != nullptr; }
 
 Q_SIGNALS:
     /// The context menu is asked for at a point of the panel.
@@ -101,36 +101,36 @@ private:
     [[nodiscard]] Appearance appearance() const;
     [[nodiscard]] std::optional<std::string> pathAt(QPointF position) const;
 
-    std::shared_ptr<DockModel> model;
-    std::shared_ptr<IconCache> icons;
-    Platform& platform;
-    PanelWindow* window = nullptr;
-    IconSprites sprites;
-    Plates plates;
-    LabelText renderedLabel;
-    QFontMetricsF labelMetrics;
-    DockScene shown;
+    std::shared_ptr<DockModel> m_model;
+    std::shared_ptr<IconCache> m_icons;
+    Platform& m_platform;
+    PanelWindow* m_window = nullptr;
+    IconSprites m_sprites;
+    Plates m_plates;
+    LabelText m_renderedLabel;
+    QFontMetricsF m_labelMetrics;
+    DockScene m_scene;
     /// The same as it falls on the device's pixels: what looks equal is equal here.
-    DockScene drawn;
+    DockScene m_drawn;
     /// What it was fitted to.
-    PixelGrid grid;
-    DockContents contents;
-    DockTexts texts;
+    PixelGrid m_grid;
+    DockContents m_contents;
+    DockTexts m_texts;
     /// The labels that were asked for since the contents were last read, by path.
-    std::map<std::string, QString, std::less<>> labels;
+    std::map<std::string, QString, std::less<>> m_labels;
     /// Laying out a text costs more than the rest of a scene: the label's last one is remembered.
-    QString measuredText;
-    double measuredWidth = 0;
+    QString m_measuredText;
+    double m_measuredWidth = 0;
 
     /// How far magnification has come in since the pointer entered, or gone since it left.
-    EasedValue magnified;
-    std::optional<double> lastAxis;
-    Spring hidden;
-    SceneMotion motion;
-    std::unique_ptr<ScheduledTask> frameWork;
-    ItemPress press;
-    DragHover drag;
-    std::unique_ptr<ScheduledTask> dragWork;
+    EasedValue m_magnified;
+    std::optional<double> m_mouseAxis;
+    Spring m_hidden;
+    SceneMotion m_motion;
+    std::unique_ptr<ScheduledTask> m_frameWork;
+    ItemPress m_press;
+    DragHover m_drag;
+    std::unique_ptr<ScheduledTask> m_dragWork;
 };
 
 } // namespace quillary

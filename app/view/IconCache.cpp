@@ -4,11 +4,11 @@
 
 namespace quillary {
 
-IconCache::IconCache(const FileIcons& system) : source(system) {}
+IconCache::IconCache(const FileIcons& source) : m_source(source) {}
 
 const QIcon& IconCache::icon(const std::string& path) {
-    const auto known = icons.find(path);
-    return known != icons.end() ? known->second : icons.emplace(path, source.icon(path)).first->second;
+    const auto known = m_icons.find(path);
+    return known != m_icons.end() ? known->second : m_icons.emplace(path, m_source.icon(path)).first->second;
 }
 
 } // namespace quillary

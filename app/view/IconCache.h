@@ -21,8 +21,8 @@ public:
     [[nodiscard]] const QIcon& icon(const std::string& path);
 
 private:
-    const FileIcons& source;
-    std::map<std::string, QIcon, std::less<>> icons;
+    const FileIcons& m_source;
+    std::map<std::string, QIcon, std::less<>> m_icons;
 };
 
 } // namespace quillary

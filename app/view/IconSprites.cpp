@@ -42,35 +42,35 @@ IconSprites::Look IconSprites::Look::of(const DockGeometry& geometry, const Appe
             .discBorder = border};
 }
 
-IconSprites::IconSprites(std::shared_ptr<IconCache> cache) : icons(std::move(cache)) {}
+IconSprites::IconSprites(std::shared_ptr<IconCache> icons) : m_icons(std::move(icons)) {}
 
 void IconSprites::setLook(const Look& look) {
-    if (look != wanted) {
-        wanted = look;
-        sprites.clear();
-        discs = {};
+    if (look != m_look) {
+        m_look = look;
+        m_sprites.clear();
+        m_discs = {};
     }
 }
 
 bool IconSprites::fits(double size) const {
-    return areSameSize(size, wanted.resting);
+    return areSameSize(size, m_look.resting);
 }
 
 const IconSprites::Sprite& IconSprites::icon(const std::string& path, double drawnSize) {
-    Pair& pair = sprites[path];
+    Pair& pair = m_sprites[path];
     const bool resting = fits(drawnSize);
     Sprite& sprite = resting ? pair.resting : pair.largest;
     if (sprite.image.isNull()) {
-        sprite = renderIcon(path, resting ? wanted.resting : wanted.largest);
+        sprite = renderIcon(path, resting ? m_look.resting : m_look.largest);
     }
     return sprite;
 }
 
 const IconSprites::Sprite& IconSprites::disc(double iconSize) {
     const bool resting = fits(iconSize);
-    Sprite& sprite = resting ? discs.resting : discs.largest;
+    Sprite& sprite = resting ? m_discs.resting : m_discs.largest;
     if (sprite.image.isNull()) {
-        sprite = renderDisc(resting ? wanted.resting : wanted.largest);
+        sprite = renderDisc(resting ? m_look.resting : m_look.largest);
     }
     return sprite;
 }
@@ -81,13 +81,13 @@ int IconSprites::marginOf(const DockScene::Shadow& shadow) const {
         return 1;
     }
     const double offset = std::max(std::abs(shadow.offset.x()), std::abs(shadow.offset.y()));
-    return SoftShadow::reach(shadow.radius * wanted.ratio) +
-           static_cast<int>(std::ceil(offset * wanted.ratio)) + 1;
+    return SoftShadow::reach(shadow.radius * m_look.ratio) +
+           static_cast<int>(std::ceil(offset * m_look.ratio)) + 1;
 }
 
 QImage IconSprites::picture(const std::string& path, int size) {
     QImage image = canvas(size);
-    const QPixmap best = icons->icon(path).pixmap(QSize(size, size), 1.0);
+    const QPixmap best = m_icons->icon(path).pixmap(QSize(size, size), 1.0);
     if (best.isNull()) {
         return image;
     }
@@ -101,16 +101,16 @@ QImage IconSprites::picture(const std::string& path, int size) {
 }
 
 IconSprites::Sprite IconSprites::renderIcon(const std::string& path, int size) {
-    const int margin = marginOf(wanted.shadow);
+    const int margin = marginOf(m_look.shadow);
     QImage image = canvas(size + 2 * margin);
     const QImage inner = picture(path, size);
     QPainter painter(&image);
-    if (wanted.shadow.opacity > 0) {
+    if (m_look.shadow.opacity > 0) {
         QImage cover = canvas(image.width());
         QPainter(&cover).drawImage(margin, margin, inner);
         painter.drawImage(
-            (wanted.shadow.offset * wanted.ratio).toPoint(),
-            SoftShadow::cast(cover, wanted.shadow.radius * wanted.ratio, shadowColour(wanted.shadow)));
+            (m_look.shadow.offset * m_look.ratio).toPoint(),
+            SoftShadow::cast(cover, m_look.shadow.radius * m_look.ratio, shadowColour(m_look.shadow)));
     }
     painter.drawImage(margin, margin, inner);
     painter.end();
@@ -118,15 +118,15 @@ IconSprites::Sprite IconSprites::renderIcon(const std::string& path, int size) {
 }
 
 IconSprites::Sprite IconSprites::renderDisc(int iconSize) const {
-    const int margin = marginOf(wanted.discShadow);
+    const int margin = marginOf(m_look.discShadow);
     // As odd or even as the icon, so that both have the same centre.
-    const int grown = static_cast<int>(std::lround((wanted.discShare - 1) * iconSize / 2));
+    const int grown = static_cast<int>(std::lround((m_look.discShare - 1) * iconSize / 2));
     const int side = iconSize + 2 * grown;
     const QRectF circle(margin, margin, side, side);
     QImage image = canvas(side + 2 * margin);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (wanted.discShadow.opacity > 0) {
+    if (m_look.discShadow.opacity > 0) {
         QImage cover = canvas(image.width());
         QPainter covering(&cover);
         covering.setRenderHint(QPainter::Antialiasing);
@@ -134,9 +134,9 @@ IconSprites::Sprite IconSprites::renderDisc(int iconSize) const {
         covering.setBrush(Qt::black);
         covering.drawEllipse(circle);
         covering.end();
-        painter.drawImage((wanted.discShadow.offset * wanted.ratio).toPoint(),
-                          SoftShadow::cast(cover, wanted.discShadow.radius * wanted.ratio,
-                                           shadowColour(wanted.discShadow)));
+        painter.drawImage((m_look.discShadow.offset * m_look.ratio).toPoint(),
+                          SoftShadow::cast(cover, m_look.discShadow.radius * m_look.ratio,
+                                           shadowColour(m_look.discShadow)));
         painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
         painter.setPen(Qt::NoPen);
         painter.setBrush(Qt::black);
@@ -144,11 +144,11 @@ IconSprites::Sprite IconSprites::renderDisc(int iconSize) const {
         painter.setCompositionMode(QPainter::CompositionMode_Plus);
     }
     painter.setPen(Qt::NoPen);
-    painter.setBrush(wanted.discFill);
+    painter.setBrush(m_look.discFill);
     painter.drawEllipse(circle);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    const double line = wanted.ratio;
-    painter.setPen(QPen(wanted.discBorder, line));
+    const double line = m_look.ratio;
+    painter.setPen(QPen(m_look.discBorder, line));
     painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(circle.adjusted(line / 2, line / 2, -line / 2, -line / 2));
     painter.end();
@@ -159,8 +159,8 @@ std::size_t IconSprites::bytes() const {
     const auto of = [](const Pair& pair) {
         return static_cast<std::size_t>(pair.resting.image.sizeInBytes() + pair.largest.image.sizeInBytes());
     };
-    std::size_t sum = of(discs);
-    for (const auto& [path, pair] : sprites) {
+    std::size_t sum = of(m_discs);
+    for (const auto& [path, pair] : m_sprites) {
         sum += of(pair);
     }
     return sum;

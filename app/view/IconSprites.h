@@ -73,10 +73,10 @@ private:
     [[nodiscard]] Sprite renderDisc(int iconSize) const;
     [[nodiscard]] int marginOf(const DockScene::Shadow& shadow) const;
 
-    std::shared_ptr<IconCache> icons;
-    std::map<std::string, Pair, std::less<>> sprites;
-    Pair discs;
-    Look wanted;
+    std::shared_ptr<IconCache> m_icons;
+    std::map<std::string, Pair, std::less<>> m_sprites;
+    Pair m_discs;
+    Look m_look;
 };
 
 } // namespace quillary

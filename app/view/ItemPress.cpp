@@ -13,42 +13,42 @@ constexpr double clickReach = 4;
 } // namespace
 
 void ItemPress::down(QPointF position, const std::optional<std::string>& path, double now) {
-    start = position;
+    m_start = position;
     if (!path) {
         return;
     }
-    if (*path != pressedPath) {
-        pressedPath = *path;
-        pressed.jumpTo(0);
+    if (*path != m_path) {
+        m_path = *path;
+        m_pressed.jumpTo(0);
     }
-    pressed.moveTo(1, now);
+    m_pressed.moveTo(1, now);
 }
 
 std::optional<QPointF> ItemPress::move(QPointF position, double now) {
-    if (!start || !beyondClick(position)) {
+    if (!m_start || !beyondClick(position)) {
         return std::nullopt;
     }
-    pressed.moveTo(0, now);
-    return std::exchange(start, std::nullopt);
+    m_pressed.moveTo(0, now);
+    return std::exchange(m_start, std::nullopt);
 }
 
 std::optional<QPointF> ItemPress::up(QPointF position, double now) {
-    if (!start) {
+    if (!m_start) {
         return std::nullopt;
     }
     const bool click = !beyondClick(position);
-    const QPointF begun = *std::exchange(start, std::nullopt);
-    pressed.moveTo(0, now);
+    const QPointF begun = *std::exchange(m_start, std::nullopt);
+    m_pressed.moveTo(0, now);
     return click ? std::optional(begun) : std::nullopt;
 }
 
 void ItemPress::cancel(double now) {
-    start.reset();
-    pressed.moveTo(0, now);
+    m_start.reset();
+    m_pressed.moveTo(0, now);
 }
 
 bool ItemPress::beyondClick(QPointF position) const {
-    const QPointF moved = position - *start;
+    const QPointF moved = position - *m_start;
     return std::hypot(moved.x(), moved.y()) > clickReach;
 }
 

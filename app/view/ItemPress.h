@@ -23,19 +23,19 @@ public:
     void cancel(double now);
 
     /// Whether the button is down and may still make a click or a drag.
-    [[nodiscard]] bool isDown() const { return start.has_value(); }
+    [[nodiscard]] bool isDown() const { return m_start.has_value(); }
     /// The item that is pressed or springs back; empty before the first press.
-    [[nodiscard]] const std::string& path() const { return pressedPath; }
+    [[nodiscard]] const std::string& path() const { return m_path; }
     /// How far that item looks pressed: 0 not at all, 1 wholly.
-    [[nodiscard]] double amount(double now) const { return pressed.value(now); }
-    [[nodiscard]] bool settled(double now) const { return pressed.settled(now); }
+    [[nodiscard]] double amount(double now) const { return m_pressed.value(now); }
+    [[nodiscard]] bool settled(double now) const { return m_pressed.settled(now); }
 
 private:
     [[nodiscard]] bool beyondClick(QPointF position) const;
 
-    std::optional<QPointF> start;
-    std::string pressedPath;
-    EasedValue pressed{0.1, 0};
+    std::optional<QPointF> m_start;
+    std::string m_path;
+    EasedValue m_pressed{0.1, 0};
 };
 
 } // namespace quillary

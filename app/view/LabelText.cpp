@@ -6,14 +6,14 @@
 namespace quillary {
 
 const QImage& LabelText::image(const Look& look) {
-    if (rendered == look) {
-        return picture;
+    if (m_look == look) {
+        return m_picture;
     }
-    rendered = look;
-    picture = QImage(look.room, QImage::Format_ARGB32_Premultiplied);
-    picture.setDevicePixelRatio(look.ratio);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
+    m_look = look;
+    m_picture = QImage(look.room, QImage::Format_ARGB32_Premultiplied);
+    m_picture.setDevicePixelRatio(look.ratio);
+    m_picture.fill(Qt::transparent);
+    QPainter painter(&m_picture);
     painter.setPen(look.ink);
     painter.setFont(look.font);
     const QRectF room(QPointF(), QSizeF(look.room) / look.ratio);
@@ -23,8 +23,8 @@ const QImage& LabelText::image(const Look& look) {
                  : look.text;
     painter.drawText(room, Qt::AlignCenter, text);
     painter.end();
-    picture.setDevicePixelRatio(1);
-    return picture;
+    m_picture.setDevicePixelRatio(1);
+    return m_picture;
 }
 
 } // namespace quillary

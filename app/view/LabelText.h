@@ -31,8 +31,8 @@ public:
     [[nodiscard]] const QImage& image(const Look& look);
 
 private:
-    std::optional<Look> rendered;
-    QImage picture;
+    std::optional<Look> m_look;
+    QImage m_picture;
 };
 
 } // namespace quillary

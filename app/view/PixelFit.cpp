@@ -12,30 +12,30 @@ constexpr double fineness = 1024;
 class Fitting {
 public:
     Fitting(const DockScene& scene, const PixelGrid& grid)
-        : shift(grid.origin + scene.offset),
-          ratio(grid.ratio),
-          horizontal(isHorizontal(scene.edge)),
-          resting(static_cast<double>(std::lround(scene.iconSize * grid.ratio))) {}
+        : m_shift(grid.origin + scene.offset),
+          m_ratio(grid.ratio),
+          m_horizontal(isHorizontal(scene.edge)),
+          m_resting(static_cast<double>(std::lround(scene.iconSize * grid.ratio))) {}
 
     [[nodiscard]] QRectF rect(const QRectF& part) const {
-        return {QPointF(side(part.left(), shift.x()), side(part.top(), shift.y())),
-                QPointF(side(part.right(), shift.x()), side(part.bottom(), shift.y()))};
+        return {QPointF(side(part.left(), m_shift.x()), side(part.top(), m_shift.y())),
+                QPointF(side(part.right(), m_shift.x()), side(part.bottom(), m_shift.y()))};
     }
 
     void fit(DockScene::Icon& icon) const {
-        if (icon.pressed > 0 || !areSameSize(icon.rect.width() * ratio, resting)) {
+        if (icon.pressed > 0 || !areSameSize(icon.rect.width() * m_ratio, m_resting)) {
             return;
         }
         const QPointF before = icon.rect.center();
-        const QPointF center(middle(before.x(), shift.x()), middle(before.y(), shift.y()));
-        const double size = resting / ratio;
+        const QPointF center(middle(before.x(), m_shift.x()), middle(before.y(), m_shift.y()));
+        const double size = m_resting / m_ratio;
         icon.rect = QRectF(center - QPointF(size / 2, size / 2), QSizeF(size, size));
         if (icon.disc) {
             *icon.disc = {.center = center, .diameter = size * DockScene::discShare};
         }
         if (icon.dot) {
-            (horizontal ? icon.dot->center.rx() : icon.dot->center.ry()) =
-                horizontal ? center.x() : center.y();
+            (m_horizontal ? icon.dot->center.rx() : icon.dot->center.ry()) =
+                m_horizontal ? center.x() : center.y();
         }
         if (icon.pill) {
             const QPointF moved = icon.pill->rect.topLeft() + center - before;
@@ -46,17 +46,17 @@ public:
 
 private:
     [[nodiscard]] double side(double value, double offset) const {
-        return onWholePixel(value + offset, ratio) - offset;
+        return onWholePixel(value + offset, m_ratio) - offset;
     }
     // So that the sides of a resting icon are on whole pixels.
     [[nodiscard]] double middle(double value, double offset) const {
-        return (std::round((value + offset) * ratio - resting / 2) + resting / 2) / ratio - offset;
+        return (std::round((value + offset) * m_ratio - m_resting / 2) + m_resting / 2) / m_ratio - offset;
     }
 
-    QPointF shift;
-    double ratio;
-    bool horizontal;
-    double resting;
+    QPointF m_shift;
+    double m_ratio;
+    bool m_horizontal;
+    double m_resting;
 };
 
 } // namespace

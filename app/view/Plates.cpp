@@ -104,14 +104,14 @@ QImage Plates::render(const Key& key) {
 }
 
 const QImage& Plates::rendered(const Key& key) {
-    const auto known = std::ranges::find(images, key, &std::pair<Key, QImage>::first);
-    if (known != images.end()) {
+    const auto known = std::ranges::find(m_images, key, &std::pair<Key, QImage>::first);
+    if (known != m_images.end()) {
         return known->second;
     }
-    if (images.size() >= cacheLimit) {
-        images.clear();
+    if (m_images.size() >= cacheLimit) {
+        m_images.clear();
     }
-    return images.emplace_back(key, render(key)).second;
+    return m_images.emplace_back(key, render(key)).second;
 }
 
 void Plates::draw(QPainter& painter, const QRectF& plate, const Look& look) {

@@ -67,7 +67,7 @@ private:
     [[nodiscard]] const QImage& rendered(const Key& key);
     [[nodiscard]] static QImage render(const Key& key);
 
-    std::vector<std::pair<Key, QImage>> images;
+    std::vector<std::pair<Key, QImage>> m_images;
 };
 
 } // namespace quillary

@@ -70,14 +70,14 @@ bool SceneMotion::Part::settled(double now) const {
 }
 
 void SceneMotion::clear() {
-    icons.clear();
-    separator = {};
-    background = {};
+    m_icons.clear();
+    m_separator = {};
+    m_background = {};
 }
 
 bool SceneMotion::settled(double now) const {
-    return separator.settled(now) && background.settled(now) &&
-           std::ranges::all_of(icons, [now](const auto& icon) { return icon.second.settled(now); });
+    return m_separator.settled(now) && m_background.settled(now) &&
+           std::ranges::all_of(m_icons, [now](const auto& icon) { return icon.second.settled(now); });
 }
 
 void SceneMotion::retarget(const DockScene& seen, const DockScene& wanted, double now) {
@@ -87,26 +87,26 @@ void SceneMotion::retarget(const DockScene& seen, const DockScene& wanted, doubl
     }
     retargetIcons(seen, wanted, now);
     if (wanted.separators.empty()) {
-        separator = {};
+        m_separator = {};
     } else if (seen.separators.empty()) {
-        separator = {};
-        separator.presence.displace(-1, now);
+        m_separator = {};
+        m_separator.presence.displace(-1, now);
     } else {
-        separator.along.displace(along(seen, seen.separators.front().rect.center()) -
-                                     along(wanted, wanted.separators.front().rect.center()),
-                                 now);
+        m_separator.along.displace(along(seen, seen.separators.front().rect.center()) -
+                                       along(wanted, wanted.separators.front().rect.center()),
+                                   now);
     }
-    background.along.displace(
+    m_background.along.displace(
         alongLength(seen, seen.background.rect) - alongLength(wanted, wanted.background.rect), now);
-    background.size.displace(
+    m_background.size.displace(
         depthLength(seen, seen.background.rect) - depthLength(wanted, wanted.background.rect), now);
 }
 
 void SceneMotion::retargetIcons(const DockScene& seen, const DockScene& wanted, double now) {
     const Icons seenIcons = byPath(seen);
-    std::erase_if(icons, [kept = byPath(wanted)](const auto& icon) { return !kept.contains(icon.first); });
+    std::erase_if(m_icons, [kept = byPath(wanted)](const auto& icon) { return !kept.contains(icon.first); });
     for (const DockScene::Icon& icon : wanted.icons) {
-        Part& part = icons[icon.path];
+        Part& part = m_icons[icon.path];
         const auto found = seenIcons.find(icon.path);
         if (found == seenIcons.end()) {
             part = {};
@@ -121,9 +121,9 @@ void SceneMotion::retargetIcons(const DockScene& seen, const DockScene& wanted, 
 
 void SceneMotion::apply(DockScene& scene, double now) const {
     for (DockScene::Icon& icon : scene.icons) {
-        const auto found = icons.find(icon.path);
+        const auto found = m_icons.find(icon.path);
         // What has arrived is exactly in its place: a rest of a spring would blur it.
-        if (found == icons.end() || found->second.settled(now)) {
+        if (found == m_icons.end() || found->second.settled(now)) {
             continue;
         }
         const Part& part = found->second;
@@ -148,17 +148,17 @@ void SceneMotion::apply(DockScene& scene, double now) const {
         }
     }
     for (DockScene::Separator& line : scene.separators) {
-        if (separator.settled(now)) {
+        if (m_separator.settled(now)) {
             break;
         }
-        line.rect.translate(shift(scene.edge, separator.along.value(now), 0));
-        line.opacity *= present(separator.presence, now);
+        line.rect.translate(shift(scene.edge, m_separator.along.value(now), 0));
+        line.opacity *= present(m_separator.presence, now);
     }
-    if (background.settled(now)) {
+    if (m_background.settled(now)) {
         return;
     }
-    const double longer = background.along.value(now);
-    const double deeper = background.size.value(now);
+    const double longer = m_background.along.value(now);
+    const double deeper = m_background.size.value(now);
     const QRectF rect = scene.background.rect;
     const QPointF center = rect.center() + shift(scene.edge, 0, deeper / 2);
     const bool lying = isHorizontal(scene.edge);

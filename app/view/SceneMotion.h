@@ -36,10 +36,10 @@ private:
     };
     void retargetIcons(const DockScene& seen, const DockScene& wanted, double now);
 
-    std::map<std::string, Part, std::less<>> icons;
-    Part separator;
+    std::map<std::string, Part, std::less<>> m_icons;
+    Part m_separator;
     /// `along` is its length, `size` its depth.
-    Part background;
+    Part m_background;
 };
 
 } // namespace quillary

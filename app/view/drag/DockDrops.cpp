@@ -10,8 +10,8 @@
 
 namespace quillary {
 
-DockDrops::DockDrops(std::shared_ptr<DockModel> dock, Platform& system)
-    : model(std::move(dock)), platform(system) {}
+DockDrops::DockDrops(std::shared_ptr<DockModel> model, Platform& platform)
+    : m_model(std::move(model)), m_platform(platform) {}
 
 std::optional<DockDrops::Target> DockDrops::target(const DockScene& scene, QPointF point,
                                                    const std::vector<ItemProvider>& items) {
@@ -35,26 +35,26 @@ void DockDrops::drop(const Target& target, const std::vector<ItemProvider>& item
 }
 
 void DockDrops::dropEntry(const std::string& targetPath, const std::string& dragged) {
-    const std::vector<std::string>& pinned = model->config().items;
+    const std::vector<std::string>& pinned = m_model->config().items;
     const std::ptrdiff_t count = std::ssize(pinned);
-    const std::ptrdiff_t target = std::min(pinnedIndex(*model, targetPath).value_or(count), count);
-    if (const auto from = pinnedIndex(*model, dragged)) {
-        model->move(*from, std::min(count - 1, target));
+    const std::ptrdiff_t target = std::min(pinnedIndex(*m_model, targetPath).value_or(count), count);
+    if (const auto from = pinnedIndex(*m_model, dragged)) {
+        m_model->move(*from, std::min(count - 1, target));
     } else if (dragged.starts_with('/')) {
-        model->add({dragged}, target);
+        m_model->add({dragged}, target);
     }
 }
 
 void DockDrops::dropFiles(const Target& target, const std::vector<ItemProvider>& items) {
-    Platform& system = platform;
-    loadFileURLs(items, platform.scheduler(),
-                 [weak = std::weak_ptr(model), target, &system](const std::vector<std::string>& paths) {
+    loadFileURLs(items, m_platform.scheduler(),
+                 [weak = std::weak_ptr(m_model), target,
+                  &platform = m_platform](const std::vector<std::string>& paths) {
                      const auto dock = weak.lock();
                      if (!dock || paths.empty()) {
                          return;
                      }
-                     if (target.path && system.files().isApplication(*target.path)) {
-                         system.workspace().openWith(paths, *target.path);
+                     if (target.path && platform.files().isApplication(*target.path)) {
+                         platform.workspace().openWith(paths, *target.path);
                      } else {
                          dock->add(paths, target.path ? pinnedIndex(*dock, *target.path) : std::nullopt);
                      }

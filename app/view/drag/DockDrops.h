@@ -44,8 +44,8 @@ private:
     [[nodiscard]] static std::optional<std::ptrdiff_t> pinnedIndex(const DockModel& model,
                                                                    const std::string& path);
 
-    std::shared_ptr<DockModel> model;
-    Platform& platform;
+    std::shared_ptr<DockModel> m_model;
+    Platform& m_platform;
 };
 
 } // namespace quillary

@@ -8,15 +8,15 @@
 namespace quillary {
 
 DragHover::DragHover(std::shared_ptr<DockModel> model, Platform& platform)
-    : drops(std::move(model), platform) {}
+    : m_drops(std::move(model), platform) {}
 
 void DragHover::enter(const QMimeData* data) {
-    dragged = data != nullptr ? itemProviders(*data) : std::vector<ItemProvider>();
+    m_dragged = data != nullptr ? itemProviders(*data) : std::vector<ItemProvider>();
 }
 
 void DragHover::hover(QDropEvent& event, const DockScene& scene, QPointF point) {
-    over = DockDrops::target(scene, point, dragged);
-    if (over) {
+    m_target = DockDrops::target(scene, point, m_dragged);
+    if (m_target) {
         event.setDropAction(Qt::CopyAction);
         event.accept();
     } else if (event.type() == QEvent::DragEnter) {
@@ -28,18 +28,18 @@ void DragHover::hover(QDropEvent& event, const DockScene& scene, QPointF point) 
 }
 
 void DragHover::leave() {
-    dragged.clear();
-    over.reset();
+    m_dragged.clear();
+    m_target.reset();
 }
 
 void DragHover::drop(QDropEvent& event, const DockScene& scene, QPointF point) {
-    const auto target = DockDrops::target(scene, point, dragged);
-    const auto items = std::exchange(dragged, {});
-    over.reset();
+    const auto target = DockDrops::target(scene, point, m_dragged);
+    const auto items = std::exchange(m_dragged, {});
+    m_target.reset();
     if (target) {
         event.setDropAction(Qt::CopyAction);
         event.accept();
-        drops.drop(*target, items);
+        m_drops.drop(*target, items);
     }
 }
 

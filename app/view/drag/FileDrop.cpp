@@ -55,13 +55,13 @@ struct Reading {
 } // namespace
 
 void URLBox::append(std::string path) {
-    const std::lock_guard guard(lock);
-    collected.push_back(std::move(path));
+    const std::lock_guard guard(m_mutex);
+    m_urls.push_back(std::move(path));
 }
 
 std::vector<std::string> URLBox::urls() const {
-    const std::lock_guard guard(lock);
-    return collected;
+    const std::lock_guard guard(m_mutex);
+    return m_urls;
 }
 
 std::vector<ItemProvider> itemProviders(const QMimeData& data) {

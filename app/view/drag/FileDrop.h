@@ -30,8 +30,8 @@ public:
     [[nodiscard]] std::vector<std::string> urls() const;
 
 private:
-    mutable std::mutex lock;
-    std::vector<std::string> collected;
+    mutable std::mutex m_mutex;
+    std::vector<std::string> m_urls;
 };
 
 /// The items of a drag: one for each URL of its list (text/uri-list, RFC 2483), which carries a file URL when
