@@ -26,7 +26,7 @@ void AppDelegate::applicationDidFinishLaunching() {
         m_platform.makeStatusItem(statusSymbol(), "Quillary", [this] { return menuNeedsUpdate(); });
     m_snapshot = DebugSnapshot::runIfRequested(*m_manager, m_platform, [this] { showSettings(); });
     if (!m_manager->settings().onboarded) {
-        // Noted first: a greeting that ends the program must not come back at each start.
+        // Saved before the greeting: if showing that ended the program, it must not do so at each start.
         m_manager->markOnboarded();
         m_settings->show(SettingsWindow::Form::welcome);
     }

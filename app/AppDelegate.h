@@ -28,9 +28,10 @@ public:
     void applicationDidFinishLaunching();
     /// Puts the desktop's own dock back. A second call finds it put back and changes nothing.
     void applicationWillTerminate();
-    /// Shows the settings, as the program was opened while it runs. False: nothing further is to be done.
+    /// The program was opened while it runs: shows the settings. Always false: the toolkit has nothing left
+    /// to do.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
-    /// The status item's menu for the opening that is about to happen; empty before launching has finished.
+    /// The status item's menu, made for each opening; empty before launching has finished.
     [[nodiscard]] Menu menuNeedsUpdate();
 
     /// Null until launching has finished.

@@ -25,7 +25,7 @@ namespace {
 
 // By then the docks stand in their places and the first memory figures have arrived.
 constexpr double settlingTime = 8.0;
-// And by then the settings window has been drawn.
+// By then the settings window has been drawn.
 constexpr double settingsTime = 1.0;
 
 void write(const std::filesystem::path& file, std::string_view bytes) {

@@ -14,9 +14,9 @@ class FileFacts;
 class Platform;
 class ScheduledTask;
 
-/// Pictures of every dock and of the settings window and a text report for checking the program without a
-/// person at the screen, asked for by an environment variable. Nothing it cannot draw or write is told: it is
-/// left out, and the program ends all the same.
+/// Writes pictures of every dock and of the settings window and a text report, so that a script can check the
+/// program. An environment variable requests it. What cannot be drawn or written is left out without a
+/// message, and the program ends all the same.
 class DebugSnapshot {
 public:
     /// Names the folder for the files; it must exist.
@@ -24,7 +24,7 @@ public:
 
     /// When the variable is set and not empty: pictures the docks once they have settled (8 s), shows the
     /// settings window, pictures that and writes the report 1 s later, then ends the program. Otherwise null.
-    /// Manager and platform must outlive what is returned.
+    /// Manager and platform must outlive the returned snapshot.
     [[nodiscard]] static std::unique_ptr<DebugSnapshot>
     runIfRequested(DockManager& manager, Platform& platform, std::function<void()> showSettings);
 

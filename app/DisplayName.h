@@ -6,7 +6,7 @@ namespace quillary {
 
 class FileFacts;
 
-/// The name under which the program speaks of a path: the file manager's, without a trailing ".app".
+/// The name that the program shows for a path: the file manager's, without a trailing ".app".
 [[nodiscard]] std::string displayName(const FileFacts& files, const std::string& path);
 
 } // namespace quillary

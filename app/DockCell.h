@@ -12,7 +12,7 @@ namespace quillary {
 struct DockCell {
     enum class Kind : std::uint8_t { item, separator };
 
-    /// Whether an item stands in the configuration or is there because it runs.
+    /// Whether an item is in the configuration or is shown because it runs.
     enum class Origin : std::uint8_t { pinned, running };
 
     static DockCell item(std::string path, Origin origin) {

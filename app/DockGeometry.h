@@ -16,8 +16,8 @@
 
 namespace quillary {
 
-/// The pure layout of one dock: a value built from a configuration, its cells and the longest length the
-/// screen allows, wherever it is needed.
+/// The layout of one dock: a value made from a configuration, its cells and the longest length that the
+/// screen allows.
 ///
 /// All lengths are points. Points and rectangles are in the panel's own coordinates: origin top-left, y down.
 /// *Along* is the axis that runs along the screen edge, *depth* the distance from that edge into the screen.
@@ -26,7 +26,7 @@ public:
     /// Fits the icon size: the configured one unless the whole panel would exceed `maxLength`, then the
     /// largest whole number of points that fits, but at least 20.
     DockGeometry(const DockConfig& config, std::span<const DockCell> cells, double maxLength);
-    /// The same with another icon size than the configured one.
+    /// The same with an icon size other than the configured one.
     DockGeometry(const DockConfig& config, double iconSize, std::span<const DockCell> cells,
                  double maxLength);
 
@@ -71,7 +71,7 @@ public:
     /// the geometry was built from.
     [[nodiscard]] std::vector<double> scales(std::optional<double> mouseAxis,
                                              std::span<const DockCell> cells) const;
-    /// Where the cells stand along the panel with those scales, and by how much the row has widened.
+    /// The centres of the cells along the panel with those scales, and by how much they lengthen the row.
     [[nodiscard]] DockLayout::Shifted layout(std::span<const double> scales) const;
     /// Whether the pointer counts as on an icon of that centre and length, all along: 3 points beyond either
     /// end still do.
@@ -90,7 +90,7 @@ public:
     [[nodiscard]] bool isInZone(QPointF point, Pointer before) const;
     /// Whether the pointer touches the strip at the screen edge that reveals a hidden dock.
     [[nodiscard]] bool isInRevealStrip(QPointF point) const;
-    /// The whole points of the window for which isInZone holds: what of it takes clicks. In the window's
+    /// The part of the window that takes clicks: its whole points for which isInZone holds. In the window's
     /// coordinates.
     [[nodiscard]] QRect inputZone(Pointer before) const;
 

@@ -23,7 +23,7 @@ namespace quillary {
 
 namespace {
 
-// A restarted system dock can disturb windows and screen geometry: by then it has settled.
+// A restarted system dock can disturb windows and screen geometry. After this many seconds it has settled.
 constexpr double rebuildAfterRestart = 1.2;
 
 } // namespace
@@ -66,7 +66,7 @@ void DockManager::rebuild() {
         if (!config) {
             continue;
         }
-        // Two screens may share a key; the first then has the model, and both are told apart by nothing.
+        // Two screens may have the same key. Then they share one model, and the first of them has the panel.
         const auto known =
             std::ranges::find_if(next, [&key](const auto& candidate) { return candidate->key == key; });
         const auto model = known != next.end() ? *known : modelFor(key, *config);
@@ -93,7 +93,7 @@ void DockManager::rebuild() {
 }
 
 void DockManager::seed(const std::string& key, const ScreenInfo& screen) {
-    // Through the list's own rule: what the system names may repeat itself or be no text.
+    // Filtered as all items are: the system's list may hold duplicates and invalid UTF-8.
     m_settings.docks.emplace_back(key, screen.name,
                                   DockItems::adding(m_platform.systemDock().pinnedItems(), {}));
     save();
@@ -140,7 +140,7 @@ void DockManager::update(std::string_view key, const std::function<void(DockConf
     const auto model = std::ranges::find_if(
         m_models, [&after](const auto& candidate) { return candidate->key == after->screenKey; });
     if (model != m_models.end()) {
-        // The model is kept alive: what it tells may end in a rebuild that drops it.
+        // Keeps the model alive: a slot of its signal may rebuild the docks, which drops it.
         const auto kept = *model;
         kept->setConfig(*after);
     }
@@ -173,7 +173,7 @@ void DockManager::applySystemDock(bool hide) {
     const auto plan = SystemDockHider::plan(hide, systemDock.read(), m_settings.savedSystemDock);
     if (plan.saved != m_settings.savedSystemDock) {
         m_settings.savedSystemDock = plan.saved;
-        // What is remembered here serves the next start only: a failure to save it is nobody's news.
+        // Not logged: the values saved here only serve the next start.
         static_cast<void>(m_store.save(m_settings));
     }
     if (!plan.write) {

@@ -25,10 +25,10 @@ class Platform;
 class RunningApps;
 class ScheduledTask;
 
-/// The owner of all docks: keeps one model a connected screen and one panel a screen whose dock is on in step
-/// with the screens and the settings, and saves every change at once.
+/// Owns all docks: one model for each connected screen and one panel for each screen whose dock is on. Keeps
+/// them in step with the screens and the settings, and saves every change at once.
 ///
-/// A save that fails is one line in the log; the settings in memory stay what counts.
+/// A save that fails writes one line to the log; the settings in memory stay in force.
 class DockManager : public QObject {
     Q_OBJECT
 
@@ -50,14 +50,14 @@ public:
     /// The stable identity of a screen: its UUID, else its display number in decimal.
     [[nodiscard]] static std::string screenKey(const ScreenInfo& screen);
 
-    /// One model a connected screen, in the order of the screens.
+    /// One model for each connected screen, in the order of the screens.
     [[nodiscard]] const Models& models() const { return m_models; }
     /// The open dock of a screen; null when it has none.
     [[nodiscard]] DockPanel* panel(std::string_view key) const;
     [[nodiscard]] const std::map<std::string, std::unique_ptr<DockPanel>, std::less<>>& panels() const {
         return m_panels;
     }
-    /// What counts: the file holds a copy of it.
+    /// The settings in force; the file holds a copy of them.
     [[nodiscard]] const Settings& settings() const { return m_settings; }
     /// Whether the user wants the desktop's own dock hidden.
     [[nodiscard]] bool hideSystemDock() const { return m_settings.hideSystemDock; }
@@ -67,13 +67,13 @@ public:
     /// Changes the configuration of a screen, saves, and hands it to the screen's model; switching a dock on
     /// or off rebuilds. A key without configuration changes nothing.
     void update(std::string_view key, const std::function<void(DockConfig&)>& change);
-    /// Notes, and saves, that the first run is over.
+    /// Records in the settings, and saves, that the first run is over.
     void markOnboarded();
     /// Switches the hiding of the desktop's own dock: published, saved and applied, in this order.
     void setHideSystemDock(bool hide);
     /// Switches the memory display of all docks: published, saved and applied, in this order.
     void setShowMemory(bool show);
-    /// Tucks the desktop's own dock away, or puts it back as it was found.
+    /// Hides the desktop's own dock, or restores it as it was found.
     void applySystemDock(bool hide);
 
 Q_SIGNALS:

@@ -17,8 +17,8 @@ namespace {
 
 constexpr double bounceLimit = 6.0;
 
-// Fitting bounds the icons of a dock that has any. An empty one takes the stored size as it stands, which may
-// be more than a window can be.
+// Fitting limits the icons of a dock to its screen. An empty dock has nothing to fit, and its stored size may
+// be more than a window can have.
 constexpr double largestIconSize = 1024;
 
 } // namespace
@@ -51,7 +51,7 @@ void DockModel::setShowMemory(bool show) {
 void DockModel::setConfig(DockConfig config) {
     m_config = std::move(config);
     m_row = makeRow();
-    // First, so that the dock's parts set out for their new places before anything else happens to them.
+    // Emitted first: views start their transition from what is shown, which other slots may change.
     Q_EMIT rowChanged();
     Q_EMIT configChanged();
 }

@@ -40,7 +40,8 @@ public:
         animated,
     };
 
-    /// The manager may go away first; what needs it does nothing then. The platform must outlive the model.
+    /// After the manager has been destroyed, operations that need it do nothing. The platform must outlive
+    /// the model.
     DockModel(std::string screenKey, DockConfig config, DockManager* manager,
               std::shared_ptr<RunningApps> tracker, std::shared_ptr<MemoryMonitor> monitor,
               Platform& platform);
@@ -67,7 +68,7 @@ public:
     void setConfig(DockConfig config);
     void setHidden(bool hidden);
     void setMaxLength(double length);
-    /// Nothing happens when the position is the one it has.
+    /// Does nothing, and emits nothing, for the position that it already has.
     void setMouse(std::optional<QPointF> mouse);
 
     /// The pinned items, then, when running applications are shown, a separator (if both groups have any) and
@@ -80,7 +81,7 @@ public:
     /// The path of the item under the pointer, if any.
     [[nodiscard]] std::optional<std::string> hoveredPath() const;
 
-    /// Changes this dock's configuration through the manager, which saves it and hands it back.
+    /// Changes this dock's configuration through the manager, which saves it and calls setConfig.
     void update(const std::function<void(DockConfig&)>& change);
     /// Pins the paths at an index or at the end; those already pinned move there.
     void add(const std::vector<std::string>& paths, std::optional<std::ptrdiff_t> index = std::nullopt);

@@ -60,7 +60,7 @@ DockPanel::~DockPanel() = default;
 QRect DockPanel::placement(const QRectF& visibleFrame, DockEdge edge, QSize size) {
     const double width = size.width();
     const double height = size.height();
-    // The rules count y upwards from the bottom of the frame, so that an oversized panel keeps its bottom
+    // y is counted upwards from the bottom of the frame here, so that an oversized panel keeps its bottom
     // end.
     const double bottom = 0;
     const double top = visibleFrame.height();
@@ -112,7 +112,7 @@ void DockPanel::reposition() {
     m_frame = placement(visible, edge, geometry().frameSize());
     m_window->setFrame(m_frame);
     updateInputRegion();
-    // The dock moved under a pointer that stands still: what it is on now is another place of the dock.
+    // The dock moved under a resting pointer, which is at another place of the dock now.
     if (m_frame != before && m_model->mouse()) {
         track(m_platform.pointer().location());
     }
@@ -191,7 +191,7 @@ Menu DockPanel::buildMenu() {
 }
 
 void DockPanel::openMenu(QPointF position) {
-    // The press says better than the last movement told where the pointer is.
+    // The press carries a newer position than the last movement.
     track(position + m_frame.topLeft());
     m_menuOpen = true;
     m_window->popUpMenu(buildMenu(), position.toPoint(), [this] { menuClosed(); });
@@ -222,7 +222,7 @@ void DockPanel::followConfig() {
     const bool wanted = m_model->config().autoHide;
     if (wanted != m_autoHide) {
         m_autoHide = wanted;
-        // A hide that waits for its moment would strand the dock hidden once nothing reveals it any more.
+        // A pending hide would leave the dock hidden for good, as nothing reveals it any more.
         m_hideWork.reset();
         m_model->setHidden(wanted);
     }

@@ -29,14 +29,13 @@ class DockPanel : public QObject {
     Q_OBJECT
 
 public:
-    /// Not on the screen yet. `showSettings` is what the menu calls for the settings. The platform must
-    /// outlive the panel.
+    /// Not shown yet. The menu's "Settings…" calls `showSettings`. The platform must outlive the panel.
     DockPanel(std::shared_ptr<DockModel> model, ScreenInfo screen, std::shared_ptr<IconCache> icons,
               Platform& platform, std::function<void()> showSettings);
     ~DockPanel() override;
 
-    /// Where a panel of this size stands on an edge of a visible frame: centred, moved inside, whole points.
-    /// One that is too large keeps its left or bottom end inside and runs out at the other. Global points.
+    /// The frame of a panel of this size at an edge of a visible frame: centred, moved inside, in whole
+    /// global points. A panel that is too large keeps its left or bottom end inside.
     [[nodiscard]] static QRect placement(const QRectF& visibleFrame, DockEdge edge, QSize size);
 
     /// The screen in whose visible frame the dock is placed, from the next reposition on.
@@ -45,16 +44,18 @@ public:
 
     /// Puts the dock on the screen, hidden, and shows it 0.05 s later unless it hides itself.
     void present();
-    /// Takes up the place and size that the screen, the configuration and the cells call for.
+    /// Moves and resizes the window to fit the screen, the configuration and the cells.
     void reposition();
-    /// The pointer moved there, in global points: tracks it, and lets a press on the dock become a drag.
+    /// Handles a movement of the pointer to `location` (global points): tracks it, and turns a press on the
+    /// dock into a drag where it went far enough.
     void movePointer(QPointF location);
-    /// Follows the pointer. Global points. Nothing happens while the dock's menu is open; it is asked for
-    /// once more when that closes.
+    /// Follows the pointer to `location` (global points). Does nothing while the dock's menu is open; when
+    /// that closes, the pointer is queried once.
     void track(QPointF location);
-    /// Tells whether a full-screen window covers the dock. A covered dock has no pointer and is not revealed.
+    /// Sets whether a full-screen window covers the dock. A covered dock ignores the pointer and is not
+    /// revealed.
     void setCovered(bool covered);
-    /// The context menu for where the pointer is, built anew at each call.
+    /// The context menu for the item under the pointer, built anew at each call.
     [[nodiscard]] Menu buildMenu();
     /// Takes the dock off the screen for good.
     void close();
@@ -67,7 +68,7 @@ public:
     [[nodiscard]] QImage grab();
     /// What the dock shows.
     [[nodiscard]] const DockView& contents() const { return *m_contents; }
-    /// The native window, for its place among the program's windows; null before `present`.
+    /// The native window, to find its index among the program's windows; null before `present`.
     [[nodiscard]] QWindow* nativeWindow() const;
 
 private:
@@ -93,7 +94,7 @@ private:
     bool m_covered = false;
     bool m_menuOpen = false;
 
-    // The window dresses the view and must go first.
+    // The window refers to the contents and must be destroyed first.
     std::unique_ptr<DockView> m_contents;
     std::unique_ptr<PanelWindow> m_window;
 

@@ -77,7 +77,7 @@ void MemoryMonitor::publish(const MemoryStats& stats, ByApp byApp) {
         m_stats = stats;
         Q_EMIT statsChanged();
     }
-    // Whoever heard of the new figures may have switched the monitor off.
+    // A slot of statsChanged may have switched the monitor off.
     if (m_running && byApp != m_byApp) {
         m_byApp = std::move(byApp);
         Q_EMIT byAppChanged();

@@ -28,7 +28,7 @@ public:
     /// Bytes by path of the application.
     using ByApp = std::map<std::string, std::uint64_t, std::less<>>;
 
-    /// Off at first. Both must outlive the monitor; a sample under way does not keep it from going.
+    /// Off at first. Both must outlive the monitor; the monitor may be destroyed while a sample is taken.
     MemoryMonitor(Scheduler& scheduler, MemorySource& source);
     ~MemoryMonitor() override;
 
@@ -39,7 +39,8 @@ public:
     /// Takes the result of a sample: what differs from the last one is published; all of it is dropped while
     /// the monitor is off.
     void publish(const MemoryStats& stats, ByApp byApp);
-    /// Switches sampling on or off; off forgets the figures of the applications, but not the machine's.
+    /// Switches sampling on or off. Switching off drops the figures of the applications, but not the
+    /// machine's.
     void setActive(bool active);
     /// The badge of the application at exactly this path; none when it has no figure.
     [[nodiscard]] RamBadge badge(std::string_view path) const;

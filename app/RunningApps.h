@@ -21,10 +21,10 @@ class RunningApps : public QObject {
     Q_OBJECT
 
 public:
-    /// Filled before it returns. The workspace must outlive the tracker.
+    /// Reads the applications at once. The workspace must outlive the tracker.
     explicit RunningApps(Workspace& workspace);
 
-    /// Those that count, in the system's order.
+    /// The applications with windows for the user, without this program, in the system's order.
     [[nodiscard]] const std::vector<RunningApplication>& apps() const { return m_apps; }
     /// Path of the application in front, whether it is in `apps` or not; absent when it has none.
     [[nodiscard]] const std::optional<std::string>& activePath() const { return m_activePath; }

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::array watched{SIGTERM, SIGINT, SIGHUP};
 
-// A handler may do next to nothing: it writes a byte here, and the event loop does the rest.
+// Signal handlers may call few functions: this one writes a byte here, and the event loop reads it.
 std::array<int, 2> ends{-1, -1};
 
 void handle(int /*number*/) {

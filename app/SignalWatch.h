@@ -6,8 +6,8 @@ class QSocketNotifier;
 
 namespace quillary {
 
-/// Turns TERM, INT and HUP into a call on the main thread, so that they end the program as its quit entry
-/// does. One at a time in a process.
+/// Turns TERM, INT and HUP into a signal on the main thread, so that they end the program as its quit entry
+/// does. A process can have one at a time.
 class SignalWatch : public QObject {
     Q_OBJECT
 

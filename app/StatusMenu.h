@@ -9,8 +9,8 @@ namespace quillary {
 class DockManager;
 class Platform;
 
-/// The menu of the status item as it is now: settings, one switch a screen, the switches of the whole program
-/// and the end, which `terminate` brings about. The manager must outlive the menu.
+/// The menu of the status item as it is now: settings (calls `showSettings`), one switch for each screen, the
+/// switches of the whole program, and quitting (calls `terminate`). The manager must outlive the menu.
 [[nodiscard]] Menu statusMenu(DockManager& manager, Platform& platform, std::function<void()> showSettings,
                               std::function<void()> terminate);
 

@@ -12,9 +12,9 @@
 int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("Quillary"));
     QGuiApplication::setDesktopFileName(QStringLiteral("quillary"));
-    // Docks come and go with the screens: having none at a moment is no reason to end.
+    // Docks come and go with the screens: the program goes on without any.
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    // A log that nobody reads any more must not end the program outside of its quit path.
+    // Writing to a closed log must not end the program other than through its quit path.
     std::signal(SIGPIPE, SIG_IGN);
     if (!quillary::sessionHasWindowSystem()) {
         return 1;
@@ -36,7 +36,7 @@ int main(int argc, char* argv[]) {
                      &quillary::AppDelegate::applicationWillTerminate);
     QObject::connect(&delegate, &quillary::AppDelegate::terminate, &application, &QCoreApplication::quit,
                      Qt::QueuedConnection);
-    // A session that starts us again besides the user's own settings would start us twice.
+    // The user's own settings may start the program: a session that restored it as well would start it twice.
     QObject::connect(
         &application, &QGuiApplication::saveStateRequest, &application,
         [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); },

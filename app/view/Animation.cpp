@@ -8,7 +8,7 @@ namespace quillary {
 
 namespace {
 
-// Of a share, where 1 is the whole, or of a point: less of either cannot be seen.
+// Values are shares of 1 or lengths in points; less than a thousandth of either cannot be seen.
 constexpr double stillOffset = 0.001;
 constexpr double stillVelocity = 0.01;
 

@@ -2,18 +2,18 @@
 
 namespace quillary {
 
-/// The standard cubic ease-out: 0 at 0, 1 at 1, arriving without speed. The fraction is clamped to 0…1.
+/// The cubic ease-out: 0 at 0, 1 at 1 with no velocity there. The fraction is clamped to 0…1.
 [[nodiscard]] double easeOut(double fraction);
 
-/// A value that makes for its target in a fixed time, easing out. Times are seconds.
+/// A value that reaches its target in a fixed time, easing out. Times are seconds.
 class EasedValue {
 public:
     /// At rest at `value`.
     EasedValue(double duration, double value);
 
-    /// Makes for the target from where the value is at `now`. Nothing happens when that is its target.
+    /// Starts towards the target from the value at `now`. Does nothing when that is the target already.
     void moveTo(double target, double now);
-    /// Is at the value at once.
+    /// Sets the value at once.
     void jumpTo(double value);
 
     [[nodiscard]] double target() const { return m_target; }
@@ -34,16 +34,16 @@ public:
     /// At rest at `value`.
     Spring(double response, double dampingFraction, double value);
 
-    /// Makes for the target from where the value is at `now`, keeping its velocity.
+    /// Starts towards the target from the value at `now`, keeping its velocity.
     void moveTo(double target, double now);
-    /// Is at the value at once, at rest.
+    /// Sets the value at once, at rest.
     void jumpTo(double value);
-    /// Is that far from its target at once, and goes on with the velocity it has.
+    /// Moves the value to this offset from its target at once, keeping its velocity.
     void displace(double offset, double now);
 
     [[nodiscard]] double target() const { return m_target; }
     [[nodiscard]] double value(double now) const;
-    /// Whether it is so close to its target, and so slow, that nobody could see the rest.
+    /// Whether the value is so close to its target, and so slow, that the remaining movement is invisible.
     [[nodiscard]] bool settled(double now) const;
 
 private:
@@ -57,7 +57,7 @@ private:
     double m_damping;
     double m_target;
     double m_start = 0;
-    // At the start of the movement.
+    // The state at the start of the movement.
     State m_origin{0, 0};
 };
 

@@ -6,8 +6,8 @@
 
 namespace quillary {
 
-/// The whole points of the panel that a scene covers with translucent materials: what is to be seen blurred
-/// through them. Empty while the dock is out of sight.
+/// The whole points of the panel that a scene covers with translucent materials, behind which the desktop
+/// should blur. Empty while the dock is out of sight.
 [[nodiscard]] QRegion blurRegion(const DockScene& scene);
 
 } // namespace quillary

@@ -4,8 +4,8 @@
 
 namespace quillary {
 
-/// While it lives, the painter's coordinates are device pixels instead of points. Where these are the same
-/// the painter's state is not saved and restored, which every icon of every frame would pay for.
+/// Switches a painter's coordinates from points to device pixels for its lifetime. Where these are the same
+/// it does not save and restore the painter's state, a cost for each icon of each frame.
 class DevicePixels {
 public:
     DevicePixels(QPainter& painter, double ratio) : m_painter(painter), m_differs(ratio != 1) {

@@ -15,8 +15,8 @@ namespace quillary {
 class DockModel;
 class FileFacts;
 
-/// What a dock shows, apart from what moves: a plain value, so that a scene can also be built of a dock that
-/// has no model. All paths are those of cells.
+/// What a dock shows, apart from what moves. A plain value, so that a scene can also be built for a dock
+/// without a model. All paths are those of cells.
 struct DockContents {
     using Paths = std::set<std::string, std::less<>>;
 

@@ -63,7 +63,7 @@ void DockPainter::draw(const DockScene& scene, QPointF origin) {
     for (const DockScene::Separator& separator : scene.separators) {
         drawSeparator(separator);
     }
-    // A dock longer than its screen draws, and loads the icons of, what is on it only.
+    // Of a dock longer than its screen, only the icons on the screen are loaded and drawn.
     const QRectF seen = m_painter.hasClipping() ? m_painter.clipBoundingRect()
                                                 : QRectF(0, 0, m_painter.device()->width() / m_ratio,
                                                          m_painter.device()->height() / m_ratio);

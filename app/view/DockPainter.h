@@ -20,7 +20,7 @@ public:
     DockPainter(QPainter& painter, const Appearance& appearance, IconSprites& sprites, Plates& plates,
                 LabelText& labelText);
 
-    /// Draws the scene, the origin of its coordinates at `origin` on the device. Points.
+    /// Draws the scene with the origin of its coordinates at `origin` (points of the device).
     void draw(const DockScene& scene, QPointF origin = {});
 
 private:
@@ -45,8 +45,8 @@ private:
     Plates& m_plates;
     LabelText& m_labelText;
     double m_ratio;
-    // From the scene's coordinates to the device's. No transformation of the painter's: edges are to meet
-    // pixels.
+    // From the scene's coordinates to the device's. Added to coordinates instead of set on the painter, so
+    // that they can be rounded to whole pixels.
     QPointF m_shift;
 };
 

@@ -11,7 +11,7 @@ namespace quillary {
 
 namespace {
 
-// Smoothed borders and the rounding of places to pixels.
+// Covers antialiased borders and positions rounded to pixels.
 constexpr double softEdge = 1;
 
 QRect around(const QRectF& rect, double bleed) {
@@ -64,8 +64,8 @@ void addChanges(QRegion& region, const std::vector<Part>& before, const std::vec
     }
 }
 
-// Both ends of a background that only changed its length keep their corners' reach; what lies between them
-// stays.
+// Where a background only changed its length, its ends with their corners are damaged, and what lies between
+// them is not.
 void addBackground(QRegion& region, const DockScene::Background& before, const DockScene::Background& after,
                    bool horizontal) {
     const bool sameDepth =

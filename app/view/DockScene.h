@@ -19,7 +19,7 @@ namespace quillary {
 /// Everything a dock shows at one moment, as numbers: points in the panel's coordinates (origin top-left, y
 /// down). Two equal scenes look the same.
 struct DockScene {
-    /// A colour that is fixed, or one of the desktop's with an opacity of its own.
+    /// A fixed colour or one of the desktop's, with an opacity.
     struct Ink {
         enum class Source { white, black, primaryText, accent, amber, red };
         Source source = Source::white;
@@ -51,7 +51,7 @@ struct DockScene {
         double farWhite = 0;
         double nearWhite = 0;
         Ink border;
-        /// 0 for none. Inside the outline, but for a shelf, whose outline runs along its middle.
+        /// 0 for none. Inside the outline; along the middle of a shelf's.
         double borderWidth = 0;
         Shadow shadow;
         bool operator==(const Background&) const = default;
@@ -84,10 +84,10 @@ struct DockScene {
         /// The square of its image.
         QRectF rect;
         double opacity = 1;
-        /// How far all of it is there, 0…1.
+        /// Opacity of the icon and all that belongs to it, while it appears or goes, 0…1.
         double presence = 1;
         Shadow shadow;
-        /// How far it is pressed, 0…1: then it is smaller, about its centre, and darker.
+        /// How far it is pressed, 0…1: a pressed icon is smaller, about its centre, and darker.
         double pressed = 0;
         /// Opacity of the accent colour over it.
         double highlight = 0;
@@ -108,7 +108,7 @@ struct DockScene {
         QRectF rect;
         /// Where the text stands.
         QRectF textRect;
-        /// Whether that is too small for it: then its end is left out.
+        /// Whether the text is longer than that and is elided.
         bool cut = false;
         double opacity = 1;
         bool operator==(const Label&) const = default;
@@ -147,7 +147,7 @@ struct DockScene {
     DockStyle style = DockStyle::glass;
     /// The side of a resting icon.
     double iconSize = 0;
-    /// How far the whole is moved off the screen, and how opaque it is.
+    /// How far the whole scene is moved off the screen, and its opacity.
     QPointF offset;
     double opacity = 1;
     Background background;
@@ -160,7 +160,7 @@ struct DockScene {
 
     /// The first icon that a point of the panel means; null when it means none.
     [[nodiscard]] const Icon* iconAt(QPointF point, Reach reach) const;
-    /// What an icon's image casts in a dock of that style.
+    /// The shadow of an icon's image in a dock of that style.
     [[nodiscard]] static Shadow iconShadow(DockStyle style);
     /// The whole points that the icon, with all that belongs to it, may touch before the scene's offset.
     [[nodiscard]] static QRect extentOf(const Icon& icon);

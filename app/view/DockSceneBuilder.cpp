@@ -34,7 +34,7 @@ constexpr double pillPadY = 1.5;
 constexpr double pillOut = 0.18;
 constexpr double pillUp = 0.08;
 
-/// One moment's layout, worked out once for all parts of the scene.
+/// The layout at one moment, computed once for all parts of the scene.
 struct Moment {
     const std::vector<DockCell>& cells;
     const DockGeometry& geometry;
@@ -62,7 +62,7 @@ double thicknessOf(const DockGeometry& geometry) {
                                               : geometry.size + DockLayout::dotRoom + DockLayout::farMargin;
 }
 
-// What the style draws, for a background of that thickness.
+// The look of a style's background of that thickness.
 DockScene::Background styled(DockStyle style, double thickness, bool targeted) {
     using Outline = DockScene::Background::Outline;
     const Ink accent{Ink::Source::accent, 1};
@@ -87,7 +87,7 @@ DockScene::Background styled(DockStyle style, double thickness, bool targeted) {
     case DockStyle::bubbles:
     case DockStyle::minimal:
         look.outline = Outline::capsule;
-        // Clicks and drops are taken by the zone, not by pixels: 0.001 is nothing on the screen.
+        // Invisible: the zone takes clicks and drops, not pixels.
         look.farWhite = look.nearWhite = targeted ? 0.12 : 0.001;
         break;
     case DockStyle::shelf:
@@ -206,12 +206,12 @@ DockScene::Label label(const DockGeometry& geometry, double along, double iconSi
     const double farSide = iconSize + iconGap;
     QRectF rect;
     if (isHorizontal(geometry.edge)) {
-        // Centred on its icon, unless the panel would cut it that has room for it elsewhere.
+        // Centred on its icon, or moved inside where the panel would cut it off.
         const double reach = std::min(width, geometry.alongLength()) / 2;
         const double middle = std::clamp(along, reach, geometry.alongLength() - reach);
         rect = centred(geometry.point(middle, farSide + labelGap), width, labelHeight);
     } else {
-        // The text hugs the side of its box that is nearer to the dock, so it grows away from it.
+        // The label begins at the side nearer to the dock and grows away from it.
         const double boxed = std::min(width, sideLabelBox);
         const QPointF center = geometry.point(along, farSide + sideLabelGap + boxed / 2);
         rect = centred(center, boxed, labelHeight);

@@ -35,7 +35,7 @@ constexpr double crossingDuration = 0.18;
 constexpr double hiddenResponse = 0.32;
 constexpr double hiddenDamping = 0.82;
 constexpr double defaultRefreshRate = 60;
-/// Names are cut here for labels; whole novels would be laid out at every movement.
+/// Longer names are cut: the label's text is laid out while the pointer moves.
 constexpr qsizetype longestName = 200;
 
 } // namespace
@@ -84,7 +84,7 @@ void DockView::settle() {
 }
 
 void DockView::followMouse() {
-    // A program that dies while it drags says no goodbye; its drag is over when the pointer leaves.
+    // A program that dies during its drag sends no leave event; its drag ends when the pointer leaves.
     if (!m_model->mouse()) {
         m_drag.clearTarget();
     }
@@ -169,8 +169,8 @@ void DockView::setScene(DockScene next) {
     if (!damage.isEmpty()) {
         updateShape();
         updateBlur();
-        // One rectangle: the toolkit clips several pixel row by pixel row, on threads that cost more than
-        // they paint.
+        // One rectangle: the toolkit clips a region of several in each pixel row, on threads that cost more
+        // than the painting.
         update(damage.boundingRect().translated(origin.toPoint()));
     }
 }
@@ -204,7 +204,7 @@ void DockView::paint(QPainter& painter) {
     const Appearance look = appearance();
     m_sprites.setLook(IconSprites::Look::of(geometry, look, ratio));
     const QPointF origin = geometry.frameOrigin();
-    // Pictures are taken at other ratios too.
+    // Pictures may be taken at other ratios than the screen's.
     const PixelGrid wanted{.origin = origin, .ratio = ratio};
     DockPainter painting(painter, look, m_sprites, m_plates, m_renderedLabel);
     if (wanted == m_grid) {
@@ -294,7 +294,7 @@ void DockView::mouseReleaseEvent(QMouseEvent* event) {
     }
 }
 
-// Not in the event itself: the drag runs a loop of its own, during which the dock may go.
+// Deferred: the drag runs a nested event loop, in which the view may be destroyed.
 void DockView::beginDrag(const std::string& path) {
     m_dragWork = m_platform.scheduler().after(
         0, [start = startDrag, path, picture = dragPicture(path)] { start(path, picture); });
@@ -339,8 +339,7 @@ void DockView::dropEvent(QDropEvent* event) {
     refresh(Contents::asKnown);
 }
 
-// What is on the screen decides, at the place where the button went down: the pointer may be elsewhere by
-// now.
+// Uses what is shown and where the button went down, as the pointer may have moved since.
 std::optional<std::string> DockView::pathAt(QPointF position) const {
     const DockScene::Icon* icon = m_scene.iconAt(scenePoint(position), DockScene::Reach::column);
     return icon != nullptr ? std::optional(icon->path) : std::nullopt;
@@ -362,7 +361,7 @@ void DockView::changeEvent(QEvent* event) {
 }
 
 void DockView::closeEvent(QCloseEvent* event) {
-    // A dock goes when its screen does or it is switched off, not because a pager closes all windows.
+    // A dock closes with its screen or when it is switched off, not at the request of a pager.
     event->setAccepted(!event->spontaneous());
 }
 

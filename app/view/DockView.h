@@ -41,26 +41,28 @@ public:
     DockView(std::shared_ptr<DockModel> model, std::shared_ptr<IconCache> icons, Platform& platform);
     ~DockView() override;
 
-    /// What starts the drag of an item, shown as that picture; it returns when the drag has ended.
+    /// Starts the drag of an item, shown as that picture, and returns when the drag has ended. Tests replace
+    /// it.
     std::function<void(const std::string& path, const QImage& picture)> startDrag;
 
-    /// Lets the view follow what the window that shows it can do. The window must outlive the view's use.
+    /// Connects the view to the window that shows it, whose blending and blurring it follows. The window must
+    /// exist as long as the view is painted.
     void attach(PanelWindow& window);
 
-    /// Shows the state as it is at once, without movement: for a dock that nobody has seen yet.
+    /// Shows the model's state at once, without transitions: for a dock that was not visible before.
     void settle();
 
-    /// The pointer moved there, in global points: a press may become a drag by that. Window systems need not
-    /// send movements to windows.
+    /// Handles a movement of the pointer to `location` (global points), which may turn a press into a drag.
+    /// The window itself need not receive movements.
     void movePointer(QPointF location);
 
-    /// What is shown now.
+    /// The scene that is shown now.
     [[nodiscard]] const DockScene& scene() const { return m_scene; }
-    /// Whether a frame is due although nothing else happens.
+    /// Whether a next frame is scheduled.
     [[nodiscard]] bool animating() const { return m_frameWork != nullptr; }
 
 Q_SIGNALS:
-    /// The context menu is asked for at a point of the panel.
+    /// The user requested the context menu at this point of the view.
     void menuRequested(QPointF position);
 
 protected:
@@ -110,19 +112,19 @@ private:
     LabelText m_renderedLabel;
     QFontMetricsF m_labelMetrics;
     DockScene m_scene;
-    /// The same as it falls on the device's pixels: what looks equal is equal here.
+    /// The scene fitted to the pixels of m_grid: scenes that look the same are equal here.
     DockScene m_drawn;
-    /// What it was fitted to.
+    /// The grid that m_drawn was fitted to.
     PixelGrid m_grid;
     DockContents m_contents;
     DockTexts m_texts;
-    /// The labels that were asked for since the contents were last read, by path.
+    /// The texts of labels shown since the contents were last read, by path.
     std::map<std::string, QString, std::less<>> m_labels;
-    /// Laying out a text costs more than the rest of a scene: the label's last one is remembered.
+    /// The last text measured for the label: measuring costs more than building the rest of a scene.
     QString m_measuredText;
     double m_measuredWidth = 0;
 
-    /// How far magnification has come in since the pointer entered, or gone since it left.
+    /// The share of magnification: rises to 1 after the pointer enters, falls to 0 after it leaves.
     EasedValue m_magnified;
     std::optional<double> m_mouseAxis;
     Spring m_hidden;

@@ -11,13 +11,14 @@ namespace quillary {
 
 class FileIcons;
 
-/// The icon of every path that was ever shown; the system is asked once for each. One cache serves all docks.
+/// Caches the icon of every path that was ever shown, so that the system loads each once. All docks share one
+/// cache.
 class IconCache {
 public:
     /// The source must outlive the cache.
     explicit IconCache(const FileIcons& source);
 
-    /// Never null: the system's generic icon stands for a path without one.
+    /// Never null: a path without an icon gets the system's generic one.
     [[nodiscard]] const QIcon& icon(const std::string& path);
 
 private:

@@ -76,7 +76,7 @@ const IconSprites::Sprite& IconSprites::disc(double iconSize) {
 }
 
 int IconSprites::marginOf(const DockScene::Shadow& shadow) const {
-    // Scaled sprites are drawn without smoothing their rim, which must be clear therefore.
+    // Scaled sprites are drawn without antialiased edges, so their outermost pixels must be clear.
     if (shadow.opacity <= 0) {
         return 1;
     }
@@ -91,7 +91,7 @@ QImage IconSprites::picture(const std::string& path, int size) {
     if (best.isNull()) {
         return image;
     }
-    // A theme without this size gives a smaller picture or one that is not square: fit it, centred.
+    // A theme may only have a smaller picture or one that is not square: it is scaled to fit and centred.
     const QSizeF fitted = QSizeF(best.size()).scaled(image.size(), Qt::KeepAspectRatio);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);

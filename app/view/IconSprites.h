@@ -28,7 +28,7 @@ public:
         /// The side of that square.
         int side = 0;
     };
-    /// What the sprites are to look like.
+    /// The look of the sprites.
     struct Look {
         /// Sides of a resting icon and of the largest one. Device pixels.
         int resting = 0;
@@ -51,15 +51,16 @@ public:
 
     explicit IconSprites(std::shared_ptr<IconCache> icons);
 
-    /// A change drops all sprites.
+    /// Drops all sprites when the look changes.
     void setLook(const Look& look);
 
-    /// The path's sprite for an icon drawn this large (device pixels): the resting one when it fits exactly.
+    /// The path's sprite for an icon drawn at this size (device pixels): the resting one when that is its
+    /// size.
     [[nodiscard]] const Sprite& icon(const std::string& path, double drawnSize);
-    /// The disc behind an icon drawn this large.
+    /// The disc behind an icon drawn at this size.
     [[nodiscard]] const Sprite& disc(double iconSize);
 
-    /// The memory that the sprites take; for measurements.
+    /// The memory that the sprites use, bytes.
     [[nodiscard]] std::size_t bytes() const;
 
 private:

@@ -7,7 +7,7 @@ namespace quillary {
 
 namespace {
 
-/// A press becomes a drag, and no click any more, beyond this many points.
+/// Further than this, in points, a press is a drag and no click.
 constexpr double clickReach = 4;
 
 } // namespace

@@ -9,24 +9,24 @@
 
 namespace quillary {
 
-/// The mouse button on a dock's items: what is pressed and how far, and where a press becomes a drag instead
-/// of a click. Points are the view's; times are seconds.
+/// Tells clicks from drags on a dock's items, and knows which item looks pressed and how far. Positions are
+/// in the view's coordinates, points; times are seconds.
 class ItemPress {
 public:
-    /// The button goes down, on the item of that path or beside all of them.
+    /// Begins a press on the item of that path, or beside all items.
     void down(QPointF position, const std::optional<std::string>& path, double now);
-    /// The pointer moves. Where the button went down, when this makes the press a drag.
+    /// Handles a movement. Returns where the press began if the movement turns it into a drag.
     [[nodiscard]] std::optional<QPointF> move(QPointF position, double now);
-    /// The button comes up. Where it went down, when this makes the press a click.
+    /// Ends the press. Returns where it began if it was a click.
     [[nodiscard]] std::optional<QPointF> up(QPointF position, double now);
-    /// The press comes to nothing.
+    /// Ends the press without a click.
     void cancel(double now);
 
-    /// Whether the button is down and may still make a click or a drag.
+    /// Whether a press has begun that may still become a click or a drag.
     [[nodiscard]] bool isDown() const { return m_start.has_value(); }
     /// The item that is pressed or springs back; empty before the first press.
     [[nodiscard]] const std::string& path() const { return m_path; }
-    /// How far that item looks pressed: 0 not at all, 1 wholly.
+    /// How far that item looks pressed, 0…1.
     [[nodiscard]] double amount(double now) const { return m_pressed.value(now); }
     [[nodiscard]] bool settled(double now) const { return m_pressed.settled(now); }
 

@@ -17,7 +17,7 @@ const QImage& LabelText::image(const Look& look) {
     painter.setPen(look.ink);
     painter.setFont(look.font);
     const QRectF room(QPointF(), QSizeF(look.room) / look.ratio);
-    // The padding at both sides is room for what letters reach beyond their width.
+    // The padding at both sides leaves room for letters that reach beyond their width.
     const QString text =
         look.cut ? QFontMetricsF(look.font).elidedText(look.text, Qt::ElideRight, room.width() - 4)
                  : look.text;

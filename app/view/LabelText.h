@@ -10,8 +10,8 @@
 
 namespace quillary {
 
-/// The text of a dock's label, rendered once at device pixels: while the pointer stays on an icon the label
-/// moves with every frame, and its text need not be laid out for each.
+/// Caches the text of a dock's label, rendered at device pixels: while the pointer stays on an icon its label
+/// moves with every frame, but the text stays the same.
 class LabelText {
 public:
     struct Look {
@@ -19,7 +19,7 @@ public:
         QFont font;
         /// Where it is centred. Device pixels.
         QSize room;
-        /// Whether that is too small for it: then its end is left out.
+        /// Whether the text is longer than that and is elided.
         bool cut = false;
         QColor ink;
         /// Device pixels per point.

@@ -4,8 +4,8 @@
 
 namespace quillary {
 
-/// What a dock's surfaces are made of: a tint over whatever lies below, which is seen blurred where the
-/// desktop blurs behind windows.
+/// The material of a dock's surfaces: a tint over what lies below, which is blurred where the desktop blurs
+/// behind windows.
 enum class Material {
     none,
     /// Lets much of what lies below through.
@@ -26,7 +26,7 @@ enum class Blending {
 
 enum class Shade { light, dark };
 
-/// The tint of a material. Without blur it is denser, as it alone must keep what stands on it readable.
+/// The tint of a material. Without blur it is denser, as it alone must keep icons and texts readable.
 [[nodiscard]] QColor tint(Material material, Shade shade, Blending blending);
 
 } // namespace quillary

@@ -6,7 +6,7 @@ namespace quillary {
 
 namespace {
 
-/// Finer than anybody could see, coarser than the noise of adding what was just subtracted.
+/// Finer than can be seen, coarser than the rounding errors of adding what was just subtracted.
 constexpr double fineness = 1024;
 
 class Fitting {

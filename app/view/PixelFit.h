@@ -6,7 +6,7 @@
 
 namespace quillary {
 
-/// Where a scene lies on a device.
+/// The position of a scene on a device.
 struct PixelGrid {
     /// The panel's origin, in points of the device.
     QPointF origin{};
@@ -21,8 +21,8 @@ struct PixelGrid {
 [[nodiscard]] bool areSameSize(double one, double other);
 
 /// The scene with everything that is drawn on whole device pixels moved to those: icons of the resting size
-/// with what belongs to them, and the sides of the background, of separators and of the label. What looks the
-/// same is equal then, although magnification moved it by a part of a pixel.
+/// with what belongs to them, and the sides of the background, of separators and of the label. Scenes that
+/// look the same are equal then, although magnification moved their parts by fractions of a pixel.
 [[nodiscard]] DockScene fittedToPixels(DockScene scene, const PixelGrid& grid);
 
 } // namespace quillary

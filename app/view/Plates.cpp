@@ -16,7 +16,7 @@ namespace quillary {
 
 namespace {
 
-// Depths change with the icon size and the label's text only; more than a few are never in use.
+// Depths change with the icon size and the label's text only; no more than a few are in use at a time.
 constexpr std::size_t cacheLimit = 32;
 
 // Length of the middle that is repeated, device pixels.

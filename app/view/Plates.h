@@ -14,10 +14,10 @@ class QPainter;
 
 namespace quillary {
 
-/// Surfaces with a fill, a border and a soft shadow, as they lie behind icons and labels.
+/// Draws surfaces with a fill, a border and a soft shadow: the backgrounds of docks and labels.
 ///
-/// Each is rendered once for its depth and drawn as an image whose middle is repeated along its longer side:
-/// a plate that only grows longer, as under magnified icons, costs a few copies.
+/// Each is rendered once for its depth and drawn as an image whose middle is repeated along its longer side,
+/// so that a plate that only grows longer, as under magnified icons, costs a few copies.
 class Plates {
 public:
     enum class Outline {

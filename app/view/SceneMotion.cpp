@@ -122,7 +122,7 @@ void SceneMotion::retargetIcons(const DockScene& seen, const DockScene& wanted, 
 void SceneMotion::apply(DockScene& scene, double now) const {
     for (DockScene::Icon& icon : scene.icons) {
         const auto found = m_icons.find(icon.path);
-        // What has arrived is exactly in its place: a rest of a spring would blur it.
+        // A settled part is drawn exactly in its place: the rest of a spring's movement would blur it.
         if (found == m_icons.end() || found->second.settled(now)) {
             continue;
         }

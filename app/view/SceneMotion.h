@@ -8,29 +8,29 @@
 
 namespace quillary {
 
-/// Moves a dock's parts from where they were seen to where a changed configuration or list of cells puts
-/// them, each on a spring of its own: a cell is known by its path, whatever its place. What is new fades in.
+/// Animates a dock's parts from where they were shown to where a changed configuration or list of cells puts
+/// them. Each part has a spring; cells are identified by path. New parts fade in.
 ///
-/// Only the difference to the dock's own scene moves, so that magnification goes on at once under it. Times
-/// are seconds.
+/// Only the difference to the dock's scene is animated, so that magnification follows the pointer meanwhile.
+/// Times are seconds.
 class SceneMotion {
 public:
-    /// Sets out from what is seen for the scene that is to be seen. At another edge the dock is there at
-    /// once.
+    /// Starts from the scene that is shown towards the wanted one. At another edge the wanted scene is shown
+    /// at once.
     void retarget(const DockScene& seen, const DockScene& wanted, double now);
-    /// Moves the parts of a scene to where they are at `now`.
+    /// Moves the parts of a scene to their places at `now`.
     void apply(DockScene& scene, double now) const;
-    /// Lets everything be in its place.
+    /// Ends all movements: every part is in its place.
     void clear();
     [[nodiscard]] bool settled(double now) const;
 
 private:
-    /// How far a part is from its place.
+    /// The offset of a part from its place.
     struct Part {
         Part();
         Spring along;
         Spring size;
-        /// 0 when it is fully there, -1 when it isn't seen yet.
+        /// 0 for a part that is fully shown, -1 for one that is not shown yet.
         Spring presence;
         [[nodiscard]] bool settled(double now) const;
     };

@@ -17,7 +17,7 @@ namespace {
 const std::string mail = "/Applications/Mail.app";
 const std::string notes = "/Applications/Notes.app";
 
-/// A view of its own on LEFT's model, beside the one of the dock's panel.
+/// A second view on LEFT's model, beside that of the dock's panel.
 class DockViewTest : public Desktop {
 protected:
     void SetUp() override {

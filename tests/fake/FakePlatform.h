@@ -29,7 +29,7 @@ class FakeScreens final : public Screens {
 public:
     [[nodiscard]] std::vector<ScreenInfo> list() const override { return connected; }
 
-    /// Connects exactly these screens and tells of it.
+    /// Connects exactly these screens and emits `changed`.
     void set(std::vector<ScreenInfo> screens);
 
     std::vector<ScreenInfo> connected;
@@ -53,11 +53,11 @@ public:
     void reveal(const std::string& path) override { calls.push_back("reveal " + path); }
     void terminate(const RunningApplication& application) override;
 
-    /// Starts or ends an application at the path and tells of it.
+    /// Starts or ends an application at the path and emits the signal of that.
     void launch(const std::string& path);
     void quit(const std::string& path);
     void activate(const std::string& path);
-    /// Puts a focused full-screen window there, or none, and tells of it.
+    /// Puts a focused full-screen window there, or none, and emits fullScreenChanged.
     void setFullScreen(std::optional<QRectF> frame);
 
     std::vector<RunningApplication> running;
@@ -67,7 +67,7 @@ public:
     std::set<std::string> missing;
     /// Icons of some paths; the others are blue squares.
     std::map<std::string, QIcon> icons;
-    /// What was asked for, one line a call: the operation and its paths.
+    /// The calls, one line each: the operation and its paths.
     std::vector<std::string> calls;
     mutable std::vector<std::string> iconRequests;
 };
@@ -90,7 +90,7 @@ public:
     [[nodiscard]] QPointF location() const override { return place; }
     void refresh() override { ++refreshes; }
 
-    /// Moves the pointer and tells of it.
+    /// Moves the pointer and emits `moved`.
     void moveTo(QPointF point);
 
     QPointF place;
@@ -119,7 +119,7 @@ public:
     /// Closes the open menu without a choice.
     void dismissMenu();
 
-    /// Starts or ends blending and tells of it.
+    /// Starts or ends blending and emits compositedChanged.
     void setComposited(bool composited);
 
     QRect placed;

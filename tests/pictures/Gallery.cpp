@@ -121,7 +121,7 @@ void omit(DockScene& scene, Omission omission) {
         scene.background.shadow = {};
         break;
     case Omission::iconShadow:
-        // The sprites are told apart by the style alone.
+        // The sprites differ by the style alone.
         scene.style = scene.style == DockStyle::minimal ? DockStyle::glass : DockStyle::minimal;
         break;
     case Omission::dot:

@@ -15,7 +15,7 @@ namespace quillary {
 class DockModel;
 class Platform;
 
-/// What happens when something is dropped on a dock.
+/// Carries out drops on a dock.
 class DockDrops {
 public:
     /// What is under a drag: the background, or an icon's square.
@@ -25,16 +25,16 @@ public:
         bool operator==(const Target&) const = default;
     };
 
-    /// The platform must outlive this.
+    /// The platform must outlive the object.
     DockDrops(std::shared_ptr<DockModel> model, Platform& platform);
 
-    /// The target at a point of the scene (panel coordinates) that takes such items; absent when there is
-    /// none or it does not take them: the background takes files, icons take files and text.
+    /// The target at a point of the scene (panel coordinates); absent when there is none or it does not
+    /// accept these items. The background accepts files, icons accept files and text.
     [[nodiscard]] static std::optional<Target> target(const DockScene& scene, QPointF point,
                                                       const std::vector<ItemProvider>& items);
-    /// Pins the files, moves or pins the entry, or opens the files with the application dropped on. What is
-    /// neither changes nothing. Files are read first; their effect follows on a later turn of the loop,
-    /// unless the dock has gone by then.
+    /// Pins the files, moves or pins the entry, or opens the files with the application that they were
+    /// dropped on. Other items change nothing. The URLs of files are read on workers; what follows happens in
+    /// a later turn of the event loop, unless the model has been destroyed by then.
     void drop(const Target& target, const std::vector<ItemProvider>& items);
 
 private:

@@ -20,7 +20,7 @@ void DragHover::hover(QDropEvent& event, const DockScene& scene, QPointF point) 
         event.setDropAction(Qt::CopyAction);
         event.accept();
     } else if (event.type() == QEvent::DragEnter) {
-        // A refusal here would be the last that is heard of the drag.
+        // After a refused enter event the toolkit would not send the movements of the drag.
         event.accept();
     } else {
         event.ignore();

@@ -14,24 +14,24 @@ class QMimeData;
 
 namespace quillary {
 
-/// A drag over a dock, from its coming to its drop or its leaving: what it carries and what it is over.
+/// A drag over a dock, from entering to its drop or leaving: the items it carries and the target it is over.
 class DragHover {
 public:
-    /// The platform must outlive this.
+    /// The platform must outlive the object.
     DragHover(std::shared_ptr<DockModel> model, Platform& platform);
 
-    /// What would take the drag now; absent when nothing would, or none is over the dock.
+    /// The target that would accept the drag now, if there is one.
     [[nodiscard]] const std::optional<DockDrops::Target>& target() const { return m_target; }
 
-    /// The drag comes.
+    /// Begins a drag that carries this data.
     void enter(const QMimeData* data);
-    /// The drag is at a point of the scene (panel coordinates): answers the event.
+    /// Handles a drag at a point of the scene (panel coordinates): accepts or ignores the event.
     void hover(QDropEvent& event, const DockScene& scene, QPointF point);
-    /// Nothing is under the drag, as far as can be known; it may still be over the dock.
+    /// Forgets the target; the drag may still be over the dock.
     void clearTarget() { m_target.reset(); }
-    /// The drag has gone.
+    /// Ends the drag without a drop.
     void leave();
-    /// The drag is dropped at a point of the scene: does what that means, and answers the event.
+    /// Handles a drop at a point of the scene: carries it out and accepts the event if there is a target.
     void drop(QDropEvent& event, const DockScene& scene, QPointF point);
 
 private:

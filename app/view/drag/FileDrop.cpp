@@ -17,7 +17,7 @@ namespace quillary {
 
 namespace {
 
-/// Whoever sends more than this does not mean a dock.
+/// No drag that is meant for a dock carries more than these limits.
 constexpr qsizetype largestList = qsizetype{16} * 1024 * 1024;
 constexpr std::size_t largestText = std::size_t{64} * 1024;
 constexpr std::size_t mostThreads = 4;
@@ -36,7 +36,7 @@ std::vector<ItemProvider> urlItems(const QByteArray& list) {
     std::vector<ItemProvider> items;
     for (const QByteArray& raw : list.split('\n')) {
         const std::string line = raw.trimmed().toStdString();
-        // Lines that begin so are comments.
+        // Lines that begin with "#" are comments (RFC 2483).
         if (line.empty() || line.front() == '#') {
             continue;
         }
@@ -45,7 +45,7 @@ std::vector<ItemProvider> urlItems(const QByteArray& list) {
     return items;
 }
 
-/// What all threads of one reading share.
+/// Shared by all threads of one reading.
 struct Reading {
     URLBox box;
     std::atomic<std::size_t> threadsLeft;

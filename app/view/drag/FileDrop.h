@@ -13,10 +13,10 @@ namespace quillary {
 
 class Scheduler;
 
-/// With this a dragged dock entry's text begins; its path follows.
+/// The text of a dragged dock item is this prefix and the path of the item.
 inline constexpr std::string_view itemPrefix = "quillary-item:";
 
-/// One dragged item, with the forms it can be delivered in. Bytes as they came.
+/// One dragged item with the forms in which it was sent. Bytes as received.
 struct ItemProvider {
     std::optional<std::string> text{};
     std::optional<std::string> fileUrl{};
@@ -44,7 +44,7 @@ private:
 [[nodiscard]] bool carriesFiles(const std::vector<ItemProvider>& providers);
 
 /// Reads the paths of the file URLs on worker threads and delivers them in one call on the main thread, in
-/// the order in which they were read. What is no file on this machine is left out.
+/// the order in which they were read. URLs that name no file on this machine are left out.
 void loadFileURLs(std::vector<ItemProvider> providers, Scheduler& scheduler,
                   std::function<void(std::vector<std::string>)> completion);
 

@@ -10,7 +10,7 @@
 namespace quillary {
 
 void dragItem(const std::string& path, const QImage& picture) {
-    // Not the dock's own child: its screen may go while the drag goes on.
+    // Not owned by the view, which may be destroyed during the drag.
     auto* drag = new QDrag(QCoreApplication::instance());
     auto* data = new QMimeData;
     data->setText(QString::fromStdString(std::string(itemPrefix) + path));

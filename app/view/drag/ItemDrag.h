@@ -6,8 +6,8 @@
 
 namespace quillary {
 
-/// Drags a dock entry, shown as this picture, its centre at the pointer, until it is dropped or the drag is
-/// cancelled; returns then. What happens with it is the business of where it is dropped.
+/// Drags a dock item, shown as this picture with its centre at the pointer. Returns when it has been dropped
+/// or the drag was cancelled; the drop is handled by its target.
 void dragItem(const std::string& path, const QImage& picture);
 
 } // namespace quillary
