@@ -1,16 +1,12 @@
 #include "app/settings/FormColours.h"
 
+#include "platform/Shade.h"
+
 #include <QPalette>
 
 namespace quillary {
 
 namespace {
-
-QColor mixed(const QColor& from, const QColor& to, float share) {
-    const auto part = [share](float a, float b) { return a + (b - a) * share; };
-    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
-                            part(from.blueF(), to.blueF()));
-}
 
 QColor sheer(QColor colour, float opacity) {
     colour.setAlphaF(opacity);
@@ -24,10 +20,9 @@ FormColours FormColours::of(const QPalette& palette) {
     // desktop, and a switch must not look off because another window is in front.
     const QColor window = palette.color(QPalette::Active, QPalette::Window);
     const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
-    const bool dark = window.lightnessF() < 0.5F;
+    const bool dark = shadeOf(window) == Shade::dark;
     const QColor group = mixed(window, Qt::white, dark ? 0.065F : 0.72F);
-    return {.page = window,
-            .group = group,
+    return {.group = group,
             .groupBorder = sheer(text, dark ? 0.09F : 0.08F),
             .separator = sheer(text, dark ? 0.1F : 0.085F),
             .text = text,
@@ -41,6 +36,12 @@ FormColours FormColours::of(const QPalette& palette) {
             .raised = dark ? mixed(group, Qt::white, 0.31F) : QColor(Qt::white),
             .button = dark ? mixed(group, Qt::white, 0.17F) : QColor(Qt::white),
             .pressed = sheer(text, 0.1F)};
+}
+
+QColor mixed(const QColor& from, const QColor& to, float share) {
+    const auto part = [share](float a, float b) { return a + (b - a) * share; };
+    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
+                            part(from.blueF(), to.blueF()));
 }
 
 } // namespace quillary

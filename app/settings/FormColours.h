@@ -7,10 +7,9 @@ class QPalette;
 namespace quillary {
 
 /// The colours of the settings form, all made from the desktop's window, text and accent colours, so that
-/// they follow any palette, light or dark. Parts of one colour lie on what is named before them: text and
-/// separators on a group, a group on the page.
+/// they follow any palette, light or dark. Text, separators and grooves lie on a group, a group on the
+/// window.
 struct FormColours {
-    QColor page;
     QColor group;
     QColor groupBorder;
     QColor separator;
@@ -34,5 +33,8 @@ struct FormColours {
 
     [[nodiscard]] static FormColours of(const QPalette& palette);
 };
+
+/// The opaque colour between two; `share`: 0 is `from`, 1 is `to`.
+[[nodiscard]] QColor mixed(const QColor& from, const QColor& to, float share);
 
 } // namespace quillary

@@ -4,14 +4,9 @@
 
 namespace quillary {
 
-Shade shadeOf(const QPalette& palette) {
-    constexpr float middle = 0.5F;
-    return palette.color(QPalette::Window).lightnessF() < middle ? Shade::dark : Shade::light;
-}
-
 Appearance Appearance::of(const QPalette& palette, Blending blending) {
     constexpr float secondaryOpacity = 0.55F;
-    const Shade shade = shadeOf(palette);
+    const Shade shade = shadeOf(palette.color(QPalette::Window));
     const QColor text = shade == Shade::dark ? Qt::white : Qt::black;
     QColor secondary = text;
     secondary.setAlphaF(secondaryOpacity);

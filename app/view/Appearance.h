@@ -8,9 +8,6 @@ class QPalette;
 
 namespace quillary {
 
-/// Dark when the palette's windows are: their colour is less than half as light as white.
-[[nodiscard]] Shade shadeOf(const QPalette& palette);
-
 /// The colours that a dock takes from the desktop, and what the desktop can blend.
 struct Appearance {
     QColor primaryText;

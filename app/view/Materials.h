@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Shade.h"
+
 #include <QColor>
 
 namespace quillary {
@@ -23,8 +25,6 @@ enum class Blending {
     /// Not blended: every pixel that is seen is opaque.
     opaque,
 };
-
-enum class Shade { light, dark };
 
 /// The tint of a material. Without blur it is denser, as it alone must keep icons and texts readable.
 [[nodiscard]] QColor tint(Material material, Shade shade, Blending blending);

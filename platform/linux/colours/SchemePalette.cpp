@@ -1,5 +1,7 @@
 #include "platform/linux/colours/SchemePalette.h"
 
+#include "platform/Shade.h"
+
 #include <QGuiApplication>
 
 namespace quillary {
@@ -7,10 +9,6 @@ namespace quillary {
 namespace {
 
 using Scheme = PortalColorScheme::Scheme;
-
-bool isDark(const QPalette& palette) {
-    return palette.color(QPalette::Window).lightnessF() < 0.5F;
-}
 
 struct Tones {
     QColor window, base, alternate, button, text, dim, toolTip;
@@ -46,7 +44,8 @@ SchemePalette::SchemePalette() : m_theme(QGuiApplication::palette()) {
 }
 
 QPalette SchemePalette::paletteFor(Scheme scheme, const QPalette& theme) {
-    if (scheme == Scheme::unspecified || isDark(theme) == (scheme == Scheme::dark)) {
+    const bool isThemeDark = shadeOf(theme.color(QPalette::Window)) == Shade::dark;
+    if (scheme == Scheme::unspecified || isThemeDark == (scheme == Scheme::dark)) {
         return theme;
     }
     const QColor accent = theme.color(QPalette::Highlight);
