@@ -4,7 +4,6 @@
 #include "app/DockModel.h"
 #include "app/MemoryMonitor.h"
 #include "app/RunningApps.h"
-#include "core/Capitalised.h"
 #include "core/RamBadge.h"
 #include "platform/Platform.h"
 #include "platform/Workspace.h"
@@ -24,11 +23,9 @@ public:
         if (const auto path = m_model->hoveredPath()) {
             addItem(*path);
         }
-        m_menu.push_back(choices("Position", &DockConfig::edge,
-                                 [](DockEdge edge) { return capitalised(rawValue(edge)); }));
-        m_menu.push_back(choices("Style", &DockConfig::style, [](DockStyle style) { return title(style); }));
-        m_menu.push_back(choices("Magnification", &DockConfig::magnification,
-                                 [](Magnification magnification) { return title(magnification); }));
+        m_menu.push_back(choices("Position", &DockConfig::edge));
+        m_menu.push_back(choices("Style", &DockConfig::style));
+        m_menu.push_back(choices("Magnification", &DockConfig::magnification));
         m_menu.push_back(toggle("Auto-hide", &DockConfig::autoHide));
         m_menu.push_back(toggle("Show Running Apps", &DockConfig::showRunning));
         m_menu.push_back(ClosureMenuItem::separator());
@@ -75,12 +72,12 @@ private:
                    : std::string();
     }
 
-    template<typename Value, typename Title>
-    [[nodiscard]] ClosureMenuItem choices(std::string name, Value DockConfig::*field, Title titleOf) const {
+    template<typename Value>
+    [[nodiscard]] ClosureMenuItem choices(std::string name, Value DockConfig::*field) const {
         Menu items;
         for (const Value value : allCases<Value>()) {
             items.emplace_back(
-                titleOf(value), m_config.*field == value, onModel([field, value](DockModel& dock) {
+                title(value), m_config.*field == value, onModel([field, value](DockModel& dock) {
                     dock.update([field, value](DockConfig& changed) { changed.*field = value; });
                 }));
         }

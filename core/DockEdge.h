@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/Capitalised.h"
 #include "core/RawEnum.h"
+
+#include <string>
 
 namespace quillary {
 
@@ -12,6 +15,11 @@ constexpr std::array<RawCase<DockEdge>, 4> rawCases(DockEdge /*table*/) {
              {DockEdge::left, "left"},
              {DockEdge::right, "right"},
              {DockEdge::top, "top"}}};
+}
+
+/// The name shown to the user, as in "Bottom".
+[[nodiscard]] inline std::string title(DockEdge edge) {
+    return capitalised(rawValue(edge));
 }
 
 /// Whether the row of icons of a dock at `edge` runs along x (bottom and top) rather than along y.
