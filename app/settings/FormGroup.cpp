@@ -15,56 +15,56 @@ constexpr int headerIndent = 4;
 constexpr int headerGap = 7;
 constexpr double corner = 10;
 constexpr int separatorInset = 12;
-/// Names come from monitors and from whoever set them: nobody reads more of one.
+/// A monitor can report a name of any length.
 constexpr qsizetype longestTitle = 200;
 
 } // namespace
 
-FormGroup::FormGroup(const QString& name, QWidget* parent)
+FormGroup::FormGroup(const QString& title, QWidget* parent)
     : QWidget(parent),
-      header(new FormLabel({}, TextRole::sectionHeader, TextTone::primary, this)),
-      box(new QWidget(this)),
-      rowLayout(new QVBoxLayout(box)) {
+      m_header(new FormLabel({}, TextRole::sectionHeader, TextTone::primary, this)),
+      m_box(new QWidget(this)),
+      m_rowLayout(new QVBoxLayout(m_box)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    header->setWordWrap(false);
-    header->setContentsMargins(headerIndent, 0, headerIndent, headerGap);
+    m_header->setWordWrap(false);
+    m_header->setContentsMargins(headerIndent, 0, headerIndent, headerGap);
     // The title is cut to the group's width; it does not widen the group.
-    header->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    layout->addWidget(header);
-    layout->addWidget(box);
-    rowLayout->setContentsMargins(0, 0, 0, 0);
-    rowLayout->setSpacing(0);
+    m_header->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    layout->addWidget(m_header);
+    layout->addWidget(m_box);
+    m_rowLayout->setContentsMargins(0, 0, 0, 0);
+    m_rowLayout->setSpacing(0);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    setTitle(name);
+    setTitle(title);
 }
 
-void FormGroup::setTitle(const QString& name) {
-    fullTitle = name.left(longestTitle).simplified();
-    setAccessibleName(fullTitle);
-    header->setVisible(!fullTitle.isEmpty());
+void FormGroup::setTitle(const QString& title) {
+    m_title = title.left(longestTitle).simplified();
+    setAccessibleName(m_title);
+    m_header->setVisible(!m_title.isEmpty());
     fitTitle();
 }
 
 void FormGroup::fitTitle() {
     const int room = width() - 2 * headerIndent;
-    header->setText(header->fontMetrics().elidedText(fullTitle, Qt::ElideRight, room));
+    m_header->setText(m_header->fontMetrics().elidedText(m_title, Qt::ElideRight, room));
 }
 
 void FormGroup::addRow(QWidget* row, Separation separation) {
-    rowLayout->addWidget(row);
-    rows.push_back({row, separation});
+    m_rowLayout->addWidget(row);
+    m_rows.push_back({row, separation});
 }
 
 void FormGroup::layOut() {
-    rowLayout->activate();
+    m_rowLayout->activate();
     layout()->activate();
 }
 
 std::vector<QWidget*> FormGroup::controls() const {
     std::vector<QWidget*> found;
-    for (const Row& row : rows) {
+    for (const Row& row : m_rows) {
         for (QWidget* child : row.widget->findChildren<QWidget*>()) {
             if (child->focusPolicy() != Qt::NoFocus) {
                 found.push_back(child);
@@ -83,15 +83,15 @@ void FormGroup::paintEvent(QPaintEvent* /*event*/) {
     const FormColours colours = FormColours::of(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    FormPaint::drawPlate(painter, box->geometry(), corner, colours.group, colours.groupBorder);
+    FormPaint::drawPlate(painter, m_box->geometry(), corner, colours.group, colours.groupBorder);
     bool first = true;
-    for (const Row& row : rows) {
+    for (const Row& row : m_rows) {
         if (row.widget->isHidden()) {
             continue;
         }
         if (!first && row.separation == Separation::line) {
-            const double top = box->y() + row.widget->y();
-            const QRectF line(box->x() + separatorInset, top, box->width() - 2 * separatorInset, 1);
+            const double top = m_box->y() + row.widget->y();
+            const QRectF line(m_box->x() + separatorInset, top, m_box->width() - 2 * separatorInset, 1);
             painter.fillRect(FormPaint::onPixels(painter, line), colours.separator);
         }
         first = false;

@@ -18,7 +18,7 @@ public:
     explicit FormGroup(const QString& title, QWidget* parent = nullptr);
 
     void setTitle(const QString& title);
-    [[nodiscard]] const QString& title() const { return fullTitle; }
+    [[nodiscard]] const QString& title() const { return m_title; }
 
     enum class Separation {
         /// A line parts the row from the one above.
@@ -44,11 +44,11 @@ private:
     };
     void fitTitle();
 
-    QString fullTitle;
-    QLabel* header;
-    QWidget* box;
-    QVBoxLayout* rowLayout;
-    std::vector<Row> rows;
+    QString m_title;
+    QLabel* m_header;
+    QWidget* m_box;
+    QVBoxLayout* m_rowLayout;
+    std::vector<Row> m_rows;
 };
 
 } // namespace quillary

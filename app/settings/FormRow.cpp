@@ -19,27 +19,28 @@ constexpr int controlMargin = 3;
 
 FormRow::FormRow(const QString& label, QWidget* control, QWidget* parent)
     : QWidget(parent),
-      words(new FormLabel(label, TextRole::body, TextTone::primary, this)),
-      button(qobject_cast<QAbstractButton*>(control)) {
+      m_words(new FormLabel(label, TextRole::body, TextTone::primary, this)),
+      m_button(qobject_cast<QAbstractButton*>(control)) {
     auto* layout = new QHBoxLayout(this);
     // Controls, not texts, keep room for a focus ring, which is to lie over the padding.
     const int ring = qobject_cast<FormLabel*>(control) != nullptr ? 0 : FormPaint::ringReach;
     layout->setContentsMargins(rowPadding, controlMargin, rowPadding - ring, controlMargin);
     layout->setSpacing(gap);
-    layout->addWidget(words, 1);
+    layout->addWidget(m_words, 1);
     layout->addWidget(control, 0, Qt::AlignVCenter);
-    words->setMinimumHeight(leastHeight - 2 * controlMargin);
+    m_words->setMinimumHeight(leastHeight - 2 * controlMargin);
 }
 
 void FormRow::mousePressEvent(QMouseEvent* event) {
-    pressed = event->button() == Qt::LeftButton && words->geometry().contains(event->position().toPoint());
+    m_pressed =
+        event->button() == Qt::LeftButton && m_words->geometry().contains(event->position().toPoint());
 }
 
 void FormRow::mouseReleaseEvent(QMouseEvent* event) {
-    const bool released = pressed && event->button() == Qt::LeftButton;
-    pressed = pressed && !released;
-    if (released && button != nullptr && words->geometry().contains(event->position().toPoint())) {
-        button->click();
+    const bool released = m_pressed && event->button() == Qt::LeftButton;
+    m_pressed = m_pressed && !released;
+    if (released && m_button != nullptr && m_words->geometry().contains(event->position().toPoint())) {
+        m_button->click();
     }
 }
 

@@ -20,9 +20,9 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    QWidget* words;
-    QAbstractButton* button;
-    bool pressed = false;
+    QWidget* m_words;
+    QAbstractButton* m_button;
+    bool m_pressed = false;
 };
 
 /// The room between a group's border and what its rows hold, points.

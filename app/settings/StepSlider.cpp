@@ -25,7 +25,7 @@ constexpr int pageSteps = 3;
 } // namespace
 
 StepSlider::StepSlider(const QString& name, Scale scale, QWidget* parent)
-    : QWidget(parent), range(scale), shown(scale.least) {
+    : QWidget(parent), m_scale(scale), m_value(scale.least) {
     setAccessibleName(name);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -37,10 +37,10 @@ QSize StepSlider::sizeHint() const {
 }
 
 void StepSlider::setValue(double value) {
-    if (value == shown) {
+    if (value == m_value) {
         return;
     }
-    shown = value;
+    m_value = value;
     update();
     QAccessibleValueChangeEvent event(this, value);
     QAccessible::updateAccessibility(&event);
@@ -48,13 +48,13 @@ void StepSlider::setValue(double value) {
 
 void StepSlider::choose(double value) {
     const double within =
-        std::clamp(value, static_cast<double>(range.least), static_cast<double>(range.most));
-    ask(std::round(within / range.step) * range.step);
+        std::clamp(value, static_cast<double>(m_scale.least), static_cast<double>(m_scale.most));
+    ask(std::round(within / m_scale.step) * m_scale.step);
 }
 
 void StepSlider::ask(double value) {
-    const int wanted = std::clamp(static_cast<int>(std::lround(value)), range.least, range.most);
-    if (wanted != shown) {
+    const int wanted = std::clamp(static_cast<int>(std::lround(value)), m_scale.least, m_scale.most);
+    if (wanted != m_value) {
         Q_EMIT chosen(wanted);
     }
 }
@@ -68,7 +68,7 @@ QRectF StepSlider::track() const {
 double StepSlider::placeOf(double value) const {
     const QRectF line = track().adjusted(knobSide / 2, 0, -knobSide / 2, 0);
     const double share =
-        std::clamp((value - range.least) / static_cast<double>(range.most - range.least), 0.0, 1.0);
+        std::clamp((value - m_scale.least) / static_cast<double>(m_scale.most - m_scale.least), 0.0, 1.0);
     return layoutDirection() == Qt::RightToLeft ? line.right() - share * line.width()
                                                 : line.left() + share * line.width();
 }
@@ -77,12 +77,12 @@ double StepSlider::valueAt(double x) const {
     const QRectF line = track().adjusted(knobSide / 2, 0, -knobSide / 2, 0);
     const double way = (x - line.left()) / line.width();
     const double share = layoutDirection() == Qt::RightToLeft ? 1 - way : way;
-    return range.least + share * (range.most - range.least);
+    return m_scale.least + share * (m_scale.most - m_scale.least);
 }
 
 QRectF StepSlider::knob() const {
     QRectF circle(0, 0, knobSide, knobSide);
-    circle.moveCenter({placeOf(shown), track().center().y()});
+    circle.moveCenter({placeOf(m_value), track().center().y()});
     return circle;
 }
 
@@ -95,7 +95,7 @@ void StepSlider::paintEvent(QPaintEvent* /*event*/) {
     QColor ticks = colours.text;
     ticks.setAlphaF(0.28F);
     painter.setBrush(ticks);
-    for (int value = range.least; value <= range.most; value += range.step) {
+    for (int value = m_scale.least; value <= m_scale.most; value += m_scale.step) {
         QRectF tick(0, 0, tickSide, tickSide);
         tick.moveCenter({placeOf(value), line.center().y() + tickDrop});
         painter.drawEllipse(tick);
@@ -112,7 +112,7 @@ void StepSlider::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(colours.accent);
     painter.drawRoundedRect(FormPaint::onPixels(painter, filled), trackThickness / 2, trackThickness / 2);
     FormPaint::drawKnob(painter, *this, circle);
-    if (grip) {
+    if (m_grip) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(colours.pressed);
         painter.drawEllipse(circle);
@@ -129,23 +129,23 @@ void StepSlider::mousePressEvent(QMouseEvent* event) {
     const QRectF circle = knob();
     if (circle.contains(place)) {
         // Held where it was touched: holding alone changes nothing.
-        grip = circle.center().x() - place.x();
+        m_grip = circle.center().x() - place.x();
     } else {
-        grip = 0;
+        m_grip = 0;
         choose(valueAt(place.x()));
     }
     update();
 }
 
 void StepSlider::mouseMoveEvent(QMouseEvent* event) {
-    if (grip) {
-        choose(valueAt(event->position().x() + *grip));
+    if (m_grip) {
+        choose(valueAt(event->position().x() + *m_grip));
     }
 }
 
 void StepSlider::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
-        grip.reset();
+        m_grip.reset();
         update();
     }
 }
@@ -173,10 +173,10 @@ void StepSlider::keyPressEvent(QKeyEvent* event) {
         steps = pageSteps;
         break;
     case Qt::Key_Home:
-        ask(range.least);
+        ask(m_scale.least);
         return;
     case Qt::Key_End:
-        ask(range.most);
+        ask(m_scale.most);
         return;
     default:
         QWidget::keyPressEvent(event);
@@ -184,8 +184,9 @@ void StepSlider::keyPressEvent(QKeyEvent* event) {
     }
     // From a value between two steps the first one leads to the next of them.
     const double at =
-        std::clamp(shown, static_cast<double>(range.least), static_cast<double>(range.most)) / range.step;
-    ask(((steps > 0 ? std::floor(at) : std::ceil(at)) + steps) * range.step);
+        std::clamp(m_value, static_cast<double>(m_scale.least), static_cast<double>(m_scale.most)) /
+        m_scale.step;
+    ask(((steps > 0 ? std::floor(at) : std::ceil(at)) + steps) * m_scale.step);
 }
 
 } // namespace quillary

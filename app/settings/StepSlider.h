@@ -18,8 +18,8 @@ public:
     };
     StepSlider(const QString& name, Scale scale, QWidget* parent = nullptr);
 
-    [[nodiscard]] Scale scale() const { return range; }
-    [[nodiscard]] double value() const { return shown; }
+    [[nodiscard]] Scale scale() const { return m_scale; }
+    [[nodiscard]] double value() const { return m_value; }
     /// Shows the value; one beyond the ends is shown at the end.
     void setValue(double value);
     /// Asks for the multiple of the step next to the value, as the user would.
@@ -47,10 +47,10 @@ private:
     [[nodiscard]] QRectF knob() const;
     void ask(double value);
 
-    Scale range;
-    double shown;
+    Scale m_scale;
+    double m_value;
     /// While the knob is held: where, as the distance of its middle from the pointer.
-    std::optional<double> grip;
+    std::optional<double> m_grip;
 };
 
 } // namespace quillary
