@@ -1,8 +1,7 @@
 #include "app/settings/ChoiceGroup.h"
 
-#include "app/settings/StateButton.h"
-
 #include <QKeyEvent>
+#include <QRadioButton>
 
 #include <algorithm>
 #include <optional>
@@ -13,48 +12,51 @@ ChoiceGroup::ChoiceGroup(const QString& name, QWidget* parent) : QWidget(parent)
     setAccessibleName(name);
 }
 
-void ChoiceGroup::add(StateButton* button) {
-    const int index = static_cast<int>(members.size());
-    members.push_back(button);
+void ChoiceGroup::add(QRadioButton* button) {
+    const int index = static_cast<int>(m_buttons.size());
+    m_buttons.push_back(button);
     connect(button, &QAbstractButton::clicked, this, [this, index] { Q_EMIT chosen(index); });
     placeFocus();
 }
 
+int ChoiceGroup::current() const {
+    const auto checked = std::ranges::find_if(m_buttons, &QAbstractButton::isChecked);
+    return checked == m_buttons.end() ? -1 : static_cast<int>(std::distance(m_buttons.begin(), checked));
+}
+
 void ChoiceGroup::setCurrent(int index) {
-    if (index == shown) {
+    if (index == current()) {
         return;
     }
-    shown = index;
-    for (std::size_t i = 0; i < members.size(); ++i) {
-        members[i]->setOn(static_cast<int>(i) == index);
-    }
+    m_buttons.at(static_cast<std::size_t>(index))->setChecked(true);
     placeFocus();
     currentChanged();
 }
 
-// The tabulator stops at the one that is on, or at the first when none is.
+// The tabulator stops at the current button, or at the first when none is. The toolkit would let it stop at
+// the one that had the focus last.
 void ChoiceGroup::placeFocus() {
-    const int stop = shown >= 0 && shown < static_cast<int>(members.size()) ? shown : 0;
-    for (std::size_t i = 0; i < members.size(); ++i) {
-        members[i]->setFocusPolicy(static_cast<int>(i) == stop ? Qt::StrongFocus : Qt::ClickFocus);
+    const auto stop = static_cast<std::size_t>(std::max(current(), 0));
+    for (std::size_t i = 0; i < m_buttons.size(); ++i) {
+        m_buttons[i]->setFocusPolicy(i == stop ? Qt::StrongFocus : Qt::ClickFocus);
     }
 }
 
 void ChoiceGroup::choose(int index) {
-    members[static_cast<std::size_t>(index)]->setFocus(Qt::TabFocusReason);
-    if (index != shown) {
+    m_buttons[static_cast<std::size_t>(index)]->setFocus(Qt::TabFocusReason);
+    if (index != current()) {
         Q_EMIT chosen(index);
     }
 }
 
 void ChoiceGroup::keyPressEvent(QKeyEvent* event) {
-    const auto focused = std::ranges::find_if(members, [](const auto* button) { return button->hasFocus(); });
-    if (focused == members.end()) {
+    const auto focused = std::ranges::find_if(m_buttons, &QWidget::hasFocus);
+    if (focused == m_buttons.end()) {
         QWidget::keyPressEvent(event);
         return;
     }
-    const int at = static_cast<int>(std::distance(members.begin(), focused));
-    const int last = static_cast<int>(members.size()) - 1;
+    const int at = static_cast<int>(std::distance(m_buttons.begin(), focused));
+    const int last = static_cast<int>(m_buttons.size()) - 1;
     const int forward = layoutDirection() == Qt::RightToLeft ? -1 : 1;
     std::optional<int> target;
     switch (event->key()) {

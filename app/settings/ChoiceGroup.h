@@ -4,12 +4,12 @@
 
 #include <vector>
 
+class QRadioButton;
+
 namespace quillary {
 
-class StateButton;
-
-/// Buttons of which one is on. It is one stop of the tabulator; arrow keys choose within it, Home and End its
-/// ends. It shows a choice it does not own: whoever does calls `setCurrent`.
+/// Radio buttons that are one stop of the tabulator. Arrow keys choose within the group, Home and End its
+/// ends. The group shows a choice it does not own: the owner calls `setCurrent`.
 class ChoiceGroup : public QWidget {
     Q_OBJECT
 
@@ -17,18 +17,19 @@ public:
     /// `name` is what is chosen here, for assistive technology.
     explicit ChoiceGroup(const QString& name, QWidget* parent = nullptr);
 
-    /// Shows the choice; out of range means none.
+    /// Shows the choice. `index` is one of the buttons'.
     void setCurrent(int index);
-    [[nodiscard]] int current() const { return shown; }
-    [[nodiscard]] const std::vector<StateButton*>& buttons() const { return members; }
+    /// -1 until a choice was shown.
+    [[nodiscard]] int current() const;
+    [[nodiscard]] const std::vector<QRadioButton*>& buttons() const { return m_buttons; }
 
 Q_SIGNALS:
     /// The user asks for that one, which may be the current one.
     void chosen(int index);
 
 protected:
-    /// Adds a button that is a child of the group.
-    void add(StateButton* button);
+    /// Adds a button, a child of the group that leaves its state to `setCurrent`.
+    void add(QRadioButton* button);
     virtual void currentChanged() {}
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -36,8 +37,7 @@ private:
     void choose(int index);
     void placeFocus();
 
-    std::vector<StateButton*> members;
-    int shown = -1;
+    std::vector<QRadioButton*> m_buttons;
 };
 
 } // namespace quillary

@@ -2,81 +2,89 @@
 
 #include "app/settings/ChoiceGroup.h"
 #include "app/settings/FormGroup.h"
-#include "app/settings/StateButton.h"
 #include "app/settings/StepSlider.h"
 
+#include <QAbstractButton>
 #include <QAccessibleWidget>
 
 namespace quillary {
 
 namespace {
 
+QAccessible::Role roleOf(const QAbstractButton& button) {
+    return button.autoExclusive() ? QAccessible::RadioButton : QAccessible::CheckBox;
+}
+
+/// A check box or radio button that is clicked by its action. The toolkit's own interface would change the
+/// state, which belongs to somebody else.
 class AccessibleStateButton final : public QAccessibleWidget {
 public:
-    explicit AccessibleStateButton(StateButton* control)
-        : QAccessibleWidget(control, control->kind() == StateButton::Kind::toggle ? QAccessible::CheckBox
-                                                                                  : QAccessible::RadioButton),
-          button(control) {}
+    explicit AccessibleStateButton(QAbstractButton* button)
+        : QAccessibleWidget(button, roleOf(*button)), m_button(button) {}
 
     [[nodiscard]] QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.checkable = true;
-        state.checked = button->isOn();
-        state.pressed = button->isDown();
-        // Also those that the tabulator passes by, which arrow keys reach.
-        state.focusable = true;
+        state.checked = m_button->isChecked();
+        state.pressed = m_button->isDown();
         return state;
     }
     [[nodiscard]] QStringList actionNames() const override {
-        return QStringList(mainAction()) + QAccessibleWidget::actionNames();
+        return QStringList(clickAction()) + QAccessibleWidget::actionNames();
     }
     void doAction(const QString& name) override {
-        if (name == mainAction()) {
-            button->click();
+        if (name == clickAction()) {
+            m_button->click();
         } else {
             QAccessibleWidget::doAction(name);
         }
     }
-    [[nodiscard]] QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
 
 private:
-    [[nodiscard]] QString mainAction() const {
-        return button->kind() == StateButton::Kind::toggle ? toggleAction() : pressAction();
+    [[nodiscard]] QString clickAction() const {
+        return m_button->autoExclusive() ? pressAction() : toggleAction();
     }
 
-    StateButton* button;
+    QAbstractButton* m_button;
 };
 
 class AccessibleSlider final : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
-    explicit AccessibleSlider(StepSlider* control)
-        : QAccessibleWidget(control, QAccessible::Slider), slider(control) {}
+    explicit AccessibleSlider(StepSlider* slider)
+        : QAccessibleWidget(slider, QAccessible::Slider), m_slider(slider) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
         return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
                                                    : QAccessibleWidget::interface_cast(type);
     }
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Value ? QString::number(slider->value()) : QAccessibleWidget::text(kind);
+        return kind == QAccessible::Value ? QString::number(m_slider->value())
+                                          : QAccessibleWidget::text(kind);
     }
-    [[nodiscard]] QVariant currentValue() const override { return slider->value(); }
+    [[nodiscard]] QVariant currentValue() const override { return m_slider->value(); }
     void setCurrentValue(const QVariant& value) override {
         bool isNumber = false;
         const double wanted = value.toDouble(&isNumber);
         if (isNumber) {
-            slider->choose(wanted);
+            m_slider->choose(wanted);
         }
     }
-    [[nodiscard]] QVariant maximumValue() const override { return double{1} * slider->scale().most; }
-    [[nodiscard]] QVariant minimumValue() const override { return double{1} * slider->scale().least; }
-    [[nodiscard]] QVariant minimumStepSize() const override { return double{1} * slider->scale().step; }
+    [[nodiscard]] QVariant maximumValue() const override {
+        return static_cast<double>(m_slider->scale().most);
+    }
+    [[nodiscard]] QVariant minimumValue() const override {
+        return static_cast<double>(m_slider->scale().least);
+    }
+    [[nodiscard]] QVariant minimumStepSize() const override {
+        return static_cast<double>(m_slider->scale().step);
+    }
 
 private:
-    StepSlider* slider;
+    StepSlider* m_slider;
 };
 
 QAccessibleInterface* accessible(const QString& /*className*/, QObject* object) {
-    if (auto* button = qobject_cast<StateButton*>(object)) {
+    if (auto* button = qobject_cast<QAbstractButton*>(object); button != nullptr && button->isCheckable()) {
         return new AccessibleStateButton(button);
     }
     if (auto* slider = qobject_cast<StepSlider*>(object)) {

@@ -2,9 +2,9 @@
 
 namespace quillary {
 
-/// Tells assistive technology what the form's own controls are: switches as check boxes, segments and tiles
-/// as radio buttons in named groups, the slider with its value and range. Once for the process, before such a
-/// control is made; further calls do nothing.
+/// Makes the form's controls known to assistive technology: switches as check boxes, segments and tiles as
+/// radio buttons in named groups, the slider with its value and range. Call it before such a control is made;
+/// it installs itself once a process.
 void installControlAccessibility();
 
 } // namespace quillary

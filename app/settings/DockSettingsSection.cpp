@@ -1,6 +1,5 @@
 #include "app/settings/DockSettingsSection.h"
 
-#include "app/DockManager.h"
 #include "app/DockModel.h"
 #include "app/settings/FormButton.h"
 #include "app/settings/FormLabel.h"
@@ -10,7 +9,6 @@
 #include "app/settings/StepSlider.h"
 #include "app/settings/StylePicker.h"
 #include "app/settings/Switch.h"
-#include "core/Capitalised.h"
 #include "core/DockItems.h"
 #include "platform/Platform.h"
 #include "platform/SystemDockPreferences.h"
@@ -36,15 +34,15 @@ int indexOf(Value value) {
 
 } // namespace
 
-DockSettingsSection::DockSettingsSection(std::shared_ptr<DockModel> dockModel, DockManager& docks,
-                                         Platform& system, QWidget* parent)
-    : FormGroup({}, parent), model(std::move(dockModel)), manager(&docks), platform(system) {
+DockSettingsSection::DockSettingsSection(std::shared_ptr<DockModel> model, Platform& platform,
+                                         QWidget* parent)
+    : FormGroup({}, parent), m_model(std::move(model)), m_platform(platform) {
     auto* enabled = boundSwitch(u"Show a Dock on this screen"_s, &DockConfig::enabled);
     addRow(new FormRow(enabled->text(), enabled));
 
     const auto addOption = [this](QWidget* row) {
         addRow(row);
-        optionRows.push_back(row);
+        m_optionRows.push_back(row);
     };
     const auto addSwitch = [this, &addOption](const QString& name, bool DockConfig::*field) {
         addOption(new FormRow(name, boundSwitch(name, field)));
@@ -58,10 +56,10 @@ DockSettingsSection::DockSettingsSection(std::shared_ptr<DockModel> dockModel, D
     addSwitch(u"Auto-hide (show when the pointer touches the edge)"_s, &DockConfig::autoHide);
     addOption(itemsRow());
 
-    connect(model.get(), &DockModel::configChanged, this, &DockSettingsSection::refresh);
-    connect(model.get(), &DockModel::screenNameChanged, this,
-            [this] { setTitle(QString::fromStdString(model->screenName())); });
-    setTitle(QString::fromStdString(model->screenName()));
+    connect(m_model.get(), &DockModel::configChanged, this, &DockSettingsSection::refresh);
+    connect(m_model.get(), &DockModel::screenNameChanged, this,
+            [this] { setTitle(QString::fromStdString(m_model->screenName())); });
+    setTitle(QString::fromStdString(m_model->screenName()));
     refresh();
 }
 
@@ -69,12 +67,12 @@ DockSettingsSection::~DockSettingsSection() = default;
 
 void DockSettingsSection::refresh() {
     // A copy: what is shown may end in a change that replaces it.
-    const DockConfig config = model->config();
-    for (const auto& show : shows) {
+    const DockConfig config = m_model->config();
+    for (const auto& show : m_shows) {
         show(config);
     }
-    if (optionRows.front()->isHidden() == config.enabled) {
-        for (QWidget* row : optionRows) {
+    if (m_optionRows.front()->isHidden() == config.enabled) {
+        for (QWidget* row : m_optionRows) {
             row->setVisible(config.enabled);
         }
         update();
@@ -82,27 +80,22 @@ void DockSettingsSection::refresh() {
     }
 }
 
-void DockSettingsSection::change(const std::function<void(DockConfig&)>& change) {
-    if (manager) {
-        manager->update(model->key, change);
-    }
-}
-
 Switch* DockSettingsSection::boundSwitch(const QString& name, bool DockConfig::*field) {
     auto* control = new Switch(name);
-    shows.emplace_back([control, field](const DockConfig& config) { control->setOn(config.*field); });
-    connect(control, &Switch::switched, this,
-            [this, field](bool on) { change([field, on](DockConfig& config) { config.*field = on; }); });
+    m_shows.emplace_back([control, field](const DockConfig& config) { control->setChecked(config.*field); });
+    connect(control, &Switch::switched, this, [this, field](bool on) {
+        m_model->update([field, on](DockConfig& config) { config.*field = on; });
+    });
     return control;
 }
 
 template<typename Value>
 void DockSettingsSection::bind(ChoiceGroup& group, Value DockConfig::*field) {
-    shows.emplace_back(
+    m_shows.emplace_back(
         [&group, field](const DockConfig& config) { group.setCurrent(indexOf(config.*field)); });
     connect(&group, &ChoiceGroup::chosen, this, [this, field](int index) {
         const Value value = allCases<Value>().at(static_cast<std::size_t>(index));
-        change([field, value](DockConfig& config) { config.*field = value; });
+        m_model->update([field, value](DockConfig& config) { config.*field = value; });
     });
 }
 
@@ -110,7 +103,7 @@ template<typename Value>
 SegmentedPicker* DockSettingsSection::boundPicker(const QString& name, Value DockConfig::*field) {
     QStringList titles;
     for (const Value value : allCases<Value>()) {
-        titles.append(QString::fromStdString(capitalised(rawValue(value))));
+        titles.append(QString::fromStdString(quillary::title(value)));
     }
     auto* control = new SegmentedPicker(name, titles);
     bind(*control, field);
@@ -134,9 +127,9 @@ QWidget* DockSettingsSection::styleRow() {
 
 QWidget* DockSettingsSection::iconSizeRow() {
     auto* slider = new StepSlider(u"Icon size"_s, iconSizes);
-    shows.emplace_back([slider](const DockConfig& config) { slider->setValue(config.iconSize); });
+    m_shows.emplace_back([slider](const DockConfig& config) { slider->setValue(config.iconSize); });
     connect(slider, &StepSlider::chosen, this,
-            [this](int size) { change([size](DockConfig& config) { config.iconSize = size; }); });
+            [this](int size) { m_model->update([size](DockConfig& config) { config.iconSize = size; }); });
     return new FormRow(u"Icon size"_s, slider);
 }
 
@@ -151,7 +144,7 @@ QWidget* DockSettingsSection::itemsRow() {
     layout->addStretch();
     auto* count = new FormLabel({}, TextRole::body, TextTone::secondary);
     count->setWordWrap(false);
-    shows.emplace_back([count](const DockConfig& config) {
+    m_shows.emplace_back([count](const DockConfig& config) {
         count->setText(QString::number(config.items.size()) + u" pinned"_s);
     });
     layout->addWidget(count);
@@ -160,8 +153,9 @@ QWidget* DockSettingsSection::itemsRow() {
 
 void DockSettingsSection::addSystemDockItems() {
     // Read first: the change is made while the settings are being written.
-    const auto pinned = platform.systemDock().pinnedItems();
-    change([&pinned](DockConfig& config) { config.items = DockItems::adding(pinned, config.items); });
+    const auto pinned = m_platform.systemDock().pinnedItems();
+    m_model->update(
+        [&pinned](DockConfig& config) { config.items = DockItems::adding(pinned, config.items); });
 }
 
 } // namespace quillary

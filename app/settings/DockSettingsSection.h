@@ -2,33 +2,29 @@
 
 #include "app/settings/FormGroup.h"
 
-#include <QPointer>
-
 #include <functional>
 #include <memory>
 
 namespace quillary {
 
 class ChoiceGroup;
-class DockManager;
 class DockModel;
 class Platform;
 class SegmentedPicker;
 class Switch;
 struct DockConfig;
 
-/// The options of one screen's dock, named for the screen. It has no state of its own: it shows the model's
-/// configuration and changes it through the manager, which saves each change.
+/// The options of one screen's dock, named for the screen. It keeps no state: it shows the model's
+/// configuration, and changes it through the model.
 class DockSettingsSection : public FormGroup {
     Q_OBJECT
 
 public:
-    /// The platform must outlive the section; once the manager is gone, nothing is written any more.
-    DockSettingsSection(std::shared_ptr<DockModel> model, DockManager& manager, Platform& platform,
-                        QWidget* parent = nullptr);
+    /// The platform must outlive the section.
+    DockSettingsSection(std::shared_ptr<DockModel> model, Platform& platform, QWidget* parent = nullptr);
     ~DockSettingsSection() override;
 
-    [[nodiscard]] const std::shared_ptr<DockModel>& dock() const { return model; }
+    [[nodiscard]] const std::shared_ptr<DockModel>& dock() const { return m_model; }
 
 Q_SIGNALS:
     /// Rows were hidden or shown.
@@ -44,16 +40,14 @@ private:
     [[nodiscard]] QWidget* iconSizeRow();
     [[nodiscard]] QWidget* itemsRow();
     void refresh();
-    void change(const std::function<void(DockConfig&)>& change);
     void addSystemDockItems();
 
-    std::shared_ptr<DockModel> model;
-    QPointer<DockManager> manager;
-    Platform& platform;
-    /// What brings each control to what the configuration says.
-    std::vector<std::function<void(const DockConfig&)>> shows;
-    /// What is seen only while the dock is on.
-    std::vector<QWidget*> optionRows;
+    std::shared_ptr<DockModel> m_model;
+    Platform& m_platform;
+    /// Makes each control show its part of a configuration.
+    std::vector<std::function<void(const DockConfig&)>> m_shows;
+    /// Visible only while the dock is on.
+    std::vector<QWidget*> m_optionRows;
 };
 
 } // namespace quillary

@@ -1,10 +1,9 @@
 #include "app/settings/FormButton.h"
 
 #include "app/settings/FormColours.h"
-#include "app/settings/FormLabel.h"
+#include "app/settings/FormFont.h"
 #include "app/settings/FormPaint.h"
 
-#include <QEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -21,7 +20,7 @@ constexpr double corner = 6;
 } // namespace
 
 FormButton::FormButton(const QString& title, QWidget* parent) : QPushButton(title, parent) {
-    setFont(formFont(TextRole::body));
+    setTextRole(*this, TextRole::body);
     setAttribute(Qt::WA_Hover);
     setAutoDefault(false);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -31,13 +30,6 @@ QSize FormButton::sizeHint() const {
     constexpr int ring = 2 * FormPaint::ringReach;
     const QSize title = fontMetrics().size(Qt::TextSingleLine, text());
     return {title.width() + 2 * padX + ring, std::max(title.height() + 2 * padY, leastHeight) + ring};
-}
-
-bool FormButton::event(QEvent* event) {
-    if (event->type() == QEvent::ApplicationFontChange) {
-        setFont(formFont(TextRole::body));
-    }
-    return QPushButton::event(event);
 }
 
 void FormButton::paintEvent(QPaintEvent* /*event*/) {

@@ -13,43 +13,43 @@ using namespace Qt::StringLiterals;
 
 namespace quillary {
 
-GeneralSection::GeneralSection(DockManager& docks, Platform& system, QWidget* parent)
+GeneralSection::GeneralSection(DockManager& manager, Platform& platform, QWidget* parent)
     : FormGroup(u"General"_s, parent),
-      manager(&docks),
-      platform(system),
-      hideSystemDock(new Switch(u"Hide the macOS Dock (Quillary replaces it)"_s)),
-      launchAtLogin(new Switch(u"Launch Quillary at login"_s)) {
-    addRow(new FormRow(hideSystemDock->text(), hideSystemDock));
-    addRow(new FormRow(launchAtLogin->text(), launchAtLogin));
-    const QString version = QString::fromStdString(versionLabel(platform.bundleInfo()));
+      m_manager(&manager),
+      m_platform(platform),
+      m_hideSystemDock(new Switch(u"Hide the macOS Dock (Quillary replaces it)"_s)),
+      m_launchAtLogin(new Switch(u"Launch Quillary at login"_s)) {
+    addRow(new FormRow(m_hideSystemDock->text(), m_hideSystemDock));
+    addRow(new FormRow(m_launchAtLogin->text(), m_launchAtLogin));
+    const QString version = QString::fromStdString(versionLabel(m_platform.bundleInfo()));
     auto* versionText = new FormLabel(version, TextRole::body, TextTone::secondary);
     versionText->setWordWrap(false);
     versionText->setTextInteractionFlags(Qt::NoTextInteraction);
     addRow(new FormRow(u"Version"_s, versionText));
 
-    hideSystemDock->setOn(docks.hideSystemDock());
-    connect(&docks, &DockManager::hideSystemDockChanged, this,
-            [this] { hideSystemDock->setOn(manager->hideSystemDock()); });
-    connect(hideSystemDock, &Switch::switched, this, [this](bool on) {
-        if (manager) {
-            manager->setHideSystemDock(on);
+    m_hideSystemDock->setChecked(manager.hideSystemDock());
+    connect(&manager, &DockManager::hideSystemDockChanged, this,
+            [this] { m_hideSystemDock->setChecked(m_manager->hideSystemDock()); });
+    connect(m_hideSystemDock, &Switch::switched, this, [this](bool on) {
+        if (m_manager) {
+            m_manager->setHideSystemDock(on);
         }
     });
-    launchAtLogin->setOn(launchesAtLogin());
-    connect(launchAtLogin, &Switch::switched, this, &GeneralSection::setLaunchAtLogin);
+    m_launchAtLogin->setChecked(launchesAtLogin());
+    connect(m_launchAtLogin, &Switch::switched, this, &GeneralSection::setLaunchAtLogin);
 }
 
 bool GeneralSection::launchesAtLogin() const {
-    return platform.loginItem().status() == LoginItem::Status::enabled;
+    return m_platform.loginItem().status() == LoginItem::Status::enabled;
 }
 
 void GeneralSection::setLaunchAtLogin(bool on) {
-    launchAtLogin->setOn(on);
-    LoginItem& item = platform.loginItem();
+    m_launchAtLogin->setChecked(on);
+    LoginItem& item = m_platform.loginItem();
     const auto changed = on ? item.registerItem() : item.unregisterItem();
     if (!changed) {
-        launchAtLogin->setOn(launchesAtLogin());
-        platform.log().write("Quillary: launch at login failed " + changed.error());
+        m_launchAtLogin->setChecked(launchesAtLogin());
+        m_platform.log().write("Quillary: launch at login failed " + changed.error());
     }
 }
 

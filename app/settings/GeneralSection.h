@@ -15,17 +15,17 @@ class GeneralSection : public FormGroup {
     Q_OBJECT
 
 public:
-    /// The platform must outlive the section; of a manager that is gone nothing is asked.
+    /// The platform must outlive the section; the manager may go away first.
     GeneralSection(DockManager& manager, Platform& platform, QWidget* parent = nullptr);
 
 private:
     void setLaunchAtLogin(bool on);
     [[nodiscard]] bool launchesAtLogin() const;
 
-    QPointer<DockManager> manager;
-    Platform& platform;
-    Switch* hideSystemDock;
-    Switch* launchAtLogin;
+    QPointer<DockManager> m_manager;
+    Platform& m_platform;
+    Switch* m_hideSystemDock;
+    Switch* m_launchAtLogin;
 };
 
 } // namespace quillary

@@ -1,14 +1,14 @@
 #include "app/settings/SegmentedPicker.h"
 
 #include "app/settings/FormColours.h"
-#include "app/settings/FormLabel.h"
+#include "app/settings/FormFont.h"
 #include "app/settings/FormPaint.h"
 #include "app/settings/StateButton.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QStyle>
+#include <QRadioButton>
 
 #include <algorithm>
 
@@ -21,12 +21,11 @@ constexpr int segmentPadY = 4;
 constexpr int leastHeight = 26;
 constexpr double corner = 7;
 constexpr double plateInset = 2;
-constexpr int slideTime = 160;
 
-class Segment final : public StateButton {
+class Segment final : public StateButton<QRadioButton> {
 public:
-    Segment(const QString& name, QWidget* parent) : StateButton(Kind::choice, name, parent) {
-        setFont(formFont(TextRole::body));
+    Segment(const QString& name, QWidget* parent) : StateButton(name, parent) {
+        setTextRole(*this, TextRole::body);
     }
 
     [[nodiscard]] QSize sizeHint() const override {
@@ -36,17 +35,10 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    bool event(QEvent* event) override {
-        if (event->type() == QEvent::ApplicationFontChange) {
-            setFont(formFont(TextRole::body));
-        }
-        return StateButton::event(event);
-    }
-
     void paintEvent(QPaintEvent* /*event*/) override {
         const FormColours colours = FormColours::of(palette());
         QPainter painter(this);
-        painter.setPen(isDown() || !(isOn() || underMouse()) ? colours.secondaryText : colours.text);
+        painter.setPen(isDown() || !(isChecked() || underMouse()) ? colours.secondaryText : colours.text);
         painter.setFont(font());
         painter.drawText(rect(), Qt::AlignCenter, text());
     }
@@ -68,20 +60,15 @@ SegmentedPicker::SegmentedPicker(const QString& name, const QStringList& titles,
         add(segment);
     }
     evenOut();
-    slide.setEasingCurve(QEasingCurve::OutCubic);
-    connect(&slide, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
-        plate = value.toRectF();
-        update();
-    });
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 void SegmentedPicker::evenOut() {
     int widest = 0;
-    for (const StateButton* segment : buttons()) {
+    for (const QWidget* segment : buttons()) {
         widest = std::max(widest, segment->sizeHint().width());
     }
-    for (StateButton* segment : buttons()) {
+    for (QWidget* segment : buttons()) {
         segment->setMinimumWidth(widest);
     }
 }
@@ -101,35 +88,26 @@ QRectF SegmentedPicker::groove() const {
     return QRectF(rect()).adjusted(ring, ring, -ring, -ring);
 }
 
-QRectF SegmentedPicker::plateAt(int index) const {
-    if (index < 0 || index >= static_cast<int>(buttons().size())) {
+QRectF SegmentedPicker::restingPlate() const {
+    if (current() < 0) {
         return {};
     }
-    return QRectF(buttons()[static_cast<std::size_t>(index)]->geometry())
+    return QRectF(buttons()[static_cast<std::size_t>(current())]->geometry())
         .adjusted(plateInset, plateInset, -plateInset, -plateInset);
 }
 
 void SegmentedPicker::currentChanged() {
-    slide.stop();
-    const QRectF target = plateAt(current());
-    const bool moves = isVisible() && !plate.isEmpty() && !target.isEmpty() &&
-                       style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
-    if (moves) {
-        slide.setDuration(slideTime);
-        slide.setStartValue(plate);
-        slide.setEndValue(target);
-        slide.start();
+    if (m_plate.value().toRectF().isEmpty()) {
+        m_plate.jumpTo(restingPlate());
     } else {
-        plate = target;
-        update();
+        m_plate.moveTo(restingPlate());
     }
 }
 
 void SegmentedPicker::resizeEvent(QResizeEvent* event) {
     ChoiceGroup::resizeEvent(event);
     layout()->activate();
-    slide.stop();
-    plate = plateAt(current());
+    m_plate.jumpTo(restingPlate());
 }
 
 void SegmentedPicker::paintEvent(QPaintEvent* /*event*/) {
@@ -137,7 +115,7 @@ void SegmentedPicker::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     FormPaint::drawPlate(painter, groove(), corner, colours.track, colours.trackBorder);
-    if (!plate.isEmpty()) {
+    if (const QRectF plate = m_plate.value().toRectF(); !plate.isEmpty()) {
         const double radius = corner - plateInset;
         painter.setPen(Qt::NoPen);
         QColor shadow = colours.knobShadow;
@@ -146,7 +124,7 @@ void SegmentedPicker::paintEvent(QPaintEvent* /*event*/) {
         painter.drawRoundedRect(FormPaint::onPixels(painter, plate).translated(0, 0.8), radius, radius);
         FormPaint::drawPlate(painter, plate, radius, colours.raised, colours.trackBorder);
     }
-    for (const StateButton* segment : buttons()) {
+    for (const QWidget* segment : buttons()) {
         if (segment->hasFocus()) {
             FormPaint::drawFocusRing(painter, *segment, QRectF(segment->geometry()).adjusted(1, 1, -1, -1),
                                      corner - 1);

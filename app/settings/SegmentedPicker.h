@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/settings/ChoiceGroup.h"
+#include "app/settings/Slide.h"
 
 #include <QRectF>
 #include <QStringList>
-#include <QVariantAnimation>
 
 namespace quillary {
 
@@ -25,10 +25,10 @@ private:
     /// Makes all segments as wide as the widest.
     void evenOut();
     [[nodiscard]] QRectF groove() const;
-    [[nodiscard]] QRectF plateAt(int index) const;
+    /// The plate's place under the current segment; empty without one.
+    [[nodiscard]] QRectF restingPlate() const;
 
-    QRectF plate;
-    QVariantAnimation slide;
+    Slide m_plate{*this, QRectF()};
 };
 
 } // namespace quillary

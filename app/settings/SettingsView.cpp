@@ -4,13 +4,13 @@
 #include "app/DockModel.h"
 #include "app/settings/ControlAccessibility.h"
 #include "app/settings/DockSettingsSection.h"
+#include "app/settings/FormFont.h"
 #include "app/settings/FormLabel.h"
 #include "app/settings/FormRow.h"
 #include "app/settings/GeneralSection.h"
 #include "app/settings/SlimScrollBarStyle.h"
 #include "app/settings/Switch.h"
 
-#include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QScrollBar>
@@ -37,8 +37,8 @@ constexpr int bannerPadding = 4;
 
 } // namespace
 
-SettingsView::SettingsView(DockManager& docks, Platform& system, SettingsWindow::Form form)
-    : manager(&docks), platform(system), column(new QWidget) {
+SettingsView::SettingsView(DockManager& manager, Platform& platform, SettingsWindow::Form form)
+    : m_manager(&manager), m_platform(platform), m_column(new QWidget) {
     installControlAccessibility();
     setMinimumSize(smallest);
     setFrameShape(QFrame::NoFrame);
@@ -50,30 +50,30 @@ SettingsView::SettingsView(DockManager& docks, Platform& system, SettingsWindow:
     verticalScrollBar()->setStyle(slim);
     setFocusPolicy(Qt::NoFocus);
 
-    auto* centring = new QHBoxLayout(column);
+    auto* centring = new QHBoxLayout(m_column);
     centring->setContentsMargins(sideMargin, topMargin, sideMargin - SlimScrollBarStyle::thickness,
                                  topMargin);
-    auto* groupColumn = new QWidget(column);
+    auto* groupColumn = new QWidget(m_column);
     groupColumn->setMaximumWidth(widestGroup);
     centring->addWidget(groupColumn);
-    layout = new QVBoxLayout(groupColumn);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(groupGap);
+    m_layout = new QVBoxLayout(groupColumn);
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(groupGap);
 
     if (form == SettingsWindow::Form::welcome) {
-        welcome = welcomeGroup();
-        layout->addWidget(welcome);
+        m_welcome = welcomeGroup();
+        m_layout->addWidget(m_welcome);
     }
-    memory = memoryGroup();
-    layout->addWidget(memory);
-    general = new GeneralSection(docks, platform);
-    layout->addWidget(general);
-    layout->addStretch();
-    setWidget(column);
+    m_memory = memoryGroup();
+    m_layout->addWidget(m_memory);
+    m_general = new GeneralSection(manager, platform);
+    m_layout->addWidget(m_general);
+    m_layout->addStretch();
+    setWidget(m_column);
 
     auto* close = new QShortcut(QKeySequence::Close, this);
     connect(close, &QShortcut::activated, this, &QWidget::close);
-    connect(&docks, &DockManager::modelsChanged, this, &SettingsView::followModels);
+    connect(&manager, &DockManager::modelsChanged, this, &SettingsView::followModels);
     updateSections();
 }
 
@@ -100,12 +100,12 @@ FormGroup* SettingsView::welcomeGroup() {
 FormGroup* SettingsView::memoryGroup() {
     auto* group = new FormGroup(u"RAM on Dock"_s);
     auto* shown = new Switch(u"Show which apps are eating memory"_s);
-    shown->setOn(manager->showMemorySetting());
-    connect(manager, &DockManager::showMemorySettingChanged, shown,
-            [this, shown] { shown->setOn(manager->showMemorySetting()); });
+    shown->setChecked(m_manager->showMemorySetting());
+    connect(m_manager, &DockManager::showMemorySettingChanged, shown,
+            [this, shown] { shown->setChecked(m_manager->showMemorySetting()); });
     connect(shown, &Switch::switched, this, [this](bool on) {
-        if (manager) {
-            manager->setShowMemory(on);
+        if (m_manager) {
+            m_manager->setShowMemory(on);
         }
     });
     group->addRow(new FormRow(shown->text(), shown));
@@ -120,12 +120,12 @@ FormGroup* SettingsView::memoryGroup() {
 
 std::vector<FormGroup*> SettingsView::groups() const {
     std::vector<FormGroup*> all;
-    if (welcome != nullptr) {
-        all.push_back(welcome);
+    if (m_welcome != nullptr) {
+        all.push_back(m_welcome);
     }
-    all.push_back(memory);
-    all.insert(all.end(), sections.begin(), sections.end());
-    all.push_back(general);
+    all.push_back(m_memory);
+    all.insert(all.end(), m_sections.begin(), m_sections.end());
+    all.push_back(m_general);
     return all;
 }
 
@@ -133,7 +133,7 @@ std::vector<FormGroup*> SettingsView::groups() const {
 // the uppermost one that is seen.
 void SettingsView::followModels() {
     const int scrolled = verticalScrollBar()->value();
-    const auto top = [this](const FormGroup* group) { return group->mapTo(column, QPoint()).y(); };
+    const auto top = [this](const FormGroup* group) { return group->mapTo(m_column, QPoint()).y(); };
     QPointer<FormGroup> anchor;
     for (FormGroup* group : groups()) {
         const bool focused = focusWidget() != nullptr && group->isAncestorOf(focusWidget());
@@ -150,17 +150,15 @@ void SettingsView::followModels() {
     verticalScrollBar()->setValue(remains && scrolled > 0 ? top(anchor) - offset : scrolled);
 }
 
-// The toolkit tells windows only, and texts have fonts of their own made from the application's.
 bool SettingsView::event(QEvent* event) {
+    // Only windows receive this event.
     if (event->type() == QEvent::ApplicationFontChange) {
-        for (QWidget* child : findChildren<QWidget*>()) {
-            QCoreApplication::sendEvent(child, event);
-        }
+        renewFormFonts(*this);
     }
     return QScrollArea::event(event);
 }
 
-// At once, so that nobody sees the form between two places, or the room of rows that have gone.
+// At once: until the toolkit does it, the form would be seen with the room of rows that have gone.
 void SettingsView::layOut() {
     if (!isVisible()) {
         return;
@@ -168,35 +166,35 @@ void SettingsView::layOut() {
     for (FormGroup* group : groups()) {
         group->layOut();
     }
-    layout->activate();
-    column->layout()->activate();
+    m_layout->activate();
+    m_column->layout()->activate();
     const int width = viewport()->width();
     const int needed =
-        column->hasHeightForWidth() ? column->heightForWidth(width) : column->sizeHint().height();
-    column->resize(width, std::max(needed, viewport()->height()));
-    column->layout()->activate();
-    layout->activate();
+        m_column->hasHeightForWidth() ? m_column->heightForWidth(width) : m_column->sizeHint().height();
+    m_column->resize(width, std::max(needed, viewport()->height()));
+    m_column->layout()->activate();
+    m_layout->activate();
 }
 
 DockSettingsSection* SettingsView::newSection(const std::shared_ptr<DockModel>& model) {
-    auto* section = new DockSettingsSection(model, *manager, platform);
+    auto* section = new DockSettingsSection(model, m_platform);
     connect(section, &DockSettingsSection::rowsChanged, this, &SettingsView::layOut);
     return section;
 }
 
 void SettingsView::updateSections() {
     std::vector<DockSettingsSection*> next;
-    for (const auto& model : manager->models()) {
+    for (const auto& model : m_manager->models()) {
         // Two screens with one key share a dock's configuration, and so its section.
         if (std::ranges::find(next, model, &DockSettingsSection::dock) != next.end()) {
             continue;
         }
-        const auto known = std::ranges::find(sections, model, &DockSettingsSection::dock);
-        next.push_back(known != sections.end() ? *known : newSection(model));
+        const auto known = std::ranges::find(m_sections, model, &DockSettingsSection::dock);
+        next.push_back(known != m_sections.end() ? *known : newSection(model));
     }
-    for (DockSettingsSection* section : std::exchange(sections, next)) {
+    for (DockSettingsSection* section : std::exchange(m_sections, next)) {
         if (std::ranges::find(next, section) == next.end()) {
-            layout->removeWidget(section);
+            m_layout->removeWidget(section);
             section->hide();
             // One of its controls may be what brought this about.
             section->deleteLater();
@@ -209,9 +207,9 @@ void SettingsView::updateOrder() {
     int place = 0;
     QWidget* before = nullptr;
     for (FormGroup* group : groups()) {
-        if (layout->indexOf(group) != place) {
-            layout->removeWidget(group);
-            layout->insertWidget(place, group);
+        if (m_layout->indexOf(group) != place) {
+            m_layout->removeWidget(group);
+            m_layout->insertWidget(place, group);
             group->show();
         }
         ++place;

@@ -25,7 +25,7 @@ class SettingsView : public QScrollArea {
     Q_OBJECT
 
 public:
-    /// The platform must outlive the form; a manager that is gone is asked nothing any more.
+    /// The platform must outlive the form; the manager may go away first.
     SettingsView(DockManager& manager, Platform& platform, SettingsWindow::Form form);
     ~SettingsView() override;
 
@@ -44,14 +44,14 @@ private:
     void layOut();
     [[nodiscard]] DockSettingsSection* newSection(const std::shared_ptr<DockModel>& model);
 
-    QPointer<DockManager> manager;
-    Platform& platform;
-    QWidget* column;
-    QVBoxLayout* layout;
-    FormGroup* welcome = nullptr;
-    FormGroup* memory = nullptr;
-    FormGroup* general = nullptr;
-    std::vector<DockSettingsSection*> sections;
+    QPointer<DockManager> m_manager;
+    Platform& m_platform;
+    QWidget* m_column;
+    QVBoxLayout* m_layout;
+    FormGroup* m_welcome = nullptr;
+    FormGroup* m_memory = nullptr;
+    FormGroup* m_general = nullptr;
+    std::vector<DockSettingsSection*> m_sections;
 };
 
 } // namespace quillary

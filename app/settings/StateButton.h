@@ -1,35 +1,47 @@
 #pragma once
 
-#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QString>
 
 namespace quillary {
 
-/// A button that shows a state it does not own: a click tells of the user's wish, and whoever owns the state
-/// calls `setOn`. Setting the state from the program is no click.
-class StateButton : public QAbstractButton {
-    Q_OBJECT
-
+/// A check box or radio button that shows a state it does not own: a click only emits `clicked`, and the
+/// owner of the state answers with `setChecked`. Clicks count on the whole of it, and Return clicks as well.
+///
+/// `Button`: QCheckBox or QRadioButton.
+template<typename Button>
+class StateButton : public Button {
 public:
-    enum class Kind {
-        /// On or off by itself.
-        toggle,
-        /// One of several, of which one is on.
-        choice,
-    };
-    StateButton(Kind kind, const QString& name, QWidget* parent = nullptr);
-
-    [[nodiscard]] Kind kind() const { return sort; }
-    [[nodiscard]] bool isOn() const { return on; }
-    void setOn(bool value);
+    StateButton(const QString& name, QWidget* parent) : Button(name, parent) {
+        this->setAccessibleName(name);
+        this->setFocusPolicy(Qt::StrongFocus);
+        // Styles correct the place of what they would draw, which is not drawn here.
+        this->setAttribute(Qt::WA_LayoutUsesWidgetRect);
+    }
 
 protected:
-    /// The state has changed: shows it.
-    virtual void stateChanged() { update(); }
-    void keyPressEvent(QKeyEvent* event) override;
+    void nextCheckState() override {}
+    [[nodiscard]] bool hitButton(const QPoint& place) const override { return this->rect().contains(place); }
 
-private:
-    Kind sort;
-    bool on = false;
+    void keyPressEvent(QKeyEvent* event) override {
+        switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (!event->isAutoRepeat()) {
+                this->click();
+            }
+            break;
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+            // The toolkit would move the focus by where buttons lie. The group, or the form, handles these.
+            event->ignore();
+            break;
+        default:
+            Button::keyPressEvent(event);
+        }
+    }
 };
 
 } // namespace quillary

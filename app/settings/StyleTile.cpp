@@ -1,11 +1,10 @@
 #include "app/settings/StyleTile.h"
 
 #include "app/settings/FormColours.h"
-#include "app/settings/FormLabel.h"
+#include "app/settings/FormFont.h"
 #include "app/settings/FormPaint.h"
 #include "app/settings/MiniatureDock.h"
 
-#include <QEvent>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
@@ -23,10 +22,10 @@ const QColor teal(48, 176, 199, 153);
 } // namespace
 
 StyleTile::StyleTile(DockStyle style, QWidget* parent)
-    : StateButton(Kind::choice, QString::fromStdString(title(style)), parent),
-      shown(style),
-      miniature(std::make_unique<MiniatureDock>(style)) {
-    setFont(formFont(TextRole::caption));
+    : StateButton(QString::fromStdString(title(style)), parent),
+      m_style(style),
+      m_miniature(std::make_unique<MiniatureDock>(style)) {
+    setTextRole(*this, TextRole::caption);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -36,14 +35,6 @@ QSize StyleTile::sizeHint() const {
     constexpr int ring = 2 * FormPaint::ringReach;
     const int below = nameGap + fontMetrics().height();
     return previewSize.toSize() + QSize(ring, ring / 2 + below);
-}
-
-bool StyleTile::event(QEvent* event) {
-    if (event->type() == QEvent::ApplicationFontChange) {
-        setFont(formFont(TextRole::caption));
-        updateGeometry();
-    }
-    return StateButton::event(event);
 }
 
 void StyleTile::drawPreview(QPainter& painter, const QRectF& preview) {
@@ -56,11 +47,11 @@ void StyleTile::drawPreview(QPainter& painter, const QRectF& preview) {
     painter.setBrush(desktop);
     painter.drawPath(outline);
     const double ratio = painter.device()->devicePixelRatioF();
-    if (dock.isNull() || dock.devicePixelRatio() != ratio || dockPalette != palette().cacheKey()) {
-        dock = miniature->picture(previewSize, ratio, palette());
-        dockPalette = palette().cacheKey();
+    if (m_dock.isNull() || m_dock.devicePixelRatio() != ratio || m_dockPalette != palette().cacheKey()) {
+        m_dock = m_miniature->picture(previewSize, ratio, palette());
+        m_dockPalette = palette().cacheKey();
     }
-    painter.drawImage(FormPaint::onPixels(painter, preview).topLeft(), dock);
+    painter.drawImage(FormPaint::onPixels(painter, preview).topLeft(), m_dock);
 }
 
 void StyleTile::paintEvent(QPaintEvent* /*event*/) {
@@ -75,13 +66,13 @@ void StyleTile::paintEvent(QPaintEvent* /*event*/) {
         painter.setBrush(colours.pressed);
         painter.drawRoundedRect(preview, corner, corner);
     }
-    if (isOn()) {
+    if (isChecked()) {
         painter.setPen(QPen(colours.accent, outlineWidth));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(preview, corner, corner);
     }
     FormPaint::drawFocusRing(painter, *this, preview, corner);
-    painter.setPen(isOn() ? colours.text : colours.secondaryText);
+    painter.setPen(isChecked() ? colours.text : colours.secondaryText);
     const QRectF below(0, preview.bottom() + nameGap, width(), fontMetrics().height());
     painter.drawText(below, Qt::AlignCenter, fontMetrics().elidedText(text(), Qt::ElideRight, width()));
 }

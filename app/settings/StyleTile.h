@@ -4,6 +4,7 @@
 #include "core/DockStyle.h"
 
 #include <QImage>
+#include <QRadioButton>
 
 #include <memory>
 
@@ -13,7 +14,7 @@ class MiniatureDock;
 
 /// A style of docks: a small desktop with a dock of that style over the style's name. A click anywhere on it
 /// chooses it.
-class StyleTile : public StateButton {
+class StyleTile : public StateButton<QRadioButton> {
     Q_OBJECT
 
 public:
@@ -23,22 +24,21 @@ public:
     explicit StyleTile(DockStyle style, QWidget* parent = nullptr);
     ~StyleTile() override;
 
-    [[nodiscard]] DockStyle style() const { return shown; }
+    [[nodiscard]] DockStyle style() const { return m_style; }
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void drawPreview(QPainter& painter, const QRectF& preview);
 
-    DockStyle shown;
-    std::unique_ptr<MiniatureDock> miniature;
+    DockStyle m_style;
+    std::unique_ptr<MiniatureDock> m_miniature;
     /// Its picture as it was last drawn, for the palette of that key.
-    QImage dock;
-    qint64 dockPalette = 0;
+    QImage m_dock;
+    qint64 m_dockPalette = 0;
 };
 
 } // namespace quillary

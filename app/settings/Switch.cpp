@@ -4,7 +4,6 @@
 #include "app/settings/FormPaint.h"
 
 #include <QPainter>
-#include <QStyle>
 
 namespace quillary {
 
@@ -12,23 +11,12 @@ namespace {
 
 constexpr QSizeF trackSize(38, 22);
 constexpr double knobInset = 2;
-constexpr int slideTime = 160;
-
-QColor between(const QColor& from, const QColor& to, double share) {
-    const auto part = [share](float a, float b) { return a + (b - a) * static_cast<float>(share); };
-    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
-                            part(from.blueF(), to.blueF()));
-}
 
 } // namespace
 
-Switch::Switch(const QString& name, QWidget* parent) : StateButton(Kind::toggle, name, parent) {
-    slide.setEasingCurve(QEasingCurve::OutCubic);
-    connect(&slide, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
-        place = value.toDouble();
-        update();
-    });
-    connect(this, &QAbstractButton::clicked, this, [this] { Q_EMIT switched(!isOn()); });
+Switch::Switch(const QString& name, QWidget* parent) : StateButton(name, parent) {
+    connect(this, &QAbstractButton::toggled, this, [this](bool on) { m_place.moveTo(on ? 1.0 : 0.0); });
+    connect(this, &QAbstractButton::clicked, this, [this](bool on) { Q_EMIT switched(!on); });
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -37,31 +25,16 @@ QSize Switch::sizeHint() const {
     return trackSize.toSize() + QSize(ring, ring);
 }
 
-void Switch::stateChanged() {
-    const double target = isOn() ? 1 : 0;
-    slide.stop();
-    // A desktop without animations says so by this hint.
-    const bool moves =
-        isVisible() && style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
-    if (moves) {
-        slide.setDuration(slideTime);
-        slide.setStartValue(place);
-        slide.setEndValue(target);
-        slide.start();
-    } else {
-        place = target;
-        update();
-    }
-}
-
 void Switch::paintEvent(QPaintEvent* /*event*/) {
     const FormColours colours = FormColours::of(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    const double place = m_place.value().toDouble();
     QRectF track({}, trackSize);
     track.moveCenter(QRectF(rect()).center());
     const double radius = track.height() / 2;
-    FormPaint::drawPlate(painter, track, radius, between(colours.track, colours.accent, place),
+    FormPaint::drawPlate(painter, track, radius,
+                         mixed(colours.track, colours.accent, static_cast<float>(place)),
                          colours.trackBorder);
     if (isDown()) {
         painter.setPen(Qt::NoPen);

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "app/settings/Slide.h"
 #include "app/settings/StateButton.h"
 
-#include <QVariantAnimation>
+#include <QCheckBox>
 
 namespace quillary {
 
 /// A switch with a knob that slides from one end to the other.
-class Switch : public StateButton {
+class Switch : public StateButton<QCheckBox> {
     Q_OBJECT
 
 public:
@@ -21,13 +22,11 @@ Q_SIGNALS:
     void switched(bool on);
 
 protected:
-    void stateChanged() override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     /// How far the knob is on its way, 0 off … 1 on.
-    double place = 0;
-    QVariantAnimation slide;
+    Slide m_place{*this, 0.0};
 };
 
 } // namespace quillary

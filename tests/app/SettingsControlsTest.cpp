@@ -5,6 +5,7 @@
 #include "tests/app/SettingsFixture.h"
 
 #include <QAccessible>
+#include <QRadioButton>
 #include <QWheelEvent>
 
 namespace quillary::test {
@@ -33,16 +34,16 @@ protected:
 };
 
 TEST_F(SwitchTest, showsAStateWithoutAskingForIt) {
-    control.setOn(true);
-    EXPECT_TRUE(control.isOn());
+    control.setChecked(true);
+    EXPECT_TRUE(control.isChecked());
     EXPECT_TRUE(wishes.empty());
 }
 
 TEST_F(SwitchTest, pointerAndKeysAskForTheOtherStateAndLeaveItToTheOwner) {
     clickOn(control);
     EXPECT_EQ(wishes, std::vector<bool>{true});
-    EXPECT_FALSE(control.isOn());
-    control.setOn(true);
+    EXPECT_FALSE(control.isChecked());
+    control.setChecked(true);
     type(control, Qt::Key_Space);
     type(control, Qt::Key_Return);
     EXPECT_EQ(wishes, (std::vector<bool>{true, false, false}));
@@ -62,7 +63,7 @@ TEST_F(SwitchTest, isACheckBoxToAssistiveTechnology) {
     EXPECT_TRUE(interface.state().checkable);
     EXPECT_TRUE(interface.state().focusable);
     EXPECT_FALSE(interface.state().checked);
-    control.setOn(true);
+    control.setChecked(true);
     EXPECT_TRUE(interface.state().checked);
     interface.actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
     EXPECT_EQ(wishes, std::vector<bool>{false});
@@ -80,11 +81,11 @@ protected:
         QApplication::processEvents();
         picker.setCurrent(1);
     }
-    StateButton& segment(std::size_t index) { return *picker.buttons().at(index); }
+    QRadioButton& segment(std::size_t index) { return *picker.buttons().at(index); }
     [[nodiscard]] std::vector<bool> shown() const {
         std::vector<bool> result;
         for (const auto* button : picker.buttons()) {
-            result.push_back(button->isOn());
+            result.push_back(button->isChecked());
         }
         return result;
     }

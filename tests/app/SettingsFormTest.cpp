@@ -7,6 +7,7 @@
 #include "tests/app/SettingsFixture.h"
 
 #include <QPushButton>
+#include <QRadioButton>
 
 namespace quillary::test {
 namespace {
@@ -92,16 +93,16 @@ TEST_F(SettingsFormTest, theControlsShowWhatIsStored) {
     manager->setShowMemory(false);
     manager->setHideSystemDock(false);
     open();
-    EXPECT_TRUE(switchIn("LEFT", "Show a Dock on this screen").isOn());
+    EXPECT_TRUE(switchIn("LEFT", "Show a Dock on this screen").isChecked());
     EXPECT_EQ(control<SegmentedPicker>("LEFT", "Position").current(), 2);
     EXPECT_EQ(control<StylePicker>("LEFT", "Style").current(), 3);
     EXPECT_EQ(control<StepSlider>("LEFT", "Icon size").value(), 64);
     EXPECT_EQ(control<SegmentedPicker>("LEFT", "Magnification").current(), 2);
-    EXPECT_FALSE(switchIn("LEFT", "Bounce when opening apps").isOn());
-    EXPECT_FALSE(switchIn("LEFT", "Show running apps").isOn());
-    EXPECT_TRUE(switchIn("LEFT", "Auto-hide (show when the pointer touches the edge)").isOn());
-    EXPECT_FALSE(switchIn("RAM on Dock", "Show which apps are eating memory").isOn());
-    EXPECT_FALSE(switchIn("General", "Hide the macOS Dock (Quillary replaces it)").isOn());
+    EXPECT_FALSE(switchIn("LEFT", "Bounce when opening apps").isChecked());
+    EXPECT_FALSE(switchIn("LEFT", "Show running apps").isChecked());
+    EXPECT_TRUE(switchIn("LEFT", "Auto-hide (show when the pointer touches the edge)").isChecked());
+    EXPECT_FALSE(switchIn("RAM on Dock", "Show which apps are eating memory").isChecked());
+    EXPECT_FALSE(switchIn("General", "Hide the macOS Dock (Quillary replaces it)").isChecked());
     EXPECT_EQ(control<SegmentedPicker>("RIGHT", "Position").current(), 0);
 }
 
@@ -169,7 +170,7 @@ TEST_F(SettingsFormTest, theSwitchesOfTheProgramWorkThroughTheManager) {
     EXPECT_EQ(saves(), 1);
     clickOn(switchIn("General", "Hide the macOS Dock (Quillary replaces it)"));
     EXPECT_FALSE(manager->hideSystemDock());
-    EXPECT_FALSE(switchIn("General", "Hide the macOS Dock (Quillary replaces it)").isOn());
+    EXPECT_FALSE(switchIn("General", "Hide the macOS Dock (Quillary replaces it)").isChecked());
 }
 
 TEST_F(SettingsFormTest, aClickOnTheWordsWorksTheSwitch) {
@@ -199,13 +200,13 @@ TEST_F(SettingsFormTest, aChangeFromElsewhereShowsAtOnce) {
         config.style = DockStyle::pill;
         config.items = {"/a"};
     });
-    EXPECT_TRUE(control<StyleTile>("LEFT", "Pill").isOn());
-    EXPECT_FALSE(control<StyleTile>("LEFT", "Glass").isOn());
+    EXPECT_TRUE(control<StyleTile>("LEFT", "Pill").isChecked());
+    EXPECT_FALSE(control<StyleTile>("LEFT", "Glass").isChecked());
     EXPECT_EQ(texts("LEFT").back(), "1 pinned");
     manager->setShowMemory(false);
-    EXPECT_FALSE(switchIn("RAM on Dock", "Show which apps are eating memory").isOn());
+    EXPECT_FALSE(switchIn("RAM on Dock", "Show which apps are eating memory").isChecked());
     manager->setHideSystemDock(false);
-    EXPECT_FALSE(switchIn("General", "Hide the macOS Dock (Quillary replaces it)").isOn());
+    EXPECT_FALSE(switchIn("General", "Hide the macOS Dock (Quillary replaces it)").isChecked());
 }
 
 TEST_F(SettingsFormTest, aDockThatIsOffHasOnlyItsSwitch) {
@@ -216,7 +217,7 @@ TEST_F(SettingsFormTest, aDockThatIsOffHasOnlyItsSwitch) {
     clickOn(enabled);
     EXPECT_EQ(manager->panel(leftKey), nullptr);
     EXPECT_EQ(texts("LEFT"), (Texts{"LEFT", "Show a Dock on this screen"}));
-    // At once: nobody is to see the empty box of the rows that went.
+    // At once: the empty box of the rows that have gone must not be seen.
     EXPECT_LT(group("LEFT").height(), tall / 4);
     EXPECT_TRUE(enabled.hasFocus());
     clickOn(enabled);
@@ -351,7 +352,7 @@ TEST_F(SettingsFormTest, aManagerThatIsGoneIsAskedNothing) {
     clickOn(enabled);
     clickOn(hide);
     clickOn(button);
-    EXPECT_TRUE(enabled.isOn());
+    EXPECT_TRUE(enabled.isChecked());
 }
 
 class LoginSwitchTest : public SettingsFormTest {
@@ -362,17 +363,17 @@ protected:
 TEST_F(LoginSwitchTest, showsWhatTheSystemSays) {
     platform.loginItem().current = LoginItem::Status::enabled;
     open();
-    EXPECT_TRUE(login().isOn());
+    EXPECT_TRUE(login().isChecked());
 }
 
 TEST_F(LoginSwitchTest, asksTheSystemOnceForEachChange) {
     open();
     clickOn(login());
     EXPECT_EQ(platform.loginItem().current, LoginItem::Status::enabled);
-    EXPECT_TRUE(login().isOn());
+    EXPECT_TRUE(login().isChecked());
     clickOn(login());
     EXPECT_EQ(platform.loginItem().current, LoginItem::Status::disabled);
-    EXPECT_FALSE(login().isOn());
+    EXPECT_FALSE(login().isChecked());
     EXPECT_EQ(platform.loginItem().requests, 2);
     EXPECT_TRUE(platform.log().lines.empty());
 }
@@ -381,12 +382,12 @@ TEST_F(LoginSwitchTest, aRefusalPutsItBackWithOneLineAndNoSecondTry) {
     platform.loginItem().refusal = "not for you";
     open();
     clickOn(login());
-    EXPECT_FALSE(login().isOn());
+    EXPECT_FALSE(login().isChecked());
     EXPECT_EQ(platform.log().lines, Texts{"Quillary: launch at login failed not for you"});
     EXPECT_EQ(platform.loginItem().requests, 1);
     platform.loginItem().current = LoginItem::Status::enabled;
     clickOn(login());
-    EXPECT_TRUE(login().isOn());
+    EXPECT_TRUE(login().isChecked());
     EXPECT_EQ(platform.loginItem().requests, 2);
     EXPECT_EQ(platform.log().lines.size(), 2U);
 }
