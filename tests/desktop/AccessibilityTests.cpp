@@ -62,7 +62,7 @@ TEST_F(AccessibilityTest, everyControlIsReachableAndNamedWithItsRoleAndState) {
                                      "check box: Launch Quillary at login"});
     Lines found;
     describe(form(), found);
-    // What is scrolled out of sight may tell so; it is in reach.
+    // What is scrolled out of sight may have a state that says so; it is in reach.
     for (auto& line : found) {
         if (const auto at = line.find(" (out of reach)");
             at != std::string::npos && &line != &found.front()) {

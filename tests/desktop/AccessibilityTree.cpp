@@ -24,7 +24,7 @@ QVariantList ask(const QDBusConnection& bus, const QString& service, const QStri
                  const QString& interface, const QString& method, const QVariantList& arguments) {
     auto message = QDBusMessage::createMethodCall(service, path, interface, method);
     message.setArguments(arguments);
-    // The bus would start an accessibility bus of its own, which comes before ours and is switched off.
+    // The session's bus would start another accessibility bus first, which is switched off.
     message.setAutoStartService(interface != launcher);
     const auto reply = bus.call(message, QDBus::Block, patience);
     return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments() : QVariantList();
@@ -32,16 +32,17 @@ QVariantList ask(const QDBusConnection& bus, const QString& service, const QStri
 
 } // namespace
 
-AccessibleNode::AccessibleNode(QDBusConnection connection, QString owner, QString place)
-    : bus(std::move(connection)), service(std::move(owner)), path(std::move(place)) {}
+AccessibleNode::AccessibleNode(QDBusConnection bus, QString service, QString path)
+    : m_bus(std::move(bus)), m_service(std::move(service)), m_path(std::move(path)) {}
 
 QVariantList AccessibleNode::call(const QString& interface, const QString& method,
                                   const QVariantList& arguments) const {
-    return ask(bus, service, path, interface, method, arguments);
+    return ask(m_bus, m_service, m_path, interface, method, arguments);
 }
 
 QVariant AccessibleNode::property(const QString& interface, const QString& name) const {
-    const auto reply = ask(bus, service, path, propertiesInterface, QStringLiteral("Get"), {interface, name});
+    const auto reply =
+        ask(m_bus, m_service, m_path, propertiesInterface, QStringLiteral("Get"), {interface, name});
     return reply.isEmpty() ? QVariant() : reply.front().value<QDBusVariant>().variant();
 }
 
@@ -80,7 +81,7 @@ std::vector<AccessibleNode> AccessibleNode::children() const {
         list.beginStructure();
         list >> owner >> place;
         list.endStructure();
-        result.emplace_back(bus, owner, place.path());
+        result.emplace_back(m_bus, owner, place.path());
     }
     list.endArray();
     return result;
@@ -128,13 +129,13 @@ double AccessibleNode::value(const QString& which) const {
 }
 
 void AccessibleNode::setValue(double value) const {
-    static_cast<void>(ask(bus, service, path, propertiesInterface, QStringLiteral("Set"),
+    static_cast<void>(ask(m_bus, m_service, m_path, propertiesInterface, QStringLiteral("Set"),
                           {QStringLiteral("org.a11y.atspi.Value"), QStringLiteral("CurrentValue"),
                            QVariant::fromValue(QDBusVariant(value))}));
 }
 
 AccessibilityBus::AccessibilityBus(const std::string& sessionBus)
-    : process(ChildProcess::start({QUILLARY_ACCESSIBILITY_BUS, "--launch-immediately", "--a11y=1"})) {
+    : m_process(ChildProcess::start({QUILLARY_ACCESSIBILITY_BUS, "--launch-immediately", "--a11y=1"})) {
     const auto session = QDBusConnection::connectToBus(QString::fromStdString(sessionBus), sessionName);
     QString address;
     VirtualDisplay::waitUntil([&] {
@@ -144,21 +145,21 @@ AccessibilityBus::AccessibilityBus(const std::string& sessionBus)
         return !address.isEmpty();
     });
     if (!address.isEmpty()) {
-        bus = QDBusConnection::connectToBus(address, accessibilityName);
+        m_bus = QDBusConnection::connectToBus(address, accessibilityName);
     }
 }
 
 AccessibilityBus::~AccessibilityBus() {
-    bus.reset();
+    m_bus.reset();
     QDBusConnection::disconnectFromBus(accessibilityName);
     QDBusConnection::disconnectFromBus(sessionName);
-    if (process > 0) {
-        ChildProcess::end(process);
+    if (m_process > 0) {
+        ChildProcess::end(m_process);
     }
 }
 
 AccessibleNode AccessibilityBus::desktop() const {
-    return {*bus, QStringLiteral("org.a11y.atspi.Registry"),
+    return {*m_bus, QStringLiteral("org.a11y.atspi.Registry"),
             QStringLiteral("/org/a11y/atspi/accessible/root")};
 }
 

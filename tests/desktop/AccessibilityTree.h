@@ -44,9 +44,9 @@ private:
                                     const QVariantList& arguments = {}) const;
     [[nodiscard]] QVariant property(const QString& interface, const QString& name) const;
 
-    QDBusConnection bus;
-    QString service;
-    QString path;
+    QDBusConnection m_bus;
+    QString m_service;
+    QString m_path;
 };
 
 /// The accessibility bus of a session, with assistive technology switched on. It needs the session's bus, and
@@ -59,13 +59,13 @@ public:
     AccessibilityBus(const AccessibilityBus&) = delete;
     AccessibilityBus& operator=(const AccessibilityBus&) = delete;
 
-    [[nodiscard]] bool isRunning() const { return bus.has_value(); }
-    /// Everything that programs tell of themselves.
+    [[nodiscard]] bool isRunning() const { return m_bus.has_value(); }
+    /// The root of the tree: its children are the programs.
     [[nodiscard]] AccessibleNode desktop() const;
 
 private:
-    pid_t process = 0;
-    std::optional<QDBusConnection> bus;
+    pid_t m_process = 0;
+    std::optional<QDBusConnection> m_bus;
 };
 
 } // namespace quillary::test

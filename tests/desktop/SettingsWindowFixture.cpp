@@ -17,18 +17,18 @@ void SettingsWindowFixture::SetUp() {
     static int count = 1;
     static char name[] = "settings-tests";
     static char* arguments[] = {name, nullptr};
-    application = std::make_unique<QCoreApplication>(count, arguments);
-    bus = std::make_unique<PrivateBus>();
-    ASSERT_FALSE(bus->address().empty());
-    accessibility = std::make_unique<AccessibilityBus>(bus->address());
-    ASSERT_TRUE(accessibility->isRunning());
+    m_application = std::make_unique<QCoreApplication>(count, arguments);
+    m_bus = std::make_unique<PrivateBus>();
+    ASSERT_FALSE(m_bus->address().empty());
+    m_accessibility = std::make_unique<AccessibilityBus>(m_bus->address());
+    ASSERT_TRUE(m_accessibility->isRunning());
 }
 
 void SettingsWindowFixture::TearDown() {
     EXPECT_TRUE(!program.isRunning() || program.quit()) << program.log();
-    accessibility.reset();
-    bus.reset();
-    application.reset();
+    m_accessibility.reset();
+    m_bus.reset();
+    m_application.reset();
 }
 
 void SettingsWindowFixture::startProgram() {
@@ -43,7 +43,8 @@ void SettingsWindowFixture::openSettings() {
     ASSERT_EQ(second.waitForEnd(), Program::End{0});
     ASSERT_TRUE(eventually([&] { return settingsWindow() != XCB_WINDOW_NONE && isActive(settingsWindow()); }))
         << program.log();
-    ASSERT_TRUE(eventually([&] { return hasSection("General"); })) << "not told on the accessibility bus";
+    ASSERT_TRUE(eventually([&] { return hasSection("General"); }))
+        << "not announced on the accessibility bus";
 }
 
 xcb_window_t SettingsWindowFixture::settingsWindow() const {
@@ -64,9 +65,9 @@ xcb_window_t SettingsWindowFixture::settingsWindow() const {
 }
 
 AccessibleNode SettingsWindowFixture::form() const {
-    const auto found = accessibility->desktop().find(
+    const auto found = m_accessibility->desktop().find(
         [](const AccessibleNode& node) { return node.name() == "Quillary Settings"; });
-    return found ? *found : accessibility->desktop();
+    return found ? *found : m_accessibility->desktop();
 }
 
 bool SettingsWindowFixture::hasSection(const std::string& title) const {

@@ -10,8 +10,8 @@
 
 namespace quillary::test {
 
-/// The program with its settings window open, in a session with assistive technology, which tells where on
-/// the screen each control is.
+/// The program with its settings window open, in a session with assistive technology, from which the tests
+/// read where on the screen each control is.
 class SettingsWindowFixture : public DesktopFixture {
 protected:
     void SetUp() override;
@@ -39,9 +39,9 @@ protected:
 private:
     void scrollTo(const AccessibleNode& node);
 
-    std::unique_ptr<QCoreApplication> application;
-    std::unique_ptr<PrivateBus> bus;
-    std::unique_ptr<AccessibilityBus> accessibility;
+    std::unique_ptr<QCoreApplication> m_application;
+    std::unique_ptr<PrivateBus> m_bus;
+    std::unique_ptr<AccessibilityBus> m_accessibility;
 };
 
 } // namespace quillary::test
