@@ -3,6 +3,7 @@
 #include "app/settings/FormGroup.h"
 #include "app/settings/SettingsView.h"
 #include "app/settings/SettingsWindow.h"
+#include "app/settings/Switch.h"
 #include "tests/app/Fixture.h"
 
 #include <QAbstractButton>
@@ -89,6 +90,9 @@ protected:
         }
         throw std::runtime_error("no control " + name + " in " + groupTitle);
     }
+    [[nodiscard]] Switch& switchIn(const std::string& groupTitle, const std::string& name) const {
+        return control<Switch>(groupTitle, name);
+    }
     /// All texts that are seen in a group, controls' names too, from top to bottom and left to right.
     [[nodiscard]] std::vector<std::string> texts(const std::string& groupTitle) const {
         struct Text {
@@ -102,7 +106,7 @@ protected:
             const auto* button = qobject_cast<const QAbstractButton*>(widget);
             // A switch has its words beside it.
             const bool spoken =
-                label != nullptr || (button != nullptr && !button->inherits("quillary::Switch"));
+                label != nullptr || (button != nullptr && qobject_cast<const Switch*>(button) == nullptr);
             if (spoken && widget->isVisibleTo(&all)) {
                 found.push_back({widget->mapTo(&all, widget->rect().center()),
                                  (label != nullptr ? label->text() : button->text()).toStdString()});

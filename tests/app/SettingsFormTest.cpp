@@ -2,8 +2,6 @@
 #include "app/settings/StepSlider.h"
 #include "app/settings/StylePicker.h"
 #include "app/settings/StyleTile.h"
-#include "app/settings/Switch.h"
-#include "app/settings/VersionLabel.h"
 #include "tests/app/SettingsFixture.h"
 
 #include <QPushButton>
@@ -16,9 +14,6 @@ using Texts = std::vector<std::string>;
 
 class SettingsFormTest : public SettingsDesktop {
 protected:
-    [[nodiscard]] Switch& switchIn(const std::string& title, const std::string& name) const {
-        return control<Switch>(title, name);
-    }
     [[nodiscard]] QPushButton& addButton() const { return *group("LEFT").findChild<QPushButton*>(); }
     DockConfig left() const { return *manager->settings().dock(leftKey); }
 };
@@ -244,68 +239,6 @@ TEST_F(SettingsFormTest, aDockWithoutItemsSaysSo) {
     EXPECT_EQ(texts("LEFT").back(), "0 pinned");
 }
 
-TEST_F(SettingsFormTest, sectionsFollowTheScreensInTheirOrder) {
-    open();
-    const FormGroup* kept = &group("RIGHT");
-    platform.screens().set({screenNamed("RIGHT", rightFrame)});
-    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "RIGHT", "General"}));
-    EXPECT_EQ(&group("RIGHT"), kept);
-    platform.screens().set({screenNamed("NEW", leftFrame), screenNamed("RIGHT", rightFrame)});
-    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "NEW", "RIGHT", "General"}));
-    EXPECT_EQ(&group("RIGHT"), kept);
-    platform.screens().set({screenNamed("RIGHT", rightFrame), screenNamed("NEW", leftFrame)});
-    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "RIGHT", "NEW", "General"}));
-    QApplication::processEvents();
-    int bottom = 0;
-    for (const auto* each : view().groups()) {
-        EXPECT_GE(each->mapTo(&view(), QPoint()).y(), bottom - 1) << each->title().toStdString();
-        bottom = each->mapTo(&view(), QPoint(0, each->height())).y();
-        EXPECT_TRUE(each->isVisible());
-    }
-    EXPECT_TRUE(view().isVisible());
-}
-
-TEST_F(SettingsFormTest, aScreenThatComesOrGoesLeavesFocusAndPlace) {
-    platform.screens().connected = {screenNamed("RIGHT", rightFrame)};
-    open();
-    view().resize(520, 480);
-    QApplication::processEvents();
-    auto& focused = switchIn("RIGHT", "Show running apps");
-    focused.setFocus();
-    view().ensureWidgetVisible(&focused);
-    const int before = focused.mapTo(&view(), QPoint()).y();
-    ASSERT_GT(view().verticalScrollBar()->value(), 0);
-    platform.screens().set({screenNamed("LEFT", leftFrame), screenNamed("RIGHT", rightFrame)});
-    QApplication::processEvents();
-    EXPECT_EQ(focused.mapTo(&view(), QPoint()).y(), before);
-    EXPECT_TRUE(focused.hasFocus());
-    platform.screens().set({screenNamed("RIGHT", rightFrame)});
-    QApplication::processEvents();
-    EXPECT_EQ(focused.mapTo(&view(), QPoint()).y(), before);
-    EXPECT_TRUE(focused.hasFocus());
-}
-
-TEST_F(SettingsFormTest, twoScreensWithOneKeyShareASection) {
-    auto twin = screenNamed("LEFT", rightFrame);
-    platform.screens().connected = {screenNamed("LEFT", leftFrame), twin};
-    open();
-    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "LEFT", "General"}));
-}
-
-TEST_F(SettingsFormTest, aScreenThatIsRenamedRenamesItsSection) {
-    open();
-    model().setScreenName("Desk");
-    EXPECT_EQ(titles(), (Texts{"RAM on Dock", "Desk", "RIGHT", "General"}));
-}
-
-TEST_F(SettingsFormTest, anEndlessScreenNameIsCutAndWidensNothing) {
-    open();
-    model().setScreenName(std::string(5000, 'W') + "\n<b>x</b>");
-    QApplication::processEvents();
-    EXPECT_EQ(view().widget()->width(), view().viewport()->width());
-    EXPECT_LE(titles().at(1).size(), 200U);
-}
-
 TEST_F(SettingsFormTest, theTabulatorGoesThroughAllControlsInTheOrderInWhichTheyAreSeen) {
     platform.screens().connected = {screenNamed("RIGHT", rightFrame)};
     open();
@@ -353,50 +286,6 @@ TEST_F(SettingsFormTest, aManagerThatIsGoneIsAskedNothing) {
     clickOn(hide);
     clickOn(button);
     EXPECT_TRUE(enabled.isChecked());
-}
-
-class LoginSwitchTest : public SettingsFormTest {
-protected:
-    [[nodiscard]] Switch& login() const { return switchIn("General", "Launch Quillary at login"); }
-};
-
-TEST_F(LoginSwitchTest, showsWhatTheSystemSays) {
-    platform.loginItem().current = LoginItem::Status::enabled;
-    open();
-    EXPECT_TRUE(login().isChecked());
-}
-
-TEST_F(LoginSwitchTest, asksTheSystemOnceForEachChange) {
-    open();
-    clickOn(login());
-    EXPECT_EQ(platform.loginItem().current, LoginItem::Status::enabled);
-    EXPECT_TRUE(login().isChecked());
-    clickOn(login());
-    EXPECT_EQ(platform.loginItem().current, LoginItem::Status::disabled);
-    EXPECT_FALSE(login().isChecked());
-    EXPECT_EQ(platform.loginItem().requests, 2);
-    EXPECT_TRUE(platform.log().lines.empty());
-}
-
-TEST_F(LoginSwitchTest, aRefusalPutsItBackWithOneLineAndNoSecondTry) {
-    platform.loginItem().refusal = "not for you";
-    open();
-    clickOn(login());
-    EXPECT_FALSE(login().isChecked());
-    EXPECT_EQ(platform.log().lines, Texts{"Quillary: launch at login failed not for you"});
-    EXPECT_EQ(platform.loginItem().requests, 1);
-    platform.loginItem().current = LoginItem::Status::enabled;
-    clickOn(login());
-    EXPECT_TRUE(login().isChecked());
-    EXPECT_EQ(platform.loginItem().requests, 2);
-    EXPECT_EQ(platform.log().lines.size(), 2U);
-}
-
-TEST(VersionLabel, joinsWhatIsKnown) {
-    EXPECT_EQ(versionLabel({.shortVersion = "1.2", .build = "34"}), "1.2 (34)");
-    EXPECT_EQ(versionLabel({.shortVersion = "1.2", .build = std::nullopt}), "1.2 (0)");
-    EXPECT_EQ(versionLabel({.shortVersion = std::nullopt, .build = "34"}), "dev (34)");
-    EXPECT_EQ(versionLabel({}), "dev (0)");
 }
 
 } // namespace
