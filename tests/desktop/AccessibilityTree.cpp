@@ -1,5 +1,6 @@
 #include "tests/desktop/AccessibilityTree.h"
 
+#include "tests/surroundings/Surroundings.h"
 #include "tests/x11/ChildProcess.h"
 #include "tests/x11/VirtualDisplay.h"
 
@@ -135,7 +136,8 @@ void AccessibleNode::setValue(double value) const {
 }
 
 AccessibilityBus::AccessibilityBus(const std::string& sessionBus)
-    : m_process(ChildProcess::start({QUILLARY_ACCESSIBILITY_BUS, "--launch-immediately", "--a11y=1"})) {
+    : m_process(ChildProcess::start(
+          Surroundings::withMachineData({QUILLARY_ACCESSIBILITY_BUS, "--launch-immediately", "--a11y=1"}))) {
     const auto session = QDBusConnection::connectToBus(QString::fromStdString(sessionBus), sessionName);
     QString address;
     VirtualDisplay::waitUntil([&] {

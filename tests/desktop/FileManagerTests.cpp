@@ -1,4 +1,5 @@
 #include "tests/desktop/DesktopFixture.h"
+#include "tests/surroundings/Surroundings.h"
 
 #include <QImage>
 #include <QJsonArray>
@@ -58,10 +59,7 @@ protected:
     void startFileManager() {
         installIconTheme();
         // It needs the machine's database of file kinds, which the program of the test does not see.
-        ASSERT_NE(display.start({"env", "XDG_DATA_DIRS=/usr/share", "NO_AT_BRIDGE=1",
-                                 "GSETTINGS_BACKEND=memory", "GIO_USE_VFS=local",
-                                 "GIO_USE_VOLUME_MONITOR=unix", "thunar", file.parent_path().string()}),
-                  0);
+        ASSERT_NE(display.start(Surroundings::withMachineData({"thunar", file.parent_path().string()})), 0);
         ASSERT_TRUE(eventually([this] { return !fileIcon().isNull(); }));
         // It goes on arranging itself for a moment.
         ASSERT_TRUE(eventually([this] {

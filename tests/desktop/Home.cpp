@@ -44,14 +44,6 @@ Home::Home() {
     set("XDG_DATA_HOME", folder / "data");
     set("XDG_CACHE_HOME", folder / "cache");
     set("XDG_RUNTIME_DIR", folder / "run");
-    setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
-    setenv("LC_ALL", "C.UTF-8", 1);
-    setenv("GSETTINGS_BACKEND", "memory", 1);
-    for (const char* unwanted :
-         {"XDG_CURRENT_DESKTOP", "XDG_SESSION_TYPE", "WAYLAND_DISPLAY", "XAUTHORITY", "QT_SCALE_FACTOR",
-          "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "QY_SNAPSHOT_DIR"}) {
-        unsetenv(unwanted);
-    }
 }
 
 Home::~Home() {

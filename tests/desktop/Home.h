@@ -11,7 +11,7 @@
 namespace quillary::test {
 
 /// The home of a user who has nothing yet, in a temporary folder that is gone with this object. HOME and the
-/// XDG variables of the whole test process point into it, and there is no session bus.
+/// XDG variables of the whole test process point into it.
 class Home {
 public:
     Home();

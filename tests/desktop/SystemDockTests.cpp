@@ -1,4 +1,5 @@
 #include "tests/desktop/DesktopFixture.h"
+#include "tests/surroundings/Surroundings.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -71,10 +72,10 @@ protected:
         writeSettings(items, "");
         Home::write(home.path() / "config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml", channel);
         startBus();
-        ASSERT_NE(display.start({"env", "NO_AT_BRIDGE=1", "xfce4-panel", "--disable-wm-check"}), 0);
+        ASSERT_NE(display.start(Surroundings::withMachineData({"xfce4-panel", "--disable-wm-check"})), 0);
         ASSERT_TRUE(eventually([this] { return areSeen(); })) << seen();
     }
-    void TearDown() override { setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1); }
+    void TearDown() override { setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/session-bus", 1); }
 
     void writeSettings(const std::vector<std::string>& items, const std::string& more) {
         const std::string options = R"("magnification":"off")";

@@ -9,11 +9,11 @@
 
 namespace quillary::test {
 
-/// The folders that a test process has for its own instead of the user's. GLib reads the variables that name
-/// them once, so they stand for the whole process, set before anything else runs.
+/// The folders that a test process has for its own, and can empty for each test. GLib reads the variables
+/// that name them once, so they stand for the whole process, set before anything else runs.
 class World {
 public:
-    /// Makes the folders and sets HOME, XDG_* and what else would let the machine's settings in.
+    /// Makes the folders and sets HOME, XDG_*, PATH and the language.
     static void enter();
     /// Removes them.
     static void leave();

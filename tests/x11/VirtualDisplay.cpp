@@ -1,5 +1,6 @@
 #include "tests/x11/VirtualDisplay.h"
 
+#include "tests/surroundings/Surroundings.h"
 #include "tests/x11/ChildProcess.h"
 #include "tests/x11/KeyboardMap.h"
 
@@ -197,7 +198,7 @@ int VirtualDisplay::run(const std::vector<std::string>& command) {
 }
 
 bool VirtualDisplay::startWindowManager() {
-    windowManager = start({"openbox", "--sm-disable"});
+    windowManager = start(Surroundings::withMachineData({"openbox", "--sm-disable"}));
     const bool announced = waitUntil([this] {
         const auto check = numbers(rootWindow, "_NET_SUPPORTING_WM_CHECK");
         return !check.empty() && numbers(check.front(), "_NET_SUPPORTING_WM_CHECK") == check;

@@ -1,6 +1,7 @@
 #include "platform/PanelWindow.h"
 #include "platform/Screens.h"
 #include "platform/x11/X11Platform.h"
+#include "tests/surroundings/QtSurroundings.h"
 #include "tests/x11/X11Fixture.h"
 
 #include <QWidget>
@@ -21,6 +22,11 @@ TEST_F(X11PlatformTest, hasAllParts) {
     panel->setFrame(QRect(10, 10, 100, 50));
     panel->orderFront();
     EXPECT_TRUE(eventually([&] { return display.isViewable(static_cast<xcb_window_t>(contents.winId())); }));
+}
+
+TEST_F(X11PlatformTest, fontsAndIconsAreTheTests) {
+    startApplication();
+    test::expectOwnFontsAndIcons();
 }
 
 TEST_F(X11PlatformTest, settingsStandInTheConfigurationFolder) {

@@ -6,7 +6,7 @@
 
 namespace quillary::test {
 
-/// A session bus for one test. It ends with the test process, even when that is killed. Sets
+/// A session bus for one test, which can start no service. It ends with the test process, even when that is killed. Sets
 /// DBUS_SESSION_BUS_ADDRESS.
 class PrivateBus {
 public:

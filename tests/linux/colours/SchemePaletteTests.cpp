@@ -1,6 +1,7 @@
 #include "platform/linux/colours/SchemePalette.h"
 #include "tests/linux/bus/PrivateBus.h"
 #include "tests/linux/colours/PortalStandIn.h"
+#include "tests/surroundings/QtSurroundings.h"
 #include "tests/x11/VirtualDisplay.h"
 
 #include <QGuiApplication>
@@ -98,6 +99,10 @@ TEST_F(SchemePaletteTest, withoutABusTheThemeStays) {
     const SchemePalette palette;
     VirtualDisplay::runFor(300);
     EXPECT_FALSE(isDark(QGuiApplication::palette()));
+}
+
+TEST_F(SchemePaletteTest, fontsAndIconsAreTheTests) {
+    expectOwnFontsAndIcons();
 }
 
 TEST(SchemePalette, aThemeOfTheShadeKeepsItsColours) {

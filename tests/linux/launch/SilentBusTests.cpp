@@ -4,6 +4,7 @@
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
 #include "tests/linux/bus/SilentBus.h"
+#include "tests/surroundings/Surroundings.h"
 
 #include <gtest/gtest.h>
 
@@ -72,6 +73,7 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     const int result = RUN_ALL_TESTS();
     quillary::test::World::leave();
+    quillary::test::Surroundings::remove();
     // A thread still waits for the bus.
     std::_Exit(result);
 }

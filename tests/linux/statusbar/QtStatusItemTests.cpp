@@ -1,6 +1,7 @@
 #include "platform/qt/QtMenu.h"
 #include "tests/linux/bus/SilentBus.h"
 #include "tests/linux/statusbar/StatusItemFixture.h"
+#include "tests/surroundings/Surroundings.h"
 
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
@@ -270,6 +271,7 @@ TEST_F(QtStatusItemTest, aBusThatSaysNothingHoldsNothingUp) {
     item.reset();
     EXPECT_LT(clock.elapsed(), 1000);
     silent.reset();
+    test::Surroundings::remove();
     // Threads of the toolkit still wait for the bus.
     std::_Exit(testing::Test::HasFailure() ? 1 : 0);
 }

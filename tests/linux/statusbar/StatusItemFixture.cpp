@@ -1,6 +1,7 @@
 #include "tests/linux/statusbar/StatusItemFixture.h"
 
 #include "platform/x11/X11Grab.h"
+#include "tests/surroundings/Surroundings.h"
 
 #include <QDBusPendingCall>
 #include <QDBusReply>
@@ -93,7 +94,7 @@ bool StatusItemFixture::startTray() {
     file.write("panel_items = S\npanel_size = 400 40\npanel_position = bottom center horizontal\n"
                "systray_padding = 4 4 4\nsystray_icon_size = 24\npanel_monitor = all\n");
     file.close();
-    trayProcess = display.start({"tint2", "-c", config.toStdString()});
+    trayProcess = display.start(Surroundings::withMachineData({"tint2", "-c", config.toStdString()}));
     const bool running = VirtualDisplay::waitUntil([this] {
         auto* reply = xcb_get_selection_owner_reply(
             display.xcb(), xcb_get_selection_owner(display.xcb(), display.atom("_NET_SYSTEM_TRAY_S0")),

@@ -1,5 +1,6 @@
 #include "tests/linux/bus/SilentBus.h"
 #include "tests/linux/systemdock/BusDockTest.h"
+#include "tests/surroundings/Surroundings.h"
 
 #include <gtest/gtest.h>
 
@@ -48,12 +49,15 @@ TEST_F(SilentDockTest, gnomesSettingsAreGivenUpAfterASecond) {
 int main(int argc, char** argv) {
     quillary::test::World::enter();
     ::setenv("GSETTINGS_BACKEND", "dconf", 1);
+    // The backend is a module of the machine's.
+    ::unsetenv("GIO_MODULE_DIR");
 #ifdef QUILLARY_DOCK_SCHEMAS
     ::setenv("GSETTINGS_SCHEMA_DIR", QUILLARY_DOCK_SCHEMAS, 1);
 #endif
     ::testing::InitGoogleTest(&argc, argv);
     const int result = RUN_ALL_TESTS();
     quillary::test::World::leave();
+    quillary::test::Surroundings::remove();
     // Threads still wait for the bus.
     std::_Exit(result);
 }
