@@ -16,6 +16,7 @@ int main(int argc, char* argv[]) {
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // Writing to a closed log must not end the program other than through its quit path.
     std::signal(SIGPIPE, SIG_IGN);
+    quillary::prepareEnvironment();
     if (!quillary::sessionHasWindowSystem()) {
         return 1;
     }

@@ -1,3 +1,4 @@
+#include "platform/linux/bus/SessionBusAddress.h"
 #include "platform/select/PlatformSelection.h"
 #include "platform/x11/X11Platform.h"
 
@@ -6,6 +7,10 @@
 #include <cstdio>
 
 namespace quillary {
+
+void prepareEnvironment() {
+    SessionBusAddress::forbidLaunch();
+}
 
 bool sessionHasWindowSystem() {
     // A toolkit backend that was chosen by hand reports its own failures.

@@ -3,6 +3,8 @@
 
 namespace quillary {
 
+void prepareEnvironment() {}
+
 bool sessionHasWindowSystem() {
     return true;
 }

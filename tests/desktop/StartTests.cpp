@@ -98,6 +98,21 @@ protected:
         startWithDocks(2);
         ASSERT_TRUE(eventually([&] { return colourBox(red, QRect(0, 0, 1280, 900)) == iconInPlace; }));
     }
+    /// How many names the X server was asked to intern that begin so.
+    [[nodiscard]] std::size_t atomsWithPrefix(const std::string& prefix) const {
+        std::size_t count = 0;
+        for (xcb_atom_t atom = 1;; ++atom) {
+            auto* reply =
+                xcb_get_atom_name_reply(display.xcb(), xcb_get_atom_name(display.xcb(), atom), nullptr);
+            if (reply == nullptr) {
+                return count;
+            }
+            const std::string_view name(xcb_get_atom_name_name(reply),
+                                        static_cast<std::size_t>(xcb_get_atom_name_name_length(reply)));
+            count += name.starts_with(prefix) ? 1U : 0U;
+            std::free(reply);
+        }
+    }
     /// A variable of the process that owns the window.
     [[nodiscard]] std::string variable(xcb_window_t window, const std::string& name) const {
         const auto process = display.numbers(window, "_NET_WM_PID");
@@ -151,6 +166,32 @@ TEST_F(StartTest, withoutAServerTheProgramEndsWithOneLine) {
     program.start({"DISPLAY=:4321"});
     EXPECT_EQ(program.waitForEnd(), (Program::End{1}));
     EXPECT_EQ(program.log(), "Quillary: no X server can be reached.\n");
+}
+
+TEST_F(StartTest, aSessionWithoutABusGetsNone) {
+    const auto launched = home.path() / "launched";
+    const auto launcher = home.path() / "programs/dbus-launch";
+    Home::write(launcher, "#!/bin/sh\necho \"$@\" >>'" + launched.string() + "'\nexit 1\n");
+    std::filesystem::permissions(launcher, std::filesystem::perms::owner_all);
+    const auto path = "PATH=" + launcher.parent_path().string() + ":" + std::getenv("PATH");
+    home.writeSettings(
+        settingsJson({dockJson(leftKey, {home.install("red", red)}, R"("magnification":"off")")}));
+    ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
+    for (const std::vector<std::string>& environment :
+         {std::vector{path}, std::vector{path, std::string("DBUS_SESSION_BUS_ADDRESS=autolaunch:")}}) {
+        program.start(environment);
+        ASSERT_TRUE(eventually([&] { return colourBox(red, QRect(0, 0, 1280, 900)) == iconInPlace; }))
+            << program.log();
+        display.click(icon);
+        ASSERT_TRUE(eventually([&] { return windowOf("red") != XCB_WINDOW_NONE; })) << program.log();
+        EXPECT_EQ(variable(windowOf("red"), "DBUS_SESSION_BUS_ADDRESS"), "") << "not for other programs";
+        EXPECT_TRUE(program.quit());
+        EXPECT_EQ(Home::read(launched), "");
+        // The one in /usr/bin, which libdbus prefers to PATH, would have made an atom for its bus.
+        EXPECT_EQ(atomsWithPrefix("_DBUS_SESSION_BUS_"), 0U);
+        display.run({"xdotool", "windowkill", std::to_string(windowOf("red"))});
+        ASSERT_TRUE(eventually([&] { return windowOf("red") == XCB_WINDOW_NONE; }));
+    }
 }
 
 TEST_F(StartTest, aStartThatFailsIsTakenBackAndIsOneLineOfTheLog) {

@@ -1,5 +1,6 @@
 #include "platform/linux/launch/LaunchContext.h"
 
+#include "platform/linux/bus/SessionBusAddress.h"
 #include "platform/linux/glib/GlibText.h"
 #include "platform/linux/glib/Released.h"
 #include "platform/linux/launch/StartupMessage.h"
@@ -172,6 +173,9 @@ LaunchContext::LaunchContext(GDesktopAppInfo* entry, StartupOrigin origin)
     launch->prepared = idAt(launch->time);
     for (const auto* variable : ownVariables) {
         g_app_launch_context_unsetenv(m_context, variable);
+    }
+    if (SessionBusAddress::isStandIn()) {
+        g_app_launch_context_unsetenv(m_context, "DBUS_SESSION_BUS_ADDRESS");
     }
     if (launch->notification != Notification::none) {
         g_app_launch_context_setenv(m_context, tokenVariable, launch->prepared.c_str());
