@@ -2,13 +2,13 @@
 
 #include <QWindow>
 
+#include <algorithm>
 #include <array>
 
 namespace quillary {
 
 using test::TestWindow;
 using test::VirtualDisplay;
-using X11PanelWindowTest = test::PanelFixture;
 
 namespace {
 
@@ -18,8 +18,29 @@ using Names = std::vector<std::string>;
 constexpr std::uint32_t withdrawnState = 0;
 
 bool holds(const Names& names, const std::string& name) {
-    return std::find(names.begin(), names.end(), name) != names.end();
+    return std::ranges::find(names, name) != names.end();
 }
+
+class X11PanelWindowTest : public test::PanelFixture {
+protected:
+    /// Waits until the window manager lists the panel as what it asked to be: above all, in no list of
+    /// windows, on all desktops.
+    [[nodiscard]] testing::AssertionResult standsAsADock() {
+        // openbox knows no sticky state; it keeps the desktop instead.
+        const auto stands = [this] {
+            const auto states = display.atomNames(id(), "_NET_WM_STATE");
+            return holds(states, "_NET_WM_STATE_ABOVE") && holds(states, "_NET_WM_STATE_SKIP_TASKBAR") &&
+                   holds(states, "_NET_WM_STATE_SKIP_PAGER") &&
+                   display.numbers(id(), "_NET_WM_DESKTOP") == std::vector<std::uint32_t>{0xFFFFFFFF};
+        };
+        if (eventually(stands)) {
+            return testing::AssertionSuccess();
+        }
+        return testing::AssertionFailure()
+               << testing::PrintToString(display.atomNames(id(), "_NET_WM_STATE")) << " on desktop "
+               << testing::PrintToString(display.numbers(id(), "_NET_WM_DESKTOP"));
+    }
+};
 
 } // namespace
 
@@ -33,13 +54,13 @@ TEST_F(X11PanelWindowTest, standsToThePixelAtFourEdgesOfTwoMonitors) {
     present(frames[0]);
     for (const auto& frame : frames) {
         panel->setFrame(frame);
-        EXPECT_TRUE(eventually([&] { return place() == frame; }))
-            << frame.x() << "," << frame.y() << " but is at " << place().x() << "," << place().y() << " "
+        EXPECT_TRUE(eventually([&] {
+            return place() == frame && panel->frame() == frame && widget->geometry() == frame;
+        })) << frame.x()
+            << "," << frame.y() << " but is at " << place().x() << "," << place().y() << " "
             << place().width() << "×" << place().height();
         settle();
-        EXPECT_EQ(place(), frame);
-        EXPECT_EQ(panel->frame(), frame);
-        EXPECT_EQ(widget->geometry(), frame);
+        EXPECT_EQ(place(), frame) << "and stays there";
     }
 }
 
@@ -52,16 +73,18 @@ TEST_F(X11PanelWindowTest, aFrameSetBeforeTheFirstShowHolds) {
     panel->orderFront();
     ASSERT_TRUE(eventually([&] { return display.isViewable(id()); }));
     EXPECT_TRUE(panel->isVisible());
+    EXPECT_TRUE(eventually([&] { return place() == frame; }));
     settle();
-    EXPECT_EQ(place(), frame);
+    EXPECT_EQ(place(), frame) << "and stays there";
 }
 
 TEST_F(X11PanelWindowTest, mayStandPartlyOutsideTheScreen) {
     ASSERT_TRUE(display.startWindowManager());
     startPanel();
     present(QRect(-200, 850, 900, 200));
+    EXPECT_TRUE(eventually([&] { return place() == QRect(-200, 850, 900, 200); }));
     settle();
-    EXPECT_EQ(place(), QRect(-200, 850, 900, 200));
+    EXPECT_EQ(place(), QRect(-200, 850, 900, 200)) << "and stays there";
     panel->setFrame(QRect(2300, -60, 300, 100));
     EXPECT_TRUE(eventually([&] { return place() == QRect(2300, -60, 300, 100); }));
 }
@@ -88,15 +111,9 @@ TEST_F(X11PanelWindowTest, isADockAboveOnAllDesktops) {
               (Names{"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_TASKBAR",
                      "_NET_WM_STATE_SKIP_PAGER"}));
     present(QRect(340, 780, 600, 120));
+    EXPECT_TRUE(standsAsADock());
     settle();
     EXPECT_EQ(display.atomNames(id(), "_NET_WM_WINDOW_TYPE"), (Names{"_NET_WM_WINDOW_TYPE_DOCK"}));
-    const auto states = display.atomNames(id(), "_NET_WM_STATE");
-    // openbox knows no sticky state; it keeps the desktop instead.
-    for (const auto* state :
-         {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}) {
-        EXPECT_TRUE(holds(states, state)) << state;
-    }
-    EXPECT_EQ(display.numbers(id(), "_NET_WM_DESKTOP"), (std::vector<std::uint32_t>{0xFFFFFFFF}));
     EXPECT_TRUE(display.numbers(id(), "_NET_WM_STRUT").empty());
     EXPECT_TRUE(display.numbers(id(), "_NET_WM_STRUT_PARTIAL").empty());
 }
@@ -114,10 +131,10 @@ TEST_F(X11PanelWindowTest, keepsItsPlaceAndStandingWhenHiddenAndShown) {
     ASSERT_TRUE(eventually([&] { return !display.isViewable(id()); }));
     panel->orderFront();
     ASSERT_TRUE(eventually([&] { return display.isViewable(id()); }));
+    EXPECT_TRUE(eventually([&] { return place() == QRect(1540, 680, 600, 120); }));
+    EXPECT_TRUE(standsAsADock());
     settle();
-    EXPECT_EQ(place(), QRect(1540, 680, 600, 120));
-    EXPECT_TRUE(holds(display.atomNames(id(), "_NET_WM_STATE"), "_NET_WM_STATE_ABOVE"));
-    EXPECT_EQ(display.numbers(id(), "_NET_WM_DESKTOP"), (std::vector<std::uint32_t>{0xFFFFFFFF}));
+    EXPECT_EQ(place(), QRect(1540, 680, 600, 120)) << "and stays there";
 }
 
 TEST_F(X11PanelWindowTest, takesNoFocusWhenShownNorWhenClicked) {
@@ -151,16 +168,10 @@ TEST_F(X11PanelWindowTest, isRightAgainAfterARestartOfTheWindowManager) {
     ASSERT_TRUE(display.startWindowManager());
     ASSERT_TRUE(eventually([&] { return clients->managed(); }));
     EXPECT_TRUE(eventually([&] { return display.isViewable(id()) && place() == frame; }));
+    EXPECT_TRUE(standsAsADock());
+    EXPECT_TRUE(eventually([&] { return shape(XCB_SHAPE_SK_INPUT) == QRegion(10, 10, 50, 50); }));
     settle();
-    EXPECT_EQ(place(), frame);
-    const auto states = display.atomNames(id(), "_NET_WM_STATE");
-    // openbox knows no sticky state; it keeps the desktop instead.
-    for (const auto* state :
-         {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}) {
-        EXPECT_TRUE(holds(states, state)) << state;
-    }
-    EXPECT_EQ(display.numbers(id(), "_NET_WM_DESKTOP"), (std::vector<std::uint32_t>{0xFFFFFFFF}));
-    EXPECT_EQ(shape(XCB_SHAPE_SK_INPUT), QRegion(10, 10, 50, 50));
+    EXPECT_EQ(place(), frame) << "and stays there";
 }
 
 TEST_F(X11PanelWindowTest, standsToThePixelWithoutWindowManagerToo) {
