@@ -1,6 +1,13 @@
+#include "platform/Workspace.h"
+#include "platform/x11/X11Platform.h"
 #include "platform/x11/X11Xsettings.h"
+#include "tests/core/TemporaryFolder.h"
 #include "tests/x11/X11Fixture.h"
 #include "tests/x11/XsettingsBytes.h"
+
+#include <QIcon>
+
+#include <filesystem>
 
 namespace quillary {
 
@@ -60,6 +67,19 @@ TEST_F(X11XsettingsTest, aManagerThatGoesLeavesNone) {
     ASSERT_EQ(xsettingsIconTheme(*connection), "mate");
     manager->destroy();
     EXPECT_EQ(xsettingsIconTheme(*connection), "");
+}
+
+TEST_F(X11XsettingsTest, thePlatformsIconsAreOfTheManagersTheme) {
+    const test::TemporaryFolder themes;
+    std::filesystem::create_directory(themes.path() / "of-session");
+    test::writeFile(themes.path() / "of-session/index.theme", "[Icon Theme]\nName=x\n");
+    QIcon::setThemeSearchPaths({QString::fromStdString(themes.path().string())});
+    takeSelection();
+    manager->setText("_XSETTINGS_SETTINGS", XsettingsBytes().text("Net/IconThemeName", "of-session").bytes());
+    const auto platform = X11Platform::open();
+    ASSERT_NE(platform, nullptr);
+    static_cast<void>(platform->workspace().icon("/"));
+    EXPECT_EQ(QIcon::themeName(), QStringLiteral("of-session"));
 }
 
 } // namespace quillary
