@@ -16,8 +16,8 @@ struct AppMemorySource {
     explicit AppMemorySource(std::optional<std::string> excludedBundle = {});
 
     /// One pass over the processes of the user who made this value. By falling size, equal sizes by name;
-    /// applications outside of every "Applications" folder are left out. What cannot be read is missing. Paths
-    /// and names are the bytes that the kernel reports, which need not be UTF-8.
+    /// applications outside of every "Applications" folder are left out. What cannot be read is missing.
+    /// Paths and names are the bytes that the kernel reports, which need not be UTF-8.
     [[nodiscard]] std::vector<AppUsage> sample() const;
 
     /// The path of one bundle that is never reported.

@@ -1,5 +1,4 @@
 #include "app/AppDelegate.h"
-
 #include "app/settings/SettingsWindow.h"
 #include "tests/app/Fixture.h"
 #include "tests/app/MenuText.h"

@@ -1,5 +1,4 @@
 #include "app/DebugSnapshot.h"
-
 #include "app/settings/SettingsWindow.h"
 #include "tests/app/Fixture.h"
 

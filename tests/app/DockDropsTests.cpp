@@ -1,6 +1,5 @@
-#include "app/view/drag/DockDrops.h"
-
 #include "app/view/DockView.h"
+#include "app/view/drag/DockDrops.h"
 #include "tests/app/Fixture.h"
 
 #include <QApplication>

@@ -1,5 +1,4 @@
 #include "app/DockMenu.h"
-
 #include "tests/app/Fixture.h"
 #include "tests/app/MenuText.h"
 

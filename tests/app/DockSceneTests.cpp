@@ -1,5 +1,4 @@
 #include "app/view/DockScene.h"
-
 #include "app/view/DockSceneBuilder.h"
 #include "tests/app/Fixture.h"
 #include "tests/app/SceneState.h"

@@ -1,5 +1,4 @@
 #include "app/view/DockView.h"
-
 #include "app/view/IconCache.h"
 #include "app/view/PixelFit.h"
 #include "tests/app/Fixture.h"

@@ -1,5 +1,4 @@
 #include "app/view/drag/FileDrop.h"
-
 #include "platform/qt/QtScheduler.h"
 #include "tests/fake/ManualScheduler.h"
 

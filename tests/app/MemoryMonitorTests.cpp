@@ -1,5 +1,4 @@
 #include "app/MemoryMonitor.h"
-
 #include "platform/qt/QtScheduler.h"
 #include "tests/app/Fixture.h"
 

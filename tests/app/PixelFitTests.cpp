@@ -1,6 +1,5 @@
-#include "app/view/PixelFit.h"
-
 #include "app/view/DockSceneBuilder.h"
+#include "app/view/PixelFit.h"
 #include "tests/app/Fixture.h"
 #include "tests/app/SceneState.h"
 

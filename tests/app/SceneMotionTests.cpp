@@ -1,6 +1,5 @@
-#include "app/view/SceneMotion.h"
-
 #include "app/view/DockView.h"
+#include "app/view/SceneMotion.h"
 #include "tests/app/Fixture.h"
 
 #include <algorithm>

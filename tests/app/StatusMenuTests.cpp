@@ -1,5 +1,4 @@
 #include "app/StatusMenu.h"
-
 #include "tests/app/Fixture.h"
 #include "tests/app/MenuText.h"
 

@@ -12,8 +12,6 @@
 #include <algorithm>
 #include <utility>
 
-#include <glib.h>
-
 namespace quillary {
 
 namespace {

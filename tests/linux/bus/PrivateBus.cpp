@@ -32,9 +32,10 @@ PrivateBus::PrivateBus() {
     if (pipe2(ends, O_CLOEXEC) != 0) {
         return;
     }
-    m_process = ChildProcess::start({"dbus-daemon", "--config-file=" QUILLARY_BUS_CONFIGURATION, "--nofork",
-                                   "--nopidfile", "--nosyslog", "--print-address=" + std::to_string(ends[1])},
-                                  ends[1]);
+    m_process =
+        ChildProcess::start({"dbus-daemon", "--config-file=" QUILLARY_BUS_CONFIGURATION, "--nofork",
+                             "--nopidfile", "--nosyslog", "--print-address=" + std::to_string(ends[1])},
+                            ends[1]);
     ::close(ends[1]);
     m_address = readLine(ends[0]);
     ::close(ends[0]);

@@ -6,8 +6,8 @@
 
 namespace quillary::test {
 
-/// A session bus for one test, which can start no service. It ends with the test process, even when that is killed. Sets
-/// DBUS_SESSION_BUS_ADDRESS.
+/// A session bus for one test, which can start no service. It ends with the test process, even when that is
+/// killed. Sets DBUS_SESSION_BUS_ADDRESS.
 class PrivateBus {
 public:
     PrivateBus();
