@@ -1,7 +1,9 @@
 #include "platform/linux/login/AutostartEntry.h"
 
 #include "core/Utf8.h"
+#include "platform/linux/glib/GlibText.h"
 #include "platform/linux/glib/KeyFile.h"
+#include "platform/linux/glib/Released.h"
 
 #include <algorithm>
 #include <string_view>
@@ -16,6 +18,9 @@ constexpr std::size_t largestFile = std::size_t{64} << 10U;
 constexpr auto group = G_KEY_FILE_DESKTOP_GROUP;
 constexpr auto enabledKey = "X-GNOME-Autostart-enabled";
 
+// For writing, which `KeyFile` does not do.
+using NewEntry = Released<GKeyFile, g_key_file_unref>;
+
 bool namesOneOf(const KeyFile& keys, const char* key, const std::vector<std::string>& wanted) {
     const auto names = keys.list(group, key);
     return std::ranges::find_first_of(names, wanted) != names.end();
@@ -25,8 +30,8 @@ void setText(GKeyFile* entry, const char* key, const std::string& value) {
     g_key_file_set_string(entry, group, key, value.c_str());
 }
 
-KeyFile namedEntry(const std::string& name) {
-    KeyFile entry(g_key_file_new());
+NewEntry namedEntry(const std::string& name) {
+    NewEntry entry(g_key_file_new());
     setText(entry.get(), G_KEY_FILE_DESKTOP_KEY_TYPE, G_KEY_FILE_DESKTOP_TYPE_APPLICATION);
     setText(entry.get(), G_KEY_FILE_DESKTOP_KEY_NAME, name);
     return entry;
@@ -50,7 +55,8 @@ std::string quotedArgument(std::string_view argument) {
 
 std::optional<std::string> text(const std::string& name, const std::string& icon,
                                 const std::string& program) {
-    if (!isValidUtf8(program) || program.find('=') != std::string::npos) {
+    // A key file ends at a zero byte.
+    if (!isValidUtf8(program) || program.find_first_of(std::string_view("=\0", 2)) != std::string::npos) {
         return std::nullopt;
     }
     const auto entry = namedEntry(name);

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <utility>
 
+#include <glib.h>
+
 namespace quillary {
 
 namespace {
