@@ -66,7 +66,9 @@ std::vector<X11Monitor> X11Monitor::readAll(X11Connection& connection) {
             monitors.push_back(std::move(monitor));
         }
     }
-    std::ranges::stable_partition(monitors, &X11Monitor::primary);
+    // Not std::ranges::stable_partition: clang-tidy 14 cannot parse the subrange that it returns.
+    std::stable_partition(monitors.begin(), monitors.end(),
+                          [](const X11Monitor& monitor) { return monitor.primary; });
     return monitors;
 }
 
