@@ -72,7 +72,7 @@ void MacPanelWindow::dress() {
     [window setHidesOnDeactivate:NO];
     [window setMovable:NO];
     [window setAcceptsMouseMovedEvents:YES];
-    [window setIgnoresMouseEvents:ignoresMouse ? YES : NO];
+    [window setIgnoresMouseEvents:m_ignoresMouse ? YES : NO];
     applyBlur();
 }
 
