@@ -145,7 +145,6 @@ typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) {
 @end
 
 @interface NSNotification : NSObject <NSCopying>
-@property(readonly, copy) NSNotificationName name;
 @end
 
 @interface NSNotificationCenter : NSObject
