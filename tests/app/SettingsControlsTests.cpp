@@ -56,6 +56,20 @@ TEST_F(SwitchTest, aButtonReleasedElsewhereAsksForNothing) {
     EXPECT_TRUE(wishes.empty());
 }
 
+TEST_F(SwitchTest, takesClicksOnTheWholeOfIt) {
+    clickOn(control, {1, 1});
+    clickOn(control, {control.width() - 1.0, control.height() - 1.0});
+    EXPECT_EQ(wishes, (std::vector<bool>{true, true}));
+}
+
+TEST_F(SwitchTest, arrowKeysAreLeftToTheForm) {
+    for (const int key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(&control, &press);
+        EXPECT_FALSE(press.isAccepted());
+    }
+}
+
 TEST_F(SwitchTest, isACheckBoxToAssistiveTechnology) {
     auto& interface = accessible(control);
     EXPECT_EQ(interface.role(), QAccessible::CheckBox);

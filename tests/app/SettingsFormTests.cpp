@@ -220,6 +220,22 @@ TEST_F(SettingsFormTest, aDockThatIsOffHasOnlyItsSwitch) {
     EXPECT_EQ(texts("LEFT").size(), 23U);
 }
 
+TEST_F(SettingsFormTest, theFormFollowsTheRowsOfADockAtOnce) {
+    open();
+    const int tall = group("LEFT").height();
+    const int column = view().widget()->height();
+    DockConfig config = model().config();
+    config.enabled = false;
+    model().setConfig(config);
+    EXPECT_LT(group("LEFT").height(), tall / 4);
+    const int shrunk = view().widget()->height();
+    EXPECT_LT(shrunk, column - tall / 2);
+    config.enabled = true;
+    model().setConfig(config);
+    EXPECT_EQ(group("LEFT").height(), tall);
+    EXPECT_GT(view().widget()->height(), shrunk + tall / 2);
+}
+
 TEST_F(SettingsFormTest, addsWhatTheSystemsDockHasAndNothingTheSecondTime) {
     platform.systemDock().pinned = {"/a", "/b"};
     open();

@@ -1,3 +1,4 @@
+#include "app/settings/DockSettingsSection.h"
 #include "tests/app/SettingsFixture.h"
 
 namespace quillary::test {
@@ -67,6 +68,26 @@ TEST_F(SettingsScreensTest, anEndlessScreenNameIsCutAndWidensNothing) {
     QApplication::processEvents();
     EXPECT_EQ(view().widget()->width(), view().viewport()->width());
     EXPECT_LE(titles().at(1).size(), 200U);
+}
+
+TEST_F(SettingsScreensTest, aFormThatIsNotScrolledStaysAtItsBeginning) {
+    platform.screens().connected = {screenNamed("RIGHT", rightFrame)};
+    open();
+    switchIn("RIGHT", "Show a Dock on this screen").setFocus();
+    ASSERT_EQ(view().verticalScrollBar()->value(), 0);
+    platform.screens().set({screenNamed("LEFT", leftFrame), screenNamed("RIGHT", rightFrame)});
+    QApplication::processEvents();
+    EXPECT_EQ(view().verticalScrollBar()->value(), 0);
+    EXPECT_TRUE(switchIn("RIGHT", "Show a Dock on this screen").hasFocus());
+}
+
+TEST_F(SettingsScreensTest, theSectionOfAScreenThatGoesIsHiddenAtOnce) {
+    open();
+    ASSERT_EQ(view().findChildren<DockSettingsSection*>().size(), 2);
+    platform.screens().set({screenNamed("RIGHT", rightFrame)});
+    for (const auto* section : view().findChildren<DockSettingsSection*>()) {
+        EXPECT_EQ(section->isVisible(), section->title() == QStringLiteral("RIGHT"));
+    }
 }
 
 } // namespace

@@ -78,5 +78,21 @@ TEST_F(SettingsWindowTest, itFollowsTheDesktopsColoursAndFontWhileItIsOpen) {
     QApplication::setPalette(palette);
 }
 
+TEST_F(SettingsWindowTest, theTilesDocksFollowTheDesktopsColours) {
+    const QPalette palette = QApplication::palette();
+    const auto tile = [this] { return control<StyleTile>("LEFT", "Pill").grab().toImage(); };
+    QApplication::setPalette(QPalette(QColor(240, 240, 243)));
+    open();
+    const QImage light = tile();
+    QApplication::setPalette(QPalette(QColor(32, 32, 36)));
+    QApplication::processEvents();
+    const QImage followed = tile();
+    settings.reset();
+    open();
+    EXPECT_EQ(followed, tile());
+    EXPECT_NE(followed, light);
+    QApplication::setPalette(palette);
+}
+
 } // namespace
 } // namespace quillary::test
