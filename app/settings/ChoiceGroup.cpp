@@ -33,8 +33,8 @@ void ChoiceGroup::setCurrent(int index) {
     currentChanged();
 }
 
-// The tabulator stops at the current button, or at the first when none is. The toolkit would let it stop at
-// the one that had the focus last.
+// The Tab key stops at the current button, or at the first when none is. The toolkit's rule for radio buttons
+// is the one that had the focus last.
 void ChoiceGroup::placeFocus() {
     const auto stop = static_cast<std::size_t>(std::max(current(), 0));
     for (std::size_t i = 0; i < m_buttons.size(); ++i) {

@@ -8,27 +8,28 @@ class QRadioButton;
 
 namespace quillary {
 
-/// Radio buttons that are one stop of the tabulator. Arrow keys choose within the group, Home and End its
-/// ends. The group shows a choice it does not own: the owner calls `setCurrent`.
+/// Radio buttons that are one stop of the Tab key. The arrow keys choose the neighbour of the focused button,
+/// Home and End the first and the last. The group shows a choice that it does not own: the owner calls
+/// `setCurrent`.
 class ChoiceGroup : public QWidget {
     Q_OBJECT
 
 public:
-    /// `name` is what is chosen here, for assistive technology.
+    /// `name`: what is chosen, as assistive technology reads it.
     explicit ChoiceGroup(const QString& name, QWidget* parent = nullptr);
 
-    /// Shows the choice. `index` is one of the buttons'.
+    /// Checks the button at `index`, which must exist, and unchecks the others. `chosen` is not emitted.
     void setCurrent(int index);
-    /// -1 until a choice was shown.
+    /// The index of the checked button; -1 when none is.
     [[nodiscard]] int current() const;
     [[nodiscard]] const std::vector<QRadioButton*>& buttons() const { return m_buttons; }
 
 Q_SIGNALS:
-    /// The user asks for that one, which may be the current one.
+    /// The user chose a button, perhaps the current one.
     void chosen(int index);
 
 protected:
-    /// Adds a button, a child of the group that leaves its state to `setCurrent`.
+    /// Appends a child of the group that does not check itself when clicked (see StateButton).
     void add(QRadioButton* button);
     virtual void currentChanged() {}
     void keyPressEvent(QKeyEvent* event) override;

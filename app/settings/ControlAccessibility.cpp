@@ -15,8 +15,8 @@ QAccessible::Role roleOf(const QAbstractButton& button) {
     return button.autoExclusive() ? QAccessible::RadioButton : QAccessible::CheckBox;
 }
 
-/// A check box or radio button that is clicked by its action. The toolkit's own interface would change the
-/// state, which belongs to somebody else.
+/// A StateButton whose action is a click. The action of the toolkit's interface would check the button, whose
+/// state belongs to the model.
 class AccessibleStateButton final : public QAccessibleWidget {
 public:
     explicit AccessibleStateButton(QAbstractButton* button)

@@ -66,7 +66,7 @@ DockSettingsSection::DockSettingsSection(std::shared_ptr<DockModel> model, Platf
 DockSettingsSection::~DockSettingsSection() = default;
 
 void DockSettingsSection::refresh() {
-    // A copy: what is shown may end in a change that replaces it.
+    // A copy: showing a value can lead to a change of the configuration.
     const DockConfig config = m_model->config();
     for (const auto& show : m_shows) {
         show(config);
@@ -152,7 +152,7 @@ QWidget* DockSettingsSection::itemsRow() {
 }
 
 void DockSettingsSection::addSystemDockItems() {
-    // Read first: the change is made while the settings are being written.
+    // Read before the update: the function that it calls must only compute.
     const auto pinned = m_platform.systemDock().pinnedItems();
     m_model->update(
         [&pinned](DockConfig& config) { config.items = DockItems::adding(pinned, config.items); });

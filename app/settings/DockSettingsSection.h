@@ -14,8 +14,8 @@ class SegmentedPicker;
 class Switch;
 struct DockConfig;
 
-/// The options of one screen's dock, named for the screen. It keeps no state: it shows the model's
-/// configuration, and changes it through the model.
+/// The options of one screen's dock, titled with the screen's name. It keeps no state: it shows the model's
+/// configuration and changes it through the model.
 class DockSettingsSection : public FormGroup {
     Q_OBJECT
 

@@ -21,16 +21,16 @@ public:
     [[nodiscard]] const QString& title() const { return m_title; }
 
     enum class Separation {
-        /// A line parts the row from the one above.
+        /// A line separates the row from the one above.
         line,
         /// The row belongs to the one above.
         none,
     };
-    /// Takes the row over and puts it below the others.
+    /// Appends a row and takes ownership of it.
     void addRow(QWidget* row, Separation separation = Separation::line);
-    /// Gives every row its place at once rather than when the toolkit next comes round to it.
+    /// Lays out the rows at once instead of in the next turn of the event loop.
     void layOut();
-    /// The controls that take the focus, in the order in which they are seen.
+    /// The controls that take the focus, from top to bottom.
     [[nodiscard]] std::vector<QWidget*> controls() const;
 
 protected:

@@ -43,7 +43,7 @@ void drawPlate(QPainter& painter, const QRectF& rect, double radius, const QColo
 void drawKnob(QPainter& painter, const QWidget& widget, const QRectF& circle) {
     const FormColours colours = FormColours::of(widget.palette());
     painter.setPen(Qt::NoPen);
-    // Discs on discs that grow fainter outwards: soft enough at this size.
+    // Stacked discs make a gradient that is soft enough at this size.
     constexpr int rings = 3;
     QColor shadow = colours.knobShadow;
     shadow.setAlphaF(shadow.alphaF() / rings);

@@ -22,7 +22,7 @@ FormRow::FormRow(const QString& label, QWidget* control, QWidget* parent)
       m_words(new FormLabel(label, TextRole::body, TextTone::primary, this)),
       m_button(qobject_cast<QAbstractButton*>(control)) {
     auto* layout = new QHBoxLayout(this);
-    // Controls, not texts, keep room for a focus ring, which is to lie over the padding.
+    // Controls include room for a focus ring, which overlaps the padding; texts do not.
     const int ring = qobject_cast<FormLabel*>(control) != nullptr ? 0 : FormPaint::ringReach;
     layout->setContentsMargins(rowPadding, controlMargin, rowPadding - ring, controlMargin);
     layout->setSpacing(gap);

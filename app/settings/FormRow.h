@@ -6,13 +6,13 @@ class QAbstractButton;
 
 namespace quillary {
 
-/// One row of a group: what it is about at the left, the control at the right. A click on the words of a
-/// button's row works the button.
+/// One row of a group: a label at the left, a control at the right. Where the control is a button, a click on
+/// the label clicks it.
 class FormRow : public QWidget {
     Q_OBJECT
 
 public:
-    /// Takes the control over.
+    /// Takes ownership of the control.
     FormRow(const QString& label, QWidget* control, QWidget* parent = nullptr);
 
 protected:

@@ -27,7 +27,7 @@ namespace quillary {
 namespace {
 
 constexpr QSize smallest(520, 480);
-/// Beside the groups. At the right it holds the scroll bar, so that nothing moves when that appears.
+/// Beside the groups. The right one includes the scroll bar, so that nothing moves when its thumb appears.
 constexpr int sideMargin = 14;
 constexpr int topMargin = 20;
 constexpr int groupGap = 22;
@@ -129,8 +129,8 @@ std::vector<FormGroup*> SettingsView::groups() const {
     return all;
 }
 
-// What the user looks at stays where it is when sections above it come or go: the group with the focus, else
-// the uppermost one that is seen.
+// When sections above come or go, the group with the focus, or else the uppermost visible one, keeps its
+// place in the viewport.
 void SettingsView::followModels() {
     const int scrolled = verticalScrollBar()->value();
     const auto top = [this](const FormGroup* group) { return group->mapTo(m_column, QPoint()).y(); };
@@ -158,7 +158,7 @@ bool SettingsView::event(QEvent* event) {
     return QScrollArea::event(event);
 }
 
-// At once: until the toolkit does it, the form would be seen with the room of rows that have gone.
+// At once: the toolkit would first paint the form with the room of rows that have gone.
 void SettingsView::layOut() {
     if (!isVisible()) {
         return;
@@ -196,7 +196,7 @@ void SettingsView::updateSections() {
         if (std::ranges::find(next, section) == next.end()) {
             m_layout->removeWidget(section);
             section->hide();
-            // One of its controls may be what brought this about.
+            // This may be running in a handler of one of its controls.
             section->deleteLater();
         }
     }
@@ -213,7 +213,7 @@ void SettingsView::updateOrder() {
             group->show();
         }
         ++place;
-        // The order of the children is what assistive technology reads them in.
+        // Assistive technology reads children in their stacking order.
         group->raise();
         for (QWidget* control : group->controls()) {
             if (before != nullptr) {

@@ -38,8 +38,8 @@ void SettingsWindow::show(Form form) {
         m_view = makeView(form);
     }
     if (m_view->isVisible() && (m_view->isMinimized() || !m_view->isActiveWindow())) {
-        // It may be on another virtual desktop, from which window managers do not fetch a window that asks to
-        // be in front: one that appears does so where the user is.
+        // It may be on another virtual desktop. Window managers do not move a window from there when it asks
+        // to be raised, but they map a window on the current desktop.
         m_view->hide();
     }
     m_view->setWindowState(m_view->windowState() & ~Qt::WindowMinimized);

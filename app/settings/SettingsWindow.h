@@ -20,7 +20,7 @@ public:
         normal,
     };
 
-    /// For the settings of that manager, whose platform must outlive the window.
+    /// Edits the settings of that manager, whose platform must outlive the window.
     explicit SettingsWindow(DockManager& manager);
     ~SettingsWindow();
     SettingsWindow(const SettingsWindow&) = delete;

@@ -23,7 +23,7 @@ Slide::Slide(QWidget& widget, QVariant value) : m_widget(widget), m_value(std::m
 }
 
 void Slide::moveTo(const QVariant& target) {
-    // A desktop without animations says so by this hint.
+    // A style reports by this hint that animations are switched off.
     if (!m_widget.isVisible() ||
         m_widget.style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, &m_widget) <= 0) {
         jumpTo(target);

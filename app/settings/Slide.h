@@ -15,7 +15,7 @@ public:
 
     [[nodiscard]] const QVariant& value() const { return m_value; }
     void moveTo(const QVariant& target);
-    /// Changes the value at once in any case.
+    /// Changes the value without an animation.
     void jumpTo(const QVariant& target);
 
 private:

@@ -33,7 +33,7 @@ QRectF thumb(const QStyleOptionSlider& bar) {
 void SlimScrollBarStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     widget->setAttribute(Qt::WA_Hover);
-    // The form is seen around the thumb.
+    // The form shows around the thumb.
     widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
@@ -44,7 +44,7 @@ int SlimScrollBarStyle::pixelMetric(PixelMetric metric, const QStyleOption* opti
 
 int SlimScrollBarStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                   QStyleHintReturn* result) const {
-    // A bar that fades away would be drawn over the form rather than beside it.
+    // The toolkit lays transient bars over the contents.
     return hint == SH_ScrollBar_Transient ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
 }
 
@@ -54,7 +54,7 @@ QRect SlimScrollBarStyle::subControlRect(ComplexControl control, const QStyleOpt
     if (control != CC_ScrollBar || bar == nullptr) {
         return QProxyStyle::subControlRect(control, option, part, widget);
     }
-    // Presses beside the thumb count as well: the bar is narrow enough.
+    // The bar is narrow: presses count across its whole width.
     const QRect whole = bar->rect;
     const QRectF drawn = thumb(*bar);
     const int top = qRound(drawn.top());

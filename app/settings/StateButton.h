@@ -6,7 +6,7 @@
 namespace quillary {
 
 /// A check box or radio button that shows a state it does not own: a click only emits `clicked`, and the
-/// owner of the state answers with `setChecked`. Clicks count on the whole of it, and Return clicks as well.
+/// owner of the state answers with `setChecked`. The whole widget takes clicks, and Return clicks as well.
 ///
 /// `Button`: QCheckBox or QRadioButton.
 template<typename Button>
@@ -15,7 +15,7 @@ public:
     StateButton(const QString& name, QWidget* parent) : Button(name, parent) {
         this->setAccessibleName(name);
         this->setFocusPolicy(Qt::StrongFocus);
-        // Styles correct the place of what they would draw, which is not drawn here.
+        // Styles add margins for the indicator that they would draw.
         this->setAttribute(Qt::WA_LayoutUsesWidgetRect);
     }
 
@@ -35,7 +35,7 @@ protected:
         case Qt::Key_Right:
         case Qt::Key_Up:
         case Qt::Key_Down:
-            // The toolkit would move the focus by where buttons lie. The group, or the form, handles these.
+            // The toolkit would move the focus to the nearest button. The group or the form handles these.
             event->ignore();
             break;
         default:

@@ -128,7 +128,7 @@ void StepSlider::mousePressEvent(QMouseEvent* event) {
     const QPointF place = event->position();
     const QRectF circle = knob();
     if (circle.contains(place)) {
-        // Held where it was touched: holding alone changes nothing.
+        // The knob keeps its distance from the pointer: a press alone changes nothing.
         m_grip = circle.center().x() - place.x();
     } else {
         m_grip = 0;

@@ -6,8 +6,8 @@
 
 namespace quillary {
 
-/// A slider over the multiples of a step. It shows any value, and asks for multiples of the step only; the
-/// value is its owner's, who calls `setValue`. The wheel is not for it: it scrolls the form.
+/// A slider that shows any value but chooses only multiples of a step. It does not own the value: the owner
+/// calls `setValue`. It ignores the wheel, which scrolls the form.
 class StepSlider : public QWidget {
     Q_OBJECT
 
@@ -20,16 +20,16 @@ public:
 
     [[nodiscard]] Scale scale() const { return m_scale; }
     [[nodiscard]] double value() const { return m_value; }
-    /// Shows the value; one beyond the ends is shown at the end.
+    /// Shows the value; the knob of a value out of range stands at the end.
     void setValue(double value);
-    /// Asks for the multiple of the step next to the value, as the user would.
+    /// Emits `chosen` for the multiple of the step nearest to the value, as dragging to it does.
     void choose(double value);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 Q_SIGNALS:
-    /// The user asks for this value, which is not the one that is shown.
+    /// The user chose this value, which differs from the shown one.
     void chosen(int value);
 
 protected:
@@ -49,7 +49,7 @@ private:
 
     Scale m_scale;
     double m_value;
-    /// While the knob is held: where, as the distance of its middle from the pointer.
+    /// While the knob is dragged: from the pointer to its middle, points.
     std::optional<double> m_grip;
 };
 

@@ -36,7 +36,7 @@ private:
 
     DockStyle m_style;
     std::unique_ptr<MiniatureDock> m_miniature;
-    /// Its picture as it was last drawn, for the palette of that key.
+    /// The last picture of the miniature, and the key of the palette that it was drawn with.
     QImage m_dock;
     qint64 m_dockPalette = 0;
 };

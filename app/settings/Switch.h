@@ -25,7 +25,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// How far the knob is on its way, 0 off … 1 on.
+    /// The knob's place, from 0 (off) to 1 (on).
     Slide m_place{*this, 0.0};
 };
 
