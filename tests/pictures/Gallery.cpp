@@ -262,6 +262,8 @@ QImage picture(const Exhibit& exhibit, Omission omission) {
     const QSizeF size(geometry.frameSize());
     QImage image((size * exhibit.scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(exhibit.scale);
+    // At a fractional scale the last pixels are covered in part only.
+    image.fill(Qt::black);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     drawWallpaper(painter, QRectF({}, size));
