@@ -42,6 +42,17 @@ TEST(Spring, anInterruptedMovementGoesOnFromWhereItIs) {
     EXPECT_NEAR((spring.value(0.1 + 1e-6) - spring.value(0.1)) / 1e-6, speed, 0.01);
 }
 
+TEST(Spring, doesNotSettleWhereItCrossesItsTarget) {
+    Spring spring(0.3, 0.85, 1);
+    spring.moveTo(0, 0);
+    double crossing = 0;
+    while (spring.value(crossing) > 0) {
+        crossing += 1e-5;
+    }
+    EXPECT_NEAR(spring.value(crossing), 0, 1e-4);
+    EXPECT_FALSE(spring.settled(crossing));
+}
+
 TEST(Spring, settlesAtItsTarget) {
     Spring spring(0.32, 0.82, 1);
     EXPECT_TRUE(spring.settled(0));

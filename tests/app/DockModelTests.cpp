@@ -187,6 +187,17 @@ TEST_F(DockModelTest, bouncesFor6SecondsWhenNothingStarts) {
     EXPECT_FALSE(model().bouncing().contains(mail));
 }
 
+TEST_F(DockModelTest, furtherClicksDoNotProlongTheBouncing) {
+    startWith({mail});
+    model().open(mail);
+    platform.scheduler().advance(4);
+    model().open(mail);
+    platform.scheduler().advance(1.99);
+    EXPECT_TRUE(model().bouncing().contains(mail));
+    platform.scheduler().advance(0.02);
+    EXPECT_FALSE(model().bouncing().contains(mail));
+}
+
 TEST_F(DockModelTest, bouncesUntilTheApplicationRuns) {
     startWith({mail, notes});
     model().open(mail);

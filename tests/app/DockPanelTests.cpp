@@ -267,6 +267,22 @@ TEST_F(DockPanelTest, leavingAndReturningWithin600msKeepsTheDock) {
     EXPECT_FALSE(model().hidden());
 }
 
+TEST_F(DockPanelTest, theStripReaches2PointsBeyondTheWindow) {
+    setAutoHide(true);
+    point(640, 902.5);
+    EXPECT_TRUE(model().hidden());
+    point(640, 901.5);
+    EXPECT_FALSE(model().hidden());
+}
+
+TEST_F(DockPanelTest, aDockThatMovesUnderARestingPointerDoesNotReactToIt) {
+    platform.pointer().place = QPointF(640, 20);
+    configure([](DockConfig& config) { config.edge = DockEdge::top; });
+    turn();
+    ASSERT_TRUE(panel().frame().contains(640, 20));
+    EXPECT_EQ(model().mouse(), std::nullopt);
+}
+
 TEST_F(DockPanelTest, theStripAtTheEdgeRevealsAtOnce) {
     setAutoHide(true);
     ASSERT_TRUE(model().hidden());

@@ -255,6 +255,14 @@ TEST_F(DockSceneTest, aNewDotDamagesItsIconAlone) {
     EXPECT_FALSE(damage.contains(QPoint(100, 115)));
 }
 
+TEST_F(DockSceneTest, anIconExtendsToWhereItsShadowEnds) {
+    const DockScene::Icon icon{.path = mail,
+                               .rect = QRectF(100, 100, 48, 48),
+                               .shadow = {.opacity = 0.45, .radius = 5, .offset = {0, 1}}};
+    // Twice the radius, the offset, and a point for antialiasing.
+    EXPECT_EQ(DockScene::extentOf(icon), QRect(88, 88, 72, 72));
+}
+
 TEST_F(DockSceneTest, damageCoversEveryPartThatChanged) {
     shape(DockEdge::bottom, Magnification::subtle);
     const DockScene before = scene();

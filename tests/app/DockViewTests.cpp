@@ -1,3 +1,4 @@
+#include "app/view/BlurRegion.h"
 #include "app/view/DockView.h"
 #include "app/view/IconCache.h"
 #include "app/view/PixelFit.h"
@@ -230,6 +231,20 @@ TEST_F(DockViewTest, namesOfAnyLengthBecomeOneShortLine) {
     EXPECT_EQ(view->scene().label->text, QStringLiteral("a b"));
 }
 
+TEST_F(DockViewTest, labelsOfEquallyManyLettersHaveTheirOwnWidths) {
+    configure([](DockConfig& config) {
+        config.items = {"/Applications/iiiiii.app", "/Applications/WWWWWW.app"};
+    });
+    wait(1);
+    const DockGeometry geometry = model().geometry(model().cells());
+    const auto widthOn = [&](std::size_t index) {
+        model().setMouse(geometry.point(geometry.rowOffset() + geometry.restCenters[index], 40));
+        return view->scene().label.value().rect.width();
+    };
+    const double narrow = widthOn(0);
+    EXPECT_GT(widthOn(1), narrow + 10);
+}
+
 TEST_F(DockViewTest, aPressThatMovesMoreThan4PointsIsNoClick) {
     const DockGeometry geometry = model().geometry(model().cells());
     const QPointF second = geometry.point(geometry.rowOffset() + geometry.restCenters[1], 40);
@@ -328,6 +343,17 @@ TEST_F(DockViewTest, bubblesAreBlurredBehindOneByOne) {
     const auto& disc = *view->scene().icons.at(0).disc;
     EXPECT_TRUE(shownIn.blurRegion.contains(disc.center.toPoint()));
     EXPECT_FALSE(shownIn.blurRegion.contains(view->scene().background.rect.toAlignedRect().bottomLeft()));
+}
+
+TEST_F(DockViewTest, discsThatAreHardlyThereAreNotBlurredBehind) {
+    configure([](DockConfig& config) { config.style = DockStyle::bubbles; });
+    wait(1);
+    DockScene scene = view->scene();
+    scene.icons.resize(1);
+    scene.icons[0].presence = 0.49;
+    EXPECT_TRUE(blurRegion(scene).isEmpty());
+    scene.icons[0].presence = 0.5;
+    EXPECT_TRUE(blurRegion(scene).contains(scene.icons[0].disc->center.toPoint()));
 }
 
 TEST_F(DockViewTest, darkDesktopsHaveDarkDocks) {

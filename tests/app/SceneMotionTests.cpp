@@ -50,6 +50,23 @@ TEST_F(SceneMotionTest, aCellSetsOutFromWhereItIsSeen) {
     EXPECT_FALSE(moving());
 }
 
+TEST_F(SceneMotionTest, clearEndsTheMovementOfEveryPart) {
+    const DockScene seen = scene();
+    DockScene wanted = seen;
+    wanted.background.rect.setWidth(seen.background.rect.width() + 54);
+    wanted.icons[0].rect.translate(54, 0);
+    SceneMotion motion;
+    motion.retarget(seen, wanted, 0);
+    DockScene moved = wanted;
+    motion.apply(moved, 0.01);
+    EXPECT_LT(moved.background.rect.width(), wanted.background.rect.width() - 20);
+    EXPECT_LT(moved.icons[0].rect.left(), wanted.icons[0].rect.left() - 20);
+    motion.clear();
+    moved = wanted;
+    motion.apply(moved, 0.01);
+    EXPECT_EQ(moved, wanted);
+}
+
 TEST_F(SceneMotionTest, followsTheSpringOf03And085) {
     arrange({notes, mail});
     // One frame of the view is at most this late.
