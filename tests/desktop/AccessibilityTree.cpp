@@ -8,6 +8,7 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 
+#include <filesystem>
 #include <utility>
 
 namespace quillary::test {
@@ -20,6 +21,16 @@ const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Propert
 const QString launcher = QStringLiteral("org.a11y.Bus");
 const QString sessionName = QStringLiteral("quillary-tests-session");
 const QString accessibilityName = QStringLiteral("quillary-tests-accessibility");
+
+std::string busLauncher() {
+    for (const char* path :
+         {"/usr/libexec/at-spi-bus-launcher", "/usr/lib/at-spi2-core/at-spi-bus-launcher"}) {
+        if (std::filesystem::exists(path)) {
+            return path;
+        }
+    }
+    return "at-spi-bus-launcher";
+}
 
 QVariantList ask(const QDBusConnection& bus, const QString& service, const QString& path,
                  const QString& interface, const QString& method, const QVariantList& arguments) {
@@ -137,7 +148,7 @@ void AccessibleNode::setValue(double value) const {
 
 AccessibilityBus::AccessibilityBus(const std::string& sessionBus)
     : m_process(ChildProcess::start(
-          Surroundings::withMachineData({QUILLARY_ACCESSIBILITY_BUS, "--launch-immediately", "--a11y=1"}))) {
+          Surroundings::withMachineData({busLauncher(), "--launch-immediately", "--a11y=1"}))) {
     const auto session = QDBusConnection::connectToBus(QString::fromStdString(sessionBus), sessionName);
     QString address;
     VirtualDisplay::waitUntil([&] {

@@ -21,7 +21,7 @@ void SettingsWindowFixture::SetUp() {
     m_bus = std::make_unique<PrivateBus>();
     ASSERT_FALSE(m_bus->address().empty());
     m_accessibility = std::make_unique<AccessibilityBus>(m_bus->address());
-    ASSERT_TRUE(m_accessibility->isRunning());
+    ASSERT_TRUE(m_accessibility->isRunning()) << "no accessibility bus; at-spi2-core is needed";
 }
 
 void SettingsWindowFixture::TearDown() {

@@ -197,34 +197,4 @@ TEST_F(X11ScreensTest, whenTheWindowManagerGoesItsStrutsGoAfterAGrace) {
     EXPECT_TRUE(eventually([&] { return visible(0) == QRectF(0, 0, 1280, 900); }));
 }
 
-TEST(X11ScreensDummy, oneScreenNoneAndOneAgain) {
-    if (geteuid() != 0) {
-        GTEST_SKIP() << "the dummy server runs as root only";
-    }
-    VirtualDisplay display(VirtualDisplay::Server::xorgDummy);
-    if (!display.isRunning()) {
-        GTEST_SKIP() << display.error();
-    }
-    int count = 1;
-    char name[] = "x11-tests";
-    char* arguments[] = {name, nullptr};
-    const QApplication application(count, arguments);
-    QtScheduler scheduler;
-    const auto connection = X11Connection::open();
-    X11ClientList clients(*connection, scheduler);
-    const X11Screens screens(*connection, clients);
-    ASSERT_EQ(screens.list().size(), 1U);
-    const auto before = screens.list();
-
-    ASSERT_EQ(display.run({"xrandr", "--output", "DUMMY0", "--off"}), 0);
-    EXPECT_TRUE(VirtualDisplay::waitUntil([&] { return screens.list().empty(); }));
-    ASSERT_EQ(display.run({"xrandr", "--output", "DUMMY0", "--auto"}), 0);
-    EXPECT_TRUE(VirtualDisplay::waitUntil([&] { return screens.list().size() == 1; }));
-    EXPECT_EQ(screens.list()[0].displayNumber, before[0].displayNumber);
-
-    ASSERT_EQ(display.run({"xrandr", "--output", "DUMMY0", "--mode", "800x600"}), 0);
-    EXPECT_TRUE(VirtualDisplay::waitUntil(
-        [&] { return screens.list().size() == 1 && screens.list()[0].frame == QRectF(0, 0, 800, 600); }));
-}
-
 } // namespace quillary

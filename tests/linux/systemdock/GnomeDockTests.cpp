@@ -1,6 +1,7 @@
 #include "platform/linux/systemdock/GnomeDock.h"
 #include "tests/linux/LinesLog.h"
 #include "tests/linux/World.h"
+#include "tests/linux/systemdock/GnomeSchemaCheck.h"
 #include "tests/linux/systemdock/HiderRun.h"
 
 #include <gtest/gtest.h>

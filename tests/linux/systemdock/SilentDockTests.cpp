@@ -1,5 +1,6 @@
 #include "tests/linux/bus/SilentBus.h"
 #include "tests/linux/systemdock/BusDockTest.h"
+#include "tests/linux/systemdock/GnomeSchemaCheck.h"
 #include "tests/surroundings/Surroundings.h"
 
 #include <gtest/gtest.h>
@@ -31,7 +32,6 @@ TEST_F(SilentDockTest, panelsAreGivenUpAfterASecond) {
     }
 }
 
-#ifdef QUILLARY_DOCK_SCHEMAS
 TEST_F(SilentDockTest, gnomesSettingsAreGivenUpAfterASecond) {
     const auto dock = newDock("GNOME");
     ASSERT_NE(dock, nullptr);
@@ -40,7 +40,6 @@ TEST_F(SilentDockTest, gnomesSettingsAreGivenUpAfterASecond) {
     EXPECT_EQ(log.lines, (Lines{"Quillary: could not be sure of GNOME's dock: the settings service does not "
                                 "answer"}));
 }
-#endif
 
 } // namespace
 
@@ -51,9 +50,7 @@ int main(int argc, char** argv) {
     ::setenv("GSETTINGS_BACKEND", "dconf", 1);
     // The backend is a module of the machine's.
     ::unsetenv("GIO_MODULE_DIR");
-#ifdef QUILLARY_DOCK_SCHEMAS
     ::setenv("GSETTINGS_SCHEMA_DIR", QUILLARY_DOCK_SCHEMAS, 1);
-#endif
     ::testing::InitGoogleTest(&argc, argv);
     const int result = RUN_ALL_TESTS();
     quillary::test::World::leave();
