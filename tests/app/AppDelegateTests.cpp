@@ -62,7 +62,7 @@ TEST_F(AppDelegateTest, theFirstRunGreetsOnceAfterNotingIt) {
     EXPECT_TRUE(stored().onboarded);
 }
 
-TEST_F(AppDelegateTest, theNextRunDoesNot) {
+TEST_F(AppDelegateTest, theSecondRunDoesNotGreet) {
     { AppDelegate(platform).applicationDidFinishLaunching(); }
     delegate.applicationDidFinishLaunching();
     EXPECT_EQ(window(delegate), nullptr);

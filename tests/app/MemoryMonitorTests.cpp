@@ -241,14 +241,12 @@ TEST(MemoryMonitorWorkers, anOlderSampleNeverReplacesANewerOne) {
 
 TEST(MemoryMonitorWorkers, theEndDoesNotWaitForASampleThatHangs) {
     GatedSource source;
-    QElapsedTimer clock;
     {
         QtScheduler scheduler;
         MemoryMonitor monitor(scheduler, source);
         monitor.setActive(true);
-        clock.start();
     }
-    EXPECT_LT(clock.elapsed(), 2000);
+    // An end that waited for the sample would never get here, where its gate opens.
     source.gates->at(0).release();
 }
 

@@ -4,6 +4,7 @@
 #include "tests/app/SceneState.h"
 
 #include <cmath>
+#include <map>
 #include <numbers>
 
 namespace quillary::test {
@@ -119,10 +120,14 @@ TEST_F(StyleSceneTest, filesOverItAreAnswered) {
 }
 
 TEST_F(StyleSceneTest, iconsCastTheShadowOfTheirStyle) {
-    for (const DockStyle style : allCases<DockStyle>()) {
-        const Shadow expected =
-            style == DockStyle::minimal ? Shadow{0.45, 5, {0, 1}} : Shadow{0.15, 2, {0, 1}};
-        EXPECT_EQ(scene(style).icons[0].shadow, expected) << rawValue(style);
+    const std::map<DockStyle, Shadow> expected{
+        {DockStyle::glass, {0.15, 2, {0, 1}}},   {DockStyle::pill, {0.15, 2, {0, 1}}},
+        {DockStyle::bubbles, {0.15, 2, {0, 1}}}, {DockStyle::minimal, {0.45, 5, {0, 1}}},
+        {DockStyle::shelf, {0.15, 2, {0, 1}}},
+    };
+    EXPECT_EQ(expected.size(), allCases<DockStyle>().size());
+    for (const auto& [style, shadow] : expected) {
+        EXPECT_EQ(scene(style).icons[0].shadow, shadow) << rawValue(style);
     }
 }
 

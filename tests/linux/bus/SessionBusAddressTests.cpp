@@ -1,6 +1,6 @@
 #include "platform/linux/bus/SessionBusAddress.h"
-#include "tests/linux/SilentBus.h"
 #include "tests/linux/World.h"
+#include "tests/linux/bus/SilentBus.h"
 
 #include <gtest/gtest.h>
 

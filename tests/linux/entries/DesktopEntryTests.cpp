@@ -122,12 +122,16 @@ TEST_F(DesktopEntryTest, hostileFilesAreRefused) {
     EXPECT_FALSE(readDesktopEntry((World::home() / "missing.desktop").string(), "missing.desktop", {}));
 }
 
-TEST_F(DesktopEntryTest, thousandsOfKeysAreRead) {
-    std::string text = "[Desktop Entry]\nType=Application\nName=A\nExec=a\n";
+TEST_F(DesktopEntryTest, whatComesAfterThousandsOfKeysIsReadToo) {
+    std::string text = "[Desktop Entry]\nType=Application\nName=A\n";
     for (int index = 0; index < 20000; ++index) {
         text += "X-Key" + std::to_string(index) + "=value\n";
     }
-    EXPECT_TRUE(read(text));
+    const auto entry = read(text + "Exec=last\nStartupWMClass=Last\n");
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->name, "A");
+    EXPECT_EQ(entry->program, "last");
+    EXPECT_EQ(entry->startupWmClass, "Last");
 }
 
 TEST_F(DesktopEntryTest, commandThatIsNotQuotedRightNamesNoProgram) {

@@ -20,37 +20,28 @@ namespace quillary::test {
 
 namespace {
 
-double seconds(const std::function<void()>& work) {
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-TEST(SilentBus, callsReturnAtOnceAndTheWorkerGivesUp) {
-    const SilentBus bus(World::root() / "bus");
+TEST(SilentBusTest, callsReturnAtOnceAndTheWorkerGivesUp) {
+    SilentBus bus(World::root() / "bus");
     ::setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
     ManualScheduler scheduler;
     LinesLog log;
     Launcher launcher(scheduler, log);
     const auto entry = install("a.desktop", "Name=A\nExec=true");
-    EXPECT_LT(seconds([&] {
-                  launcher.launch(entry);
-                  launcher.reveal("/tmp");
-                  launcher.open("/tmp");
-              }),
-              0.1);
-    EXPECT_LT(seconds([&] {
-                  while (scheduler.finishWork()) {
-                  }
-              }),
-              30.0);
+    launcher.launch(entry);
+    launcher.reveal("/tmp");
+    launcher.open("/tmp");
+    EXPECT_EQ(bus.connections(), 0U) << "the calls leave the bus to the worker";
+    while (scheduler.finishWork()) {
+    }
+    EXPECT_EQ(bus.connections(), 1U);
+    EXPECT_FALSE(bus.isGivenUp()) << "the worker went on although its connection still waits";
     EXPECT_EQ(log.lines, (std::vector<std::string>{
                              "Quillary: could not launch " + entry + ": the session bus does not answer",
                              "Quillary: could not reveal /tmp: the session bus does not answer",
                              "Quillary: could not open /tmp: the session bus does not answer"}));
 }
 
-TEST(SilentBus, userManagerThatSaysNothingIsGivenUp) {
+TEST(SilentBusTest, userManagerThatSaysNothingIsGivenUp) {
     std::filesystem::create_directories(World::root() / "runtime");
     const SilentBus bus(World::root() / "runtime" / "bus");
     const auto ended = std::make_shared<std::promise<void>>();

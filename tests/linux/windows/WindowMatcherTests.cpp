@@ -302,11 +302,15 @@ TEST(WindowMatcher, processesTellTheirEntryWhereWindowsDoNot) {
     }
 }
 
-TEST(WindowMatcher, emptyIndexMatchesNothing) {
-    const EntryIndex none;
+TEST(WindowMatcher, aWindowThatSaysNothingMatchesNoEntryThatSaysNothing) {
+    DesktopEntry blank;
+    blank.id = ".desktop";
+    blank.path = "/usr/share/applications/.desktop";
+    const EntryIndex entries({blank});
+    EXPECT_EQ(WindowMatcher(entries).match({}, {}), nullptr);
     WindowInfo window;
     window.windowClass = "Firefox";
-    EXPECT_EQ(WindowMatcher(none).match(window, {}), nullptr);
+    EXPECT_EQ(WindowMatcher(entries).match(window, {}), nullptr);
 }
 
 } // namespace
