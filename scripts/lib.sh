@@ -50,3 +50,21 @@ wait_until() {
         sleep 0.1
     done
 }
+
+# run_tests PRESET [CTEST-ARGUMENT...]: runs the tests of a built preset. They get the same surroundings everywhere:
+# nothing of the caller's desktop, and a home that is removed afterwards.
+run_tests() {
+    local preset=$1 home status=0
+    shift
+    home=$(mktemp -d)
+    env -u DISPLAY -u WAYLAND_DISPLAY -u XAUTHORITY -u DBUS_SESSION_BUS_ADDRESS -u XDG_RUNTIME_DIR \
+        -u XDG_CONFIG_HOME -u XDG_DATA_HOME -u XDG_CACHE_HOME -u XDG_CURRENT_DESKTOP HOME="$home" \
+        ctest --preset "$preset" --no-tests=error "$@" || status=$?
+    rm -rf "$home"
+    return "$status"
+}
+
+# Most of the slow tests wait for a server, a window or an animation most of the time.
+test_jobs() {
+    printf '%s\n' $((2 * $(cores)))
+}
