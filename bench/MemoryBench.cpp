@@ -24,7 +24,7 @@ double processorTime() {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
-/// Samples four seconds apart by the clock that they are told. "core" is the share of one core.
+/// Samples taken four seconds apart by the clock that is passed to them. "core" is the share of one core.
 void sampleAgainAndAgain(benchmark::State& state, const std::filesystem::path& proc, std::int32_t window) {
     double now = 0;
     const MemorySurroundings surroundings{.processes = ProcFilesystem(proc),

@@ -16,7 +16,7 @@ class DockModel;
 class FileFacts;
 
 /// What a dock shows, apart from what moves. A plain value, so that a scene can also be built for a dock
-/// without a model. All paths are those of cells.
+/// without a model. Paths that no cell has are without effect.
 struct DockContents {
     using Paths = std::set<std::string, std::less<>>;
 
