@@ -41,7 +41,7 @@ std::size_t SilentBus::connections() {
 }
 
 bool SilentBus::isGivenUp() {
-    connections();
+    static_cast<void>(connections());
     return std::ranges::any_of(m_clients, [](int client) {
         pollfd state{.fd = client, .events = POLLRDHUP, .revents = 0};
         return ::poll(&state, 1, 0) > 0;
