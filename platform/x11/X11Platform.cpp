@@ -98,11 +98,11 @@ Workspace& X11Platform::workspace() {
 }
 
 const FileFacts& X11Platform::files() const {
-    return parts->workspace;
+    return m_parts->workspace;
 }
 
 const FileIcons& X11Platform::icons() const {
-    return parts->workspace;
+    return m_parts->workspace;
 }
 
 SystemDockPreferences& X11Platform::systemDock() {
