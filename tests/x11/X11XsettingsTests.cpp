@@ -1,4 +1,4 @@
-#include "platform/Workspace.h"
+#include "platform/FileIcons.h"
 #include "platform/x11/X11Platform.h"
 #include "platform/x11/X11Xsettings.h"
 #include "tests/core/TemporaryFolder.h"
@@ -78,7 +78,7 @@ TEST_F(X11XsettingsTest, thePlatformsIconsAreOfTheManagersTheme) {
     manager->setText("_XSETTINGS_SETTINGS", XsettingsBytes().text("Net/IconThemeName", "of-session").bytes());
     const auto platform = X11Platform::open();
     ASSERT_NE(platform, nullptr);
-    static_cast<void>(platform->workspace().icon("/"));
+    static_cast<void>(platform->icons().icon("/"));
     EXPECT_EQ(QIcon::themeName(), QStringLiteral("of-session"));
 }
 

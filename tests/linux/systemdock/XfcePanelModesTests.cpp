@@ -252,7 +252,7 @@ TEST_F(XfcePanelModesTest, aServiceThatHasGoneKeepsWhatWasPutAside) {
     EXPECT_EQ(again.all(), own);
 }
 
-TEST_F(XfcePanelsTest, aRelativeConfigurationFolderIsNotWhereValuesArePutAside) {
+TEST_F(XfcePanelModesTest, aRelativeConfigurationFolderIsNotWhereValuesArePutAside) {
     ::setenv("XDG_CURRENT_DESKTOP", "XFCE", 1);
     ::setenv("XDG_CONFIG_HOME", "relative", 1);
     ManualScheduler scheduler;
