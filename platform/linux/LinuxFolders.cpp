@@ -1,10 +1,12 @@
 #include "platform/linux/LinuxFolders.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <string_view>
 
-#include <glib.h>
+#include <pwd.h>
+#include <unistd.h>
 
 namespace quillary::LinuxFolders {
 
@@ -38,11 +40,20 @@ std::vector<fs::path> folders(const char* name, std::string_view otherwise) {
     return result;
 }
 
+fs::path homeInUserDatabase() {
+    std::array<char, 4096> buffer{};
+    passwd entry{};
+    passwd* found = nullptr;
+    const bool known =
+        ::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found != nullptr;
+    return known && entry.pw_dir != nullptr ? fs::path(entry.pw_dir) : fs::path("/");
+}
+
 } // namespace
 
 fs::path home() {
-    const fs::path configured(variable("HOME"));
-    return configured.empty() ? fs::path(g_get_home_dir()) : configured;
+    fs::path configured(variable("HOME"));
+    return configured.is_absolute() ? configured : homeInUserDatabase();
 }
 
 fs::path configuration() {

@@ -63,7 +63,7 @@ protected:
         std::vector<std::string> command{QUILLARY_DRAG_SOURCE};
         command.insert(command.end(), urls.begin(), urls.end());
         display.start(command);
-        ASSERT_TRUE(eventually([&] { return windowOf("quillary-drag-source") != XCB_WINDOW_NONE; }));
+        ASSERT_TRUE(eventually([&] { return windowOf("quillary_desktop_drag_source") != XCB_WINDOW_NONE; }));
         VirtualDisplay::runFor(500);
     }
 

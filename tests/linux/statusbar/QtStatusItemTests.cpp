@@ -246,16 +246,6 @@ TEST_F(QtStatusItemTest, theEndOfTheBusIsSurvived) {
     VirtualDisplay::runFor(200);
 }
 
-TEST_F(QtStatusItemTest, withoutABusNothingIsShown) {
-    setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus", 1);
-    ASSERT_TRUE(startTray());
-    startItem();
-    // The symbol in the tray shows that the item has found out; it uses the bus where there is one.
-    EXPECT_TRUE(eventually([this] { return symbolSeen(); }));
-    item->setTrayPresent(false);
-    EXPECT_TRUE(eventually([this] { return !item->isShown() && !symbolSeen(); }));
-}
-
 TEST_F(QtStatusItemTest, aBusThatSaysNothingHoldsNothingUp) {
     startApplication();
     auto silent = std::make_unique<test::SilentBus>(test::Surroundings::root() / "silent-bus");

@@ -61,6 +61,17 @@ TEST_F(TrayTest, withoutABusTheTrayShowsTheSymbol) {
     EXPECT_TRUE(appears());
 }
 
+TEST_F(TrayTest, withoutABusAndWithoutATrayNothingIsShown) {
+    setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus", 1);
+    ASSERT_TRUE(startTray());
+    startItem();
+    // The symbol in the tray shows that the item knows that there is no bus: it prefers one.
+    ASSERT_TRUE(appears());
+    stopTray();
+    EXPECT_TRUE(disappears());
+    EXPECT_FALSE(item->isShown());
+}
+
 TEST_F(TrayTest, aWatcherThatComesLaterTakesOverFromTheTrayAndGivesBack) {
     ASSERT_TRUE(startTray());
     startItem();
