@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# What the scripts share; they source it, nobody runs it.
+# Functions that the scripts share. They source this file; it is not run by itself.
 
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 export ROOT
@@ -30,7 +30,7 @@ build_dir() {
 # Prints the project's files that match the patterns, new ones that git ignores not included, NUL after each.
 project_files() {
     local file
-    # The folder may belong to another user, as on machines that check out as root and test as somebody else.
+    # The folder may belong to another user, as on machines that check out as root and test as another user.
     git -C "$ROOT" -c safe.directory="$ROOT" ls-files -z --cached --others --exclude-standard -- "$@" | while IFS= read -r -d '' file; do
         if [[ -f $ROOT/$file ]]; then # a file deleted but not yet committed is still listed
             printf '%s\0' "$file"

@@ -55,7 +55,7 @@ CSS
     settings >"$XDG_CONFIG_HOME/Quillary/settings.json"
 }
 
-# LEFT has a dock that somebody made their own; RIGHT is met for the first time and starts with the desktop's usual
+# LEFT has a dock that was customised; RIGHT is connected for the first time and starts with the desktop's usual
 # applications. A screen without a serial number is known by the 32-bit FNV-1a of its name.
 settings() {
     local apps=/usr/share/applications

@@ -74,8 +74,8 @@ public:
     Watch& operator=(const Watch&) = delete;
     ~Watch() { xcb_disconnect(connection); }
 
-    /// Moves, sizes, unmaps, maps, reparents and the end; stacking is told as a configuration of the same
-    /// place.
+    /// Moves, sizes, unmaps, maps, reparents and the end; a change of stacking arrives as a configuration of
+    /// the same place.
     [[nodiscard]] int events() {
         sync();
         while (auto* event = xcb_poll_for_event(connection)) {

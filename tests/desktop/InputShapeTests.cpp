@@ -80,8 +80,9 @@ TEST_F(InputShapeTest, clicksBesideTheRowReachTheWindowBelow) {
 
     display.click(QPoint(1840, 693));
     EXPECT_TRUE(eventually([&] { return below.clicks() == 1; })) << "in the room for labels";
-    // The first icon's middle. Its label, which is not quite white, tells that the pointer has arrived:
-    // openbox loses a click that comes right after another. What it starts tells when the click has arrived.
+    // The first icon's middle. Its label, which is not quite white, shows that the pointer has arrived:
+    // openbox loses a click that comes right after another. The program that it starts shows that the click
+    // has arrived.
     display.movePointer(QPoint(1784, 756));
     ASSERT_TRUE(eventually([&] { return colourAt(QPoint(1772, 713)) != QColor(Qt::white); }));
     display.click(QPoint(1784, 756));

@@ -1,11 +1,11 @@
-// An application that uses memory as it is told. Arguments: class, then "name=number" in MiB, of
+// An application that uses memory as its arguments say. Arguments: class, then "name=number" in MiB, of
 //   anonymous  its own              shared  one piece, used by all its processes
 //   forked     written before its children were forked, so that all share it
 //   private    each child's own     lazy    written, then given back by MADV_FREE
 //   swapped    written, then pushed out to swap
-// and children=N; detached=N, a process that gave up its parent and uses that much; nodump=1, let nobody read
-// it; wave=SECONDS, its own memory grows and shrinks with that period. When everything is in place it shows a
-// window of that class; of the class "-" none.
+// and children=N; detached=N, a process that gave up its parent and uses that much; nodump=1, let no other
+// process read it; wave=SECONDS, its own memory grows and shrinks with that period. When everything is in
+// place it shows a window of that class; of the class "-" none.
 
 #include <xcb/xcb.h>
 #include <xcb/xcb_icccm.h>

@@ -97,7 +97,7 @@ protected:
         display.movePointer(farAway);
         return eventually([&] { return isHidden(left); });
     }
-    /// Compares with what stands now, and tells it to who reads the output.
+    /// Compares with the present figures and prints both.
     void expectNoGrowth(const Figures& before, const std::string& what) {
         // What menus leave for the event loop to free goes with the next idle moment.
         ASSERT_TRUE(eventually([&] {

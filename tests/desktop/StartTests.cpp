@@ -13,7 +13,7 @@ const QColor red(220, 20, 20);
 const QRect iconInPlace(616, 833, 48, 48);
 const QPoint icon(640, 857);
 
-/// What the desktop is told of programs that start, and the X server's clock.
+/// What the desktop is sent about programs that start, and the X server's clock.
 class Listener {
 public:
     explicit Listener(const VirtualDisplay& host)

@@ -1,4 +1,4 @@
-// An application as far as a dock can tell: a window with a class. Arguments: class [x y width height].
+// All that a dock sees of an application: a window with a class. Arguments: class [x y width height].
 
 #include <xcb/xcb.h>
 #include <xcb/xcb_icccm.h>

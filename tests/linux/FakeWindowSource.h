@@ -7,7 +7,7 @@
 
 namespace quillary::test {
 
-/// Windows that a test makes up. Records what is asked of them; changes are told when the test emits the
+/// Windows that a test makes up. Records the requests for them; changes are announced when the test emits the
 /// signals.
 class FakeWindowSource final : public WindowSource {
     Q_OBJECT

@@ -6,8 +6,9 @@
 
 namespace quillary::test {
 
-/// The environment that every test program runs in, whoever starts it. It is set before main() and before any
-/// static object is made, so it also holds for a program started by hand and for the listing of its tests:
+/// The environment that every test program runs in, however it is started. It is set before main() and before
+/// any static object is made, so it also holds for a program started by hand and for the listing of its
+/// tests:
 ///
 /// - HOME and the folders of the XDG base directory specification lie in a new folder (mode 0700 each), which
 ///   the process that made it removes at its exit; children that it forks do not;

@@ -10,7 +10,7 @@ public:
     enum class Manager {
         /// The window manager decides, as with any application.
         asked,
-        /// It stands exactly where it is told (override-redirect).
+        /// Placed exactly where requested (override-redirect).
         bypassed,
     };
 

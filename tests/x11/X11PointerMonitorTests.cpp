@@ -103,7 +103,7 @@ TEST_F(X11PointerMonitorTest, looksOnceMoreAMomentAfterTheLastMovement) {
     startPointer();
     display.movePointer(QPoint(610, 410));
     ASSERT_TRUE(eventually([&] { return !told.empty(); }));
-    // Stands for a place that the server told nobody of.
+    // Stands for a location that the server did not report.
     display.warpPointer(QPoint(50, 60));
     EXPECT_TRUE(eventually([&] { return told.back() == QPointF(50, 60); }));
     const auto before = requestsSoFar(pointerConnection);

@@ -14,7 +14,7 @@ const std::string session = "/user.slice/user-1000.slice/session-2.scope";
 const std::string apps = "/user.slice/user-1000.slice/user@1000.service/app.slice";
 constexpr std::int32_t ownPid = 900;
 
-// A desktop whose processes a test lists; pid 1 is nobody's.
+// A desktop whose processes a test lists; pid 1 belongs to no application.
 class ApplicationOwnersTest : public WorldTest {
 protected:
     void SetUp() override {

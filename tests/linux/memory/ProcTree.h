@@ -21,7 +21,7 @@ struct ProcEntry {
     std::uint64_t anonymous = 0;
     std::uint64_t shared = 0;
     std::uint64_t swapped = 0;
-    /// What smaps_rollup says; absent when nobody may read it.
+    /// What smaps_rollup says; absent when it may not be read.
     struct Exact {
         std::uint64_t anonymous = 0;
         std::uint64_t lazilyFreed = 0;
