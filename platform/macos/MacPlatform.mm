@@ -58,11 +58,11 @@ Workspace& MacPlatform::workspace() {
 }
 
 const FileFacts& MacPlatform::files() const {
-    return parts->workspace;
+    return m_parts->workspace;
 }
 
 const FileIcons& MacPlatform::icons() const {
-    return parts->workspace;
+    return m_parts->workspace;
 }
 
 SystemDockPreferences& MacPlatform::systemDock() {
