@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -15,18 +16,21 @@ struct DockCell {
     /// Whether an item is in the configuration or is shown because it runs.
     enum class Origin : std::uint8_t { pinned, running };
 
-    static DockCell item(std::string path, Origin origin) {
-        return {Kind::item, std::move(path), origin == Origin::pinned};
+    /// `occurrence` is the number of cells of the same path before it.
+    static DockCell item(std::string path, Origin origin, std::size_t occurrence = 0) {
+        return {Kind::item, std::move(path), occurrence, origin == Origin::pinned};
     }
     static DockCell separator() { return {}; }
 
     [[nodiscard]] bool isItem() const { return kind == Kind::item; }
-    /// The identity under which the view keeps an entry's on-screen state: the path, or "separator".
+    /// The path, or "separator". Cells of one path differ in their occurrence.
     [[nodiscard]] std::string_view id() const { return isItem() ? std::string_view(path) : "separator"; }
 
     Kind kind = Kind::separator;
     /// Absolute path; empty for the separator.
     std::string path;
+    /// How many cells of the same path precede it.
+    std::size_t occurrence = 0;
     bool pinned = false;
 
     bool operator==(const DockCell&) const = default;

@@ -10,6 +10,8 @@
 #include "platform/Workspace.h"
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_map>
 
 namespace quillary {
 
@@ -81,8 +83,9 @@ std::vector<DockCell> DockModel::listedCells() const {
     const auto& pinned = m_config.items;
     std::vector<DockCell> result;
     result.reserve(pinned.size() + 1 + running->apps().size());
+    std::unordered_map<std::string_view, std::size_t> occurrences;
     for (const std::string& path : pinned) {
-        result.push_back(DockCell::item(path, DockCell::Origin::pinned));
+        result.push_back(DockCell::item(path, DockCell::Origin::pinned, occurrences[path]++));
     }
     if (!m_config.showRunning) {
         return result;
@@ -97,7 +100,7 @@ std::vector<DockCell> DockModel::listedCells() const {
             result.push_back(DockCell::separator());
             separated = true;
         }
-        result.push_back(DockCell::item(*path, DockCell::Origin::running));
+        result.push_back(DockCell::item(*path, DockCell::Origin::running, occurrences[*path]++));
     }
     return result;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ItemId.h"
 #include "app/view/Materials.h"
 #include "core/DockEdge.h"
 #include "core/DockStyle.h"
@@ -10,6 +11,7 @@
 #include <QSizeF>
 #include <QString>
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -81,6 +83,8 @@ struct DockScene {
     };
     struct Icon {
         std::string path;
+        /// How many icons of the same path precede it.
+        std::size_t occurrence = 0;
         /// The square of its image.
         QRectF rect;
         double opacity = 1;
@@ -94,6 +98,10 @@ struct DockScene {
         std::optional<Disc> disc{};
         std::optional<Dot> dot{};
         std::optional<Pill> pill{};
+        [[nodiscard]] ItemId id() const { return {path, occurrence}; }
+        [[nodiscard]] bool is(const ItemId& item) const {
+            return occurrence == item.occurrence && path == item.path;
+        }
         bool operator==(const Icon&) const = default;
     };
     struct Separator {

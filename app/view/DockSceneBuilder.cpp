@@ -187,11 +187,16 @@ DockScene::Icon icon(const DockContents& contents, const Moment& moment, std::si
     const double raised = contents.launching.contains(path) ? hop(state.time, size) : 0;
     const QPointF center = geometry.point(along, size / 2 + iconGap + raised);
     DockScene::Icon result{.path = path,
+                           .occurrence = moment.cells[index].occurrence,
                            .rect = centred(center, size, size),
                            .opacity = contents.missing.contains(path) ? missingOpacity : 1,
-                           .shadow = DockScene::iconShadow(geometry.style),
-                           .pressed = state.pressedPath == path ? state.pressed : 0,
-                           .highlight = state.targetedPath == path ? targetedOpacity : 0};
+                           .shadow = DockScene::iconShadow(geometry.style)};
+    if (result.is(state.pressedItem)) {
+        result.pressed = state.pressed;
+    }
+    if (state.targetedItem && result.is(*state.targetedItem)) {
+        result.highlight = targetedOpacity;
+    }
     if (geometry.style == DockStyle::bubbles) {
         result.disc = {center, size * DockScene::discShare};
     }

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "app/ItemId.h"
+
 #include <optional>
-#include <string>
 
 namespace quillary {
 
@@ -16,9 +17,9 @@ struct DockSceneState {
     /// Whether dragged files hover over the background.
     bool dropTargeted = false;
     /// The item that would take what is dragged over it.
-    std::optional<std::string> targetedPath{};
+    std::optional<ItemId> targetedItem{};
     /// The item that is pressed or springs back, and how far it is pressed, 0…1.
-    std::string pressedPath{};
+    ItemId pressedItem{};
     double pressed = 0;
     /// Seconds of the clock by which launching icons hop.
     double time = 0;

@@ -116,9 +116,9 @@ DockSceneState DockView::state(double now) {
     return {.mouseAxis = m_mouseAxis,
             .magnified = m_magnified.value(now),
             .hidden = m_hidden.settled(now) ? m_hidden.target() : m_hidden.value(now),
-            .dropTargeted = m_drag.target() && !m_drag.target()->path,
-            .targetedPath = m_drag.target() ? m_drag.target()->path : std::nullopt,
-            .pressedPath = m_press.path(),
+            .dropTargeted = m_drag.target() && !m_drag.target()->item,
+            .targetedItem = m_drag.target() ? m_drag.target()->item : std::nullopt,
+            .pressedItem = m_press.item(),
             .pressed = m_press.amount(now),
             .time = now};
 }
@@ -254,7 +254,7 @@ void DockView::paintEvent(QPaintEvent* event) {
 void DockView::mousePressEvent(QMouseEvent* event) {
     const double now = m_platform.scheduler().now();
     if (event->button() == Qt::LeftButton) {
-        m_press.down(event->position(), pathAt(event->position()), now);
+        m_press.down(event->position(), itemAt(event->position()), now);
         refresh(Contents::asKnown);
     } else if (event->button() == Qt::RightButton) {
         m_press.cancel(now);
@@ -275,10 +275,10 @@ void DockView::mouseMoveEvent(QMouseEvent* event) {
 
 void DockView::movePress(QPointF position) {
     if (const auto start = m_press.move(position, m_platform.scheduler().now())) {
-        const auto path = pathAt(*start);
+        const auto item = itemAt(*start);
         refresh(Contents::asKnown);
-        if (path) {
-            beginDrag(*path);
+        if (item) {
+            beginDrag(*item);
         }
     }
 }
@@ -289,25 +289,26 @@ void DockView::mouseReleaseEvent(QMouseEvent* event) {
     }
     const auto click = m_press.up(event->position(), m_platform.scheduler().now());
     refresh(Contents::asKnown);
-    if (const auto path = click ? pathAt(*click) : std::nullopt) {
-        m_model->open(*path);
+    if (const auto item = click ? itemAt(*click) : std::nullopt) {
+        m_model->open(item->path);
     }
 }
 
 // Deferred: the drag runs a nested event loop, in which the view may be destroyed.
-void DockView::beginDrag(const std::string& path) {
+void DockView::beginDrag(const ItemId& item) {
     m_dragWork = m_platform.scheduler().after(
-        0, [start = startDrag, path, picture = dragPicture(path)] { start(path, picture); });
+        0, [start = startDrag, path = item.path, picture = dragPicture(item)] { start(path, picture); });
 }
 
-QImage DockView::dragPicture(const std::string& path) {
-    const auto icon = std::ranges::find(m_scene.icons, path, &DockScene::Icon::path);
+QImage DockView::dragPicture(const ItemId& item) {
+    const auto icon =
+        std::ranges::find_if(m_scene.icons, [&](const DockScene::Icon& shown) { return shown.is(item); });
     if (icon == m_scene.icons.end()) {
         return {};
     }
     const double ratio = devicePixelRatioF();
     const int side = std::max(1, static_cast<int>(std::lround(icon->rect.width() * ratio)));
-    QImage picture = m_icons->icon(path).pixmap(QSize(side, side), 1.0).toImage();
+    QImage picture = m_icons->icon(item.path).pixmap(QSize(side, side), 1.0).toImage();
     picture.setDevicePixelRatio(ratio);
     return picture;
 }
@@ -340,9 +341,9 @@ void DockView::dropEvent(QDropEvent* event) {
 }
 
 // Uses what is shown and where the button went down, as the pointer may have moved since.
-std::optional<std::string> DockView::pathAt(QPointF position) const {
+std::optional<ItemId> DockView::itemAt(QPointF position) const {
     const DockScene::Icon* icon = m_scene.iconAt(scenePoint(position), DockScene::Reach::column);
-    return icon != nullptr ? std::optional(icon->path) : std::nullopt;
+    return icon != nullptr ? std::optional(icon->id()) : std::nullopt;
 }
 
 QPointF DockView::scenePoint(QPointF position) const {

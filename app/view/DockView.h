@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ItemId.h"
 #include "app/view/Animation.h"
 #include "app/view/Appearance.h"
 #include "app/view/DockContents.h"
@@ -84,10 +85,10 @@ private:
     void followMouse();
     void followHidden();
     void movePress(QPointF position);
-    void beginDrag(const std::string& path);
+    void beginDrag(const ItemId& item);
     void hover(QDropEvent& event);
     [[nodiscard]] QPointF scenePoint(QPointF position) const;
-    [[nodiscard]] QImage dragPicture(const std::string& path);
+    [[nodiscard]] QImage dragPicture(const ItemId& item);
     void refresh(Contents reading, Movement movement = Movement::none);
     void setScene(DockScene next);
     void updateShape();
@@ -101,7 +102,7 @@ private:
     [[nodiscard]] QString labelText(const std::string& path);
     [[nodiscard]] double labelWidth(const QString& text);
     [[nodiscard]] Appearance appearance() const;
-    [[nodiscard]] std::optional<std::string> pathAt(QPointF position) const;
+    [[nodiscard]] std::optional<ItemId> itemAt(QPointF position) const;
 
     std::shared_ptr<DockModel> m_model;
     std::shared_ptr<IconCache> m_icons;

@@ -12,13 +12,13 @@ constexpr double clickReach = 4;
 
 } // namespace
 
-void ItemPress::down(QPointF position, const std::optional<std::string>& path, double now) {
+void ItemPress::down(QPointF position, const std::optional<ItemId>& item, double now) {
     m_start = position;
-    if (!path) {
+    if (!item) {
         return;
     }
-    if (*path != m_path) {
-        m_path = *path;
+    if (*item != m_item) {
+        m_item = *item;
         m_pressed.jumpTo(0);
     }
     m_pressed.moveTo(1, now);

@@ -1,8 +1,6 @@
 #include "app/view/SceneMotion.h"
 
 #include <algorithm>
-#include <string_view>
-#include <unordered_map>
 
 namespace quillary {
 
@@ -46,12 +44,12 @@ QRectF centred(QPointF center, double width, double height) {
     return {center - QPointF(size.width() / 2, size.height() / 2), size};
 }
 
-using Icons = std::unordered_map<std::string_view, const DockScene::Icon*>;
+using Icons = std::map<ItemId, const DockScene::Icon*>;
 
-Icons byPath(const DockScene& scene) {
+Icons byId(const DockScene& scene) {
     Icons icons;
     for (const DockScene::Icon& icon : scene.icons) {
-        icons.emplace(icon.path, &icon);
+        icons.emplace(icon.id(), &icon);
     }
     return icons;
 }
@@ -103,11 +101,11 @@ void SceneMotion::retarget(const DockScene& seen, const DockScene& wanted, doubl
 }
 
 void SceneMotion::retargetIcons(const DockScene& seen, const DockScene& wanted, double now) {
-    const Icons seenIcons = byPath(seen);
-    std::erase_if(m_icons, [kept = byPath(wanted)](const auto& icon) { return !kept.contains(icon.first); });
+    const Icons seenIcons = byId(seen);
+    std::erase_if(m_icons, [kept = byId(wanted)](const auto& icon) { return !kept.contains(icon.first); });
     for (const DockScene::Icon& icon : wanted.icons) {
-        Part& part = m_icons[icon.path];
-        const auto found = seenIcons.find(icon.path);
+        Part& part = m_icons[icon.id()];
+        const auto found = seenIcons.find(icon.id());
         if (found == seenIcons.end()) {
             part = {};
             part.presence.displace(-1, now);
@@ -121,7 +119,7 @@ void SceneMotion::retargetIcons(const DockScene& seen, const DockScene& wanted, 
 
 void SceneMotion::apply(DockScene& scene, double now) const {
     for (DockScene::Icon& icon : scene.icons) {
-        const auto found = m_icons.find(icon.path);
+        const auto found = m_icons.find(icon.id());
         // A settled part is drawn exactly in its place: the rest of a spring's movement would blur it.
         if (found == m_icons.end() || found->second.settled(now)) {
             continue;

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "app/ItemId.h"
 #include "app/view/Animation.h"
 #include "app/view/DockScene.h"
 
 #include <map>
-#include <string>
 
 namespace quillary {
 
 /// Animates a dock's parts from where they were shown to where a changed configuration or list of cells puts
-/// them. Each part has a spring; cells are identified by path. New parts fade in.
+/// them. Each part has a spring. New parts fade in.
 ///
 /// Only the difference to the dock's scene is animated, so that magnification follows the pointer meanwhile.
 /// Times are seconds.
@@ -36,7 +36,7 @@ private:
     };
     void retargetIcons(const DockScene& seen, const DockScene& wanted, double now);
 
-    std::map<std::string, Part, std::less<>> m_icons;
+    std::map<ItemId, Part> m_icons;
     Part m_separator;
     /// `along` is its length, `size` its depth.
     Part m_background;

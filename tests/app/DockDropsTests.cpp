@@ -36,7 +36,7 @@ protected:
         }
     }
     void dropEntry(const std::string& on, const std::string& path) {
-        drop({on}, {{.text = "quillary-item:" + path}});
+        drop({ItemId{on}}, {{.text = "quillary-item:" + path}});
     }
     void dropFiles(const Target& target, const std::vector<std::string>& paths) {
         std::vector<ItemProvider> items;
@@ -91,29 +91,29 @@ TEST_F(DockDropsTest, filesOnTheBackgroundArePinnedAtTheEnd) {
 }
 
 TEST_F(DockDropsTest, filesOnAnApplicationAreOpenedWithIt) {
-    dropFiles({notes}, {"/tmp/a", "/tmp/b"});
+    dropFiles({ItemId{notes}}, {"/tmp/a", "/tmp/b"});
     EXPECT_THAT(asked(), ElementsAre("openWith " + notes + " /tmp/a /tmp/b"));
     EXPECT_THAT(items(), ElementsAre(mail, notes, folder));
     // An application too.
-    dropFiles({music}, {mail});
+    dropFiles({ItemId{music}}, {mail});
     EXPECT_EQ(asked().back(), "openWith " + music + " " + mail);
 }
 
 TEST_F(DockDropsTest, filesOnAFolderArePinnedBeforeIt) {
-    dropFiles({folder}, {"/tmp/a"});
+    dropFiles({ItemId{folder}}, {"/tmp/a"});
     EXPECT_THAT(items(), ElementsAre(mail, notes, "/tmp/a", folder));
 }
 
 TEST_F(DockDropsTest, nonsenseChangesNothing) {
-    drop({mail}, {{.text = "no prefix"}});
-    drop({mail}, {{.text = "quillary-item:"}});
-    drop({mail}, {{.text = "quillary-item:relative"}});
-    drop({mail}, {{.text = "quillary-item:/bad\xff"}});
-    drop({mail}, {});
+    drop({ItemId{mail}}, {{.text = "no prefix"}});
+    drop({ItemId{mail}}, {{.text = "quillary-item:"}});
+    drop({ItemId{mail}}, {{.text = "quillary-item:relative"}});
+    drop({ItemId{mail}}, {{.text = "quillary-item:/bad\xff"}});
+    drop({ItemId{mail}}, {});
     drop({}, {});
     drop({}, {{.text = "quillary-item:" + music}});
     drop({}, {{.fileUrl = "file://elsewhere/x"}});
-    drop({folder}, {{.fileUrl = "file:///bad%ff"}});
+    drop({ItemId{folder}}, {{.fileUrl = "file:///bad%ff"}});
     EXPECT_THAT(items(), ElementsAre(mail, notes, folder));
     EXPECT_THAT(asked(), IsEmpty());
 }
@@ -243,6 +243,27 @@ TEST_F(DragTest, aDragThatSaysNoGoodbyeIsOverWhenThePointerLeaves) {
     EXPECT_EQ(highlighted(), mail);
     platform.pointer().moveTo({640, 100});
     EXPECT_EQ(highlighted(), "");
+}
+
+TEST_F(DragTest, ofTwoIconsOfAPathTheOneUnderTheDragTakesIt) {
+    configure([](DockConfig& config) { config.items = {folder, mail, folder}; });
+    platform.scheduler().advance(1);
+    const auto& icons = view().scene().icons;
+    const QPointF second = icons.at(2).rect.center();
+    enter(files, second);
+    EXPECT_EQ(icons.at(0).highlight, 0);
+    EXPECT_GT(icons.at(2).highlight, 0);
+    EXPECT_TRUE(drop(files, second));
+    EXPECT_THAT(items(), ElementsAre(folder, mail, "/tmp/a", folder));
+}
+
+TEST_F(DragTest, anEntryDroppedOnTheSecondIconOfAPathTakesItsPlace) {
+    configure([](DockConfig& config) { config.items = {mail, folder, notes, folder}; });
+    platform.scheduler().advance(1);
+    const QPointF second = view().scene().icons.at(3).rect.center();
+    enter(entry, second);
+    EXPECT_TRUE(drop(entry, second));
+    EXPECT_THAT(items(), ElementsAre(folder, notes, folder, mail));
 }
 
 TEST_F(DragTest, draggingAnIconStartsBeyond4Points) {

@@ -293,6 +293,24 @@ TEST_F(DockViewTest, aPressedIconShrinksAndDarkensOver100Milliseconds) {
     EXPECT_FALSE(view->animating());
 }
 
+TEST_F(DockViewTest, ofTwoIconsOfAPathOnlyThePressedOneIsPressed) {
+    configure([](DockConfig& config) { config.items = {mail, notes, mail}; });
+    wait(1);
+    const QPointF second = view->scene().icons.at(2).rect.center();
+    QMouseEvent down(QEvent::MouseButtonPress, second, second, Qt::LeftButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(view.get(), &down);
+    wait(0.15);
+    EXPECT_EQ(view->scene().icons.at(0).pressed, 0);
+    EXPECT_EQ(view->scene().icons.at(2).pressed, 1);
+    // A press on the other one begins from its resting size.
+    const QPointF first = view->scene().icons.at(0).rect.center();
+    QMouseEvent again(QEvent::MouseButtonPress, first, first, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(view.get(), &again);
+    EXPECT_EQ(view->scene().icons.at(0).pressed, 0);
+    EXPECT_EQ(view->scene().icons.at(2).pressed, 0);
+}
+
 TEST_F(DockViewTest, framesComeWhileAnIconHopsAndNoLonger) {
     model().open(mail);
     EXPECT_TRUE(view->animating());

@@ -147,6 +147,24 @@ TEST_F(SceneMotionTest, atAnotherEdgeTheDockIsThereAtOnce) {
     EXPECT_NEAR(icon(notes).rect.center().y() - scene().panelSize.height() / 2, -27, 1e-9);
 }
 
+TEST_F(SceneMotionTest, iconsOfOnePathKeepTheirPlacesWhenTheRowIsListedAgain) {
+    arrange({mail, notes, mail});
+    wait(2);
+    const DockScene resting = scene();
+    arrange({mail, notes, mail});
+    EXPECT_EQ(scene(), resting);
+    EXPECT_FALSE(moving());
+}
+
+TEST_F(SceneMotionTest, aSecondIconOfAPathFadesInAndTheFirstStays) {
+    arrange({mail, notes, mail});
+    EXPECT_EQ(scene().icons.at(0).presence, 1);
+    EXPECT_EQ(scene().icons.at(2).presence, 0);
+    EXPECT_NEAR(scene().icons.at(2).rect.center().x() - scene().panelSize.width() / 2, 54, 1e-9);
+    wait(1);
+    EXPECT_EQ(scene().icons.at(2).presence, 1);
+}
+
 TEST_F(SceneMotionTest, whatNobodySeesDoesNotMove) {
     configure([](DockConfig& config) { config.autoHide = true; });
     wait(2);

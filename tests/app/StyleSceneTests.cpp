@@ -141,7 +141,7 @@ TEST_F(StyleSceneTest, onlyBubblesHaveDiscs) {
 }
 
 TEST_F(StyleSceneTest, whatIsDraggedOverAnItemHighlightsIt) {
-    state.targetedPath = notes;
+    state.targetedItem = ItemId{notes};
     EXPECT_EQ(scene(DockStyle::glass).icons[0].highlight, 0);
     EXPECT_DOUBLE_EQ(scene(DockStyle::glass).icons[1].highlight, 0.35);
 }

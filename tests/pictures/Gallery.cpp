@@ -193,8 +193,8 @@ public:
             state.magnified = 1;
         } else if (shown.mood == Exhibit::Mood::dragged) {
             state.dropTargeted = true;
-            state.targetedPath = "/Users/ada/Documents";
-            state.pressedPath = "/Applications/Music.app";
+            state.targetedItem = ItemId{"/Users/ada/Documents"};
+            state.pressedItem = {"/Applications/Music.app"};
             state.pressed = 1;
         }
         return buildDockScene(contents, state, texts);

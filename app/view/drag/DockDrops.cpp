@@ -20,25 +20,26 @@ std::optional<DockDrops::Target> DockDrops::target(const DockScene& scene, QPoin
         return std::nullopt;
     }
     if (const DockScene::Icon* icon = scene.iconAt(point, DockScene::Reach::square)) {
-        return Target{icon->path};
+        return Target{icon->id()};
     }
     return files && scene.background.rect.contains(point) ? std::optional(Target{}) : std::nullopt;
 }
 
 void DockDrops::drop(const Target& target, const std::vector<ItemProvider>& items) {
-    const auto text = target.path ? textWithoutFile(items) : std::nullopt;
+    const auto text = target.item ? textWithoutFile(items) : std::nullopt;
     if (!text) {
         dropFiles(target, items);
     } else if (text->starts_with(itemPrefix)) {
-        dropEntry(*target.path, text->substr(itemPrefix.size()));
+        dropEntry(*target.item, text->substr(itemPrefix.size()));
     }
 }
 
-void DockDrops::dropEntry(const std::string& targetPath, const std::string& dragged) {
+void DockDrops::dropEntry(const ItemId& onto, const std::string& dragged) {
     const std::vector<std::string>& pinned = m_model->config().items;
     const std::ptrdiff_t count = std::ssize(pinned);
-    const std::ptrdiff_t target = std::min(pinnedIndex(*m_model, targetPath).value_or(count), count);
-    if (const auto from = pinnedIndex(*m_model, dragged)) {
+    const std::ptrdiff_t target = std::min(pinnedIndex(*m_model, onto).value_or(count), count);
+    // The text names a path only: of several items the first one is moved.
+    if (const auto from = pinnedIndex(*m_model, {dragged})) {
         m_model->move(*from, std::min(count - 1, target));
     } else if (dragged.starts_with('/')) {
         m_model->add({dragged}, target);
@@ -53,17 +54,19 @@ void DockDrops::dropFiles(const Target& target, const std::vector<ItemProvider>&
                      if (!dock || paths.empty()) {
                          return;
                      }
-                     if (target.path && platform.files().isApplication(*target.path)) {
-                         platform.workspace().openWith(paths, *target.path);
+                     if (target.item && platform.files().isApplication(target.item->path)) {
+                         platform.workspace().openWith(paths, target.item->path);
                      } else {
-                         dock->add(paths, target.path ? pinnedIndex(*dock, *target.path) : std::nullopt);
+                         dock->add(paths, target.item ? pinnedIndex(*dock, *target.item) : std::nullopt);
                      }
                  });
 }
 
-std::optional<std::ptrdiff_t> DockDrops::pinnedIndex(const DockModel& model, const std::string& path) {
+std::optional<std::ptrdiff_t> DockDrops::pinnedIndex(const DockModel& model, const ItemId& item) {
     const auto& items = model.config().items;
-    const auto found = std::ranges::find(items, path);
+    std::size_t before = item.occurrence;
+    const auto found = std::ranges::find_if(
+        items, [&](const std::string& path) { return path == item.path && before-- == 0; });
     return found == items.end() ? std::nullopt : std::optional(found - items.begin());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ItemId.h"
 #include "app/view/DockScene.h"
 #include "app/view/drag/FileDrop.h"
 
@@ -21,7 +22,7 @@ public:
     /// What is under a drag: the background, or an icon's square.
     struct Target {
         /// Absent for the background.
-        std::optional<std::string> path{};
+        std::optional<ItemId> item{};
         bool operator==(const Target&) const = default;
     };
 
@@ -38,11 +39,11 @@ public:
     void drop(const Target& target, const std::vector<ItemProvider>& items);
 
 private:
-    void dropEntry(const std::string& targetPath, const std::string& dragged);
+    void dropEntry(const ItemId& onto, const std::string& dragged);
     void dropFiles(const Target& target, const std::vector<ItemProvider>& items);
-    /// The target's place among the pinned items; absent when it isn't pinned.
+    /// The item's place among the pinned ones; absent when it isn't pinned.
     [[nodiscard]] static std::optional<std::ptrdiff_t> pinnedIndex(const DockModel& model,
-                                                                   const std::string& path);
+                                                                   const ItemId& item);
 
     std::shared_ptr<DockModel> m_model;
     Platform& m_platform;
