@@ -40,9 +40,17 @@ struct Moment {
     const DockGeometry& geometry;
     std::vector<double> scales;
     DockLayout::Shifted spread;
+    /// The cell that the pointer is on.
+    std::optional<std::size_t> hovered;
 
     Moment(const DockRow& row, const DockSceneState& state)
         : cells(row.cells), geometry(row.geometry), scales(geometry.scales(state.mouseAxis, cells)) {
+        if (state.mouseAxis) {
+            // By full magnification: while it comes in, the pointer would seem to change cells without
+            // moving.
+            const auto centers = geometry.layout(scales).centers;
+            hovered = geometry.hitTest(*state.mouseAxis, cells, centers, scales);
+        }
         for (double& scale : scales) {
             scale = 1 + (scale - 1) * state.magnified;
         }
@@ -266,12 +274,9 @@ DockScene buildDockScene(const DockContents& contents, const DockSceneState& sta
         }
         scene.icons.push_back(icon(contents, moment, i, state, texts));
     }
-    if (state.mouseAxis) {
-        const auto hit = geometry.hitTest(*state.mouseAxis, moment.cells, centers, moment.scales);
-        if (hit) {
-            scene.label = label(geometry, centers[*hit], geometry.size * moment.scales[*hit],
-                                texts.label(moment.cells[*hit].path), state, texts);
-        }
+    if (const auto hit = moment.hovered) {
+        scene.label = label(geometry, centers[*hit], geometry.size * moment.scales[*hit],
+                            texts.label(moment.cells[*hit].path), state, texts);
     }
     if (moment.cells.empty()) {
         const double middle =

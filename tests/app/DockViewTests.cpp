@@ -129,6 +129,35 @@ TEST_F(DockViewTest, labelsSayTheNameWithoutAppSuffix) {
     EXPECT_EQ(view->scene().label->text, QStringLiteral("Mail"));
 }
 
+TEST_F(DockViewTest, theLabelNamesTheHoveredItemAtEveryMomentOfEnteringAndLeaving) {
+    configure([](DockConfig& config) {
+        config.items = {"/A.app", "/B.app", "/C.app", "/D.app", "/E.app", "/F.app"};
+    });
+    wait(1);
+    const DockGeometry geometry = model().row().geometry;
+    const auto named = [this] {
+        const auto& label = view->scene().label;
+        return label ? "/" + label->text.toStdString() + ".app" : std::string();
+    };
+    for (double along = geometry.rowOffset(); along < geometry.rowOffset() + geometry.restLen; along += 2) {
+        model().setMouse(geometry.point(along, 40));
+        // By the centres that magnification leads to.
+        const auto scales = geometry.scales(along, model().cells());
+        const auto hit = geometry.hitTest(along, model().cells(), geometry.layout(scales).centers, scales);
+        const std::string hovered = hit ? model().cells()[*hit].path : std::string();
+        ASSERT_EQ(model().hoveredPath().value_or(""), hovered) << along;
+        for (int moment = 0; moment < 10; ++moment) {
+            ASSERT_EQ(named(), hovered) << along << " at moment " << moment;
+            wait(0.02);
+        }
+        model().setMouse(std::nullopt);
+        while (view->animating()) {
+            ASSERT_EQ(named(), hovered) << along;
+            wait(0.02);
+        }
+    }
+}
+
 TEST_F(DockViewTest, aFileThatReappearsIsBrightAgainOnTheNextRender) {
     platform.workspace().missing = {mail};
     configure([](DockConfig&) {});
