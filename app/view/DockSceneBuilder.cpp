@@ -219,10 +219,11 @@ DockScene::Label label(const DockGeometry& geometry, double along, double iconSi
     const double farSide = iconSize + iconGap;
     QRectF rect;
     if (isHorizontal(geometry.edge)) {
-        // Centred on its icon, or moved inside where the panel would cut it off.
-        const double reach = std::min(width, geometry.alongLength()) / 2;
-        const double middle = std::clamp(along, reach, geometry.alongLength() - reach);
-        rect = centred(geometry.point(middle, farSide + labelGap), width, labelHeight);
+        // Centred on its icon, or moved inside where the panel or its window would cut it off.
+        const double room = std::min<double>(geometry.alongLength(), geometry.frameSize().width());
+        const double boxed = std::min(width, room);
+        const double middle = std::clamp(along, boxed / 2, room - boxed / 2);
+        rect = centred(geometry.point(middle, farSide + labelGap), boxed, labelHeight);
     } else {
         // The label begins at the side nearer to the dock and grows away from it.
         const double boxed = std::min(width, sideLabelBox);

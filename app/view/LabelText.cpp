@@ -17,9 +17,10 @@ const QImage& LabelText::image(const Look& look) {
     painter.setPen(look.ink);
     painter.setFont(look.font);
     const QRectF room(QPointF(), QSizeF(look.room) / look.ratio);
-    // The padding at both sides leaves room for letters that reach beyond their width.
+    // The padding at both sides leaves room for letters that reach beyond their width. A name is cut in its
+    // middle: its end may hold a memory figure or tell it from similar ones.
     const QString text =
-        look.cut ? QFontMetricsF(look.font).elidedText(look.text, Qt::ElideRight, room.width() - 4)
+        look.cut ? QFontMetricsF(look.font).elidedText(look.text, Qt::ElideMiddle, room.width() - 4)
                  : look.text;
     painter.drawText(room, Qt::AlignCenter, text);
     painter.end();

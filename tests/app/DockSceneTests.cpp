@@ -162,6 +162,34 @@ TEST_F(DockSceneTest, aLabelThatThePanelWouldCutMovesInside) {
     EXPECT_EQ(scene().label->rect.center().x(), 73);
 }
 
+TEST_F(DockSceneTest, aLabelWiderThanThePanelIsCutToIt) {
+    for (const DockEdge edge : {DockEdge::bottom, DockEdge::top}) {
+        shape(edge, Magnification::off);
+        state.mouseAxis = 46;
+        texts.labelWidth = [](const QString&) { return 126.0; };
+        EXPECT_FALSE(scene().label->cut);
+        texts.labelWidth = [](const QString&) { return 126.5; };
+        const auto label = scene().label.value();
+        EXPECT_TRUE(label.cut);
+        EXPECT_EQ(label.rect.left(), 0);
+        EXPECT_EQ(label.rect.right(), 146);
+        EXPECT_EQ(label.textRect.left(), 10);
+        EXPECT_EQ(label.textRect.right(), 136);
+    }
+}
+
+TEST_F(DockSceneTest, aCutLabelEndsWithinTheWindow) {
+    texts.labelWidth = [](const QString&) { return 500.0; };
+    shape(DockEdge::bottom, Magnification::big);
+    for (double size = 20; size < 60; size += 0.7) {
+        configure([size](DockConfig& config) { config.iconSize = size; });
+        const DockGeometry geometry = model().row().geometry;
+        state.mouseAxis = geometry.rowOffset() + geometry.restCenters[0];
+        ASSERT_GE(scene().label->rect.left(), 0) << size;
+        ASSERT_LE(scene().label->rect.right(), geometry.frameSize().width()) << size;
+    }
+}
+
 TEST_F(DockSceneTest, sideLabelsGrowAwayFromTheDockWithin180Points) {
     shape(DockEdge::left, Magnification::off);
     state.mouseAxis = 46;

@@ -50,6 +50,18 @@ TEST(LabelText, aTextThatIsTooLongEndsInTheRoom) {
     }
 }
 
+TEST(LabelText, aTextThatIsTooLongKeepsBothEnds) {
+    const auto cut = [](const QString& words) {
+        auto wanted = look(words);
+        wanted.cut = true;
+        return LabelText().image(wanted);
+    };
+    const QString middle(100, u'm');
+    EXPECT_NE(cut(u'a' + middle + u'b'), cut(u'a' + middle + u'c'));
+    EXPECT_NE(cut(u'a' + middle + u'b'), cut(u'd' + middle + u'b'));
+    EXPECT_EQ(cut(u'a' + middle + u'b'), cut(u'a' + middle + middle + u'b'));
+}
+
 TEST(LabelText, anotherFontAndAnotherInkAreRenderedAnew) {
     LabelText text;
     auto plain = look(QStringLiteral("Mail"));
