@@ -22,13 +22,16 @@ FormColours FormColours::of(const QPalette& palette) {
     const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
     const bool dark = shadeOf(window) == Shade::dark;
     const QColor group = mixed(window, Qt::white, dark ? 0.065F : 0.72F);
+    const QColor track = mixed(group, text, dark ? 0.15F : 0.1F);
     return {.group = group,
             .groupBorder = sheer(text, dark ? 0.09F : 0.08F),
             .separator = sheer(text, dark ? 0.1F : 0.085F),
             .text = text,
             .secondaryText = mixed(group, text, 0.66F),
             .accent = palette.color(QPalette::Active, QPalette::Highlight),
-            .track = mixed(group, text, dark ? 0.15F : 0.1F),
+            .track = track,
+            .trackText = mixed(track, text, dark ? 0.75F : 0.68F),
+            .switchOff = mixed(group, text, dark ? 0.42F : 0.49F),
             .trackBorder = sheer(text, dark ? 0.06F : 0.07F),
             .knob = dark ? QColor(236, 236, 240) : QColor(Qt::white),
             .knobBorder = sheer(Qt::black, dark ? 0.25F : 0.12F),

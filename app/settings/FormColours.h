@@ -16,8 +16,12 @@ struct FormColours {
     QColor text;
     QColor secondaryText;
     QColor accent;
-    /// The groove of a switch that is off, of a slider and under segments.
+    /// The groove of a slider and under segments.
     QColor track;
+    /// Text on such a groove: at least 4.5:1 against it on an ordinary desktop (WCAG 2.1, 1.4.3).
+    QColor trackText;
+    /// The groove of a switch that is off: at least 3:1 against the group (WCAG 2.1, 1.4.11).
+    QColor switchOff;
     QColor trackBorder;
     /// What slides in a groove: the knob of a switch or a slider.
     QColor knob;

@@ -90,9 +90,8 @@ void FormGroup::paintEvent(QPaintEvent* /*event*/) {
             continue;
         }
         if (!first && row.separation == Separation::line) {
-            const double top = m_box->y() + row.widget->y();
-            const QRectF line(m_box->x() + separatorInset, top, m_box->width() - 2 * separatorInset, 1);
-            painter.fillRect(FormPaint::onPixels(painter, line), colours.separator);
+            const QPointF start(m_box->x() + separatorInset, m_box->y() + row.widget->y());
+            FormPaint::drawLine(painter, start, m_box->width() - 2 * separatorInset, colours.separator);
         }
         first = false;
     }

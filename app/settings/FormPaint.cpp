@@ -27,6 +27,14 @@ QRectF onPixels(const QPainter& painter, const QRectF& rect) {
     return toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
 }
 
+void drawLine(QPainter& painter, QPointF start, double length, const QColor& colour) {
+    const QTransform toDevice = painter.deviceTransform();
+    const QRectF device = toDevice.mapRect(QRectF(start, QSizeF(length, 0)));
+    const double left = std::round(device.left());
+    const QRectF line(left, std::round(device.top()), std::round(device.right()) - left, 1);
+    painter.fillRect(toDevice.inverted().mapRect(line), colour);
+}
+
 void drawPlate(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
                const QColor& border) {
     const QRectF plate = onPixels(painter, rect);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPointF>
 #include <QRectF>
 
 class QPainter;
@@ -14,6 +15,9 @@ inline constexpr int ringReach = 4;
 
 /// The rectangle, its sides moved to whole device pixels.
 [[nodiscard]] QRectF onPixels(const QPainter& painter, const QRectF& rect);
+
+/// Draws a horizontal line of one device pixel, whose upper side is at the pixel next to `start`.
+void drawLine(QPainter& painter, QPointF start, double length, const QColor& colour);
 
 /// Fills a rounded rectangle and draws a border of one device pixel, at least, inside of it.
 void drawPlate(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,

@@ -38,7 +38,7 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         const FormColours colours = FormColours::of(palette());
         QPainter painter(this);
-        painter.setPen(isDown() || !(isChecked() || underMouse()) ? colours.secondaryText : colours.text);
+        painter.setPen(isDown() || !(isChecked() || underMouse()) ? colours.trackText : colours.text);
         painter.setFont(font());
         painter.drawText(rect(), Qt::AlignCenter, text());
     }

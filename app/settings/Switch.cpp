@@ -34,7 +34,7 @@ void Switch::paintEvent(QPaintEvent* /*event*/) {
     track.moveCenter(QRectF(rect()).center());
     const double radius = track.height() / 2;
     FormPaint::drawPlate(painter, track, radius,
-                         mixed(colours.track, colours.accent, static_cast<float>(place)),
+                         mixed(colours.switchOff, colours.accent, static_cast<float>(place)),
                          colours.trackBorder);
     if (isDown()) {
         painter.setPen(Qt::NoPen);

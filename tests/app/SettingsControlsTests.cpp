@@ -1,7 +1,9 @@
 #include "app/settings/ControlAccessibility.h"
+#include "app/settings/FormColours.h"
 #include "app/settings/SegmentedPicker.h"
 #include "app/settings/StepSlider.h"
 #include "app/settings/Switch.h"
+#include "tests/app/ContrastOf.h"
 #include "tests/app/SettingsFixture.h"
 
 #include <QAccessible>
@@ -47,6 +49,15 @@ TEST_F(SwitchTest, pointerAndKeysAskForTheOtherStateAndLeaveItToTheOwner) {
     type(control, Qt::Key_Space);
     type(control, Qt::Key_Return);
     EXPECT_EQ(wishes, (std::vector<bool>{true, false, false}));
+}
+
+TEST_F(SwitchTest, whatIsOffStandsOutFromItsGroup) {
+    for (const Shade shade : {Shade::light, Shade::dark}) {
+        const QPalette palette = desktopColours(shade);
+        control.setPalette(palette);
+        const QColor track = pictureOf(control).pixelColor(control.width() * 3 / 4, control.height() / 2);
+        EXPECT_GE(contrast(track, FormColours::of(palette).group), 3) << static_cast<int>(shade);
+    }
 }
 
 TEST_F(SwitchTest, aButtonReleasedElsewhereAsksForNothing) {
@@ -161,6 +172,31 @@ TEST_F(PickerTest, isANamedGroupOfRadioButtonsToAssistiveTechnology) {
     big.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(wishes, Numbers{2});
     EXPECT_TRUE(big.state().checked);
+}
+
+/// Text in a font this large has pixels that it covers wholly.
+TEST_F(PickerTest, segmentsThatAreNotChosenCanBeRead) {
+    for (const Shade shade : {Shade::light, Shade::dark}) {
+        picker.setPalette(desktopColours(shade));
+        picker.setCurrent(0);
+        for (QRadioButton* segment : picker.findChildren<QRadioButton*>()) {
+            QFont large = segment->font();
+            large.setPixelSize(48);
+            large.setBold(true);
+            segment->setFont(large);
+        }
+        picker.resize(picker.sizeHint());
+        const QRect segment = picker.findChildren<QRadioButton*>().at(1)->geometry();
+        const QImage image = pictureOf(picker);
+        const QColor groove = image.pixelColor(segment.left() + 4, segment.center().y());
+        double best = 1;
+        for (int y = segment.top() + 4; y < segment.bottom() - 4; ++y) {
+            for (int x = segment.left() + 4; x < segment.right() - 4; ++x) {
+                best = std::max(best, contrast(image.pixelColor(x, y), groove));
+            }
+        }
+        EXPECT_GE(best, 4.5) << static_cast<int>(shade);
+    }
 }
 
 class SliderTest : public ControlTest {

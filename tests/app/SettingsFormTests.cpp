@@ -2,6 +2,7 @@
 #include "app/settings/StepSlider.h"
 #include "app/settings/StylePicker.h"
 #include "app/settings/StyleTile.h"
+#include "tests/app/ContrastOf.h"
 #include "tests/app/SettingsFixture.h"
 
 #include <QPushButton>
@@ -302,6 +303,41 @@ TEST_F(SettingsFormTest, aManagerThatIsGoneIsAskedNothing) {
     clickOn(hide);
     clickOn(button);
     EXPECT_TRUE(enabled.isChecked());
+}
+
+/// The heights of a group's separators, device pixels.
+std::vector<int> separatorHeights(FormGroup& group, double ratio) {
+    const QImage image = pictureOf(group, ratio);
+    const int middle = image.width() / 2;
+    const int border = static_cast<int>(5 * ratio);
+    const QRgb plain = image.pixel(middle, border);
+    std::vector<int> heights;
+    bool inside = false;
+    for (int y = border; y < image.height() - border; ++y) {
+        const bool line = image.pixel(middle, y) != plain;
+        if (line && !inside) {
+            heights.push_back(0);
+        }
+        inside = line;
+        if (line) {
+            ++heights.back();
+        }
+    }
+    return heights;
+}
+
+TEST(FormGroupTest, separatorsAreOnePixelAtEveryScale) {
+    for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
+        FormGroup group({});
+        for (int height : {31, 40, 33, 37, 42, 30}) {
+            auto* row = new QWidget;
+            row->setFixedHeight(height);
+            group.addRow(row);
+        }
+        group.resize(300, group.sizeHint().height());
+        group.layOut();
+        EXPECT_EQ(separatorHeights(group, ratio), std::vector<int>(5, 1)) << ratio;
+    }
 }
 
 } // namespace
