@@ -2,18 +2,15 @@
 
 #include <QFontDatabase>
 
-#include <algorithm>
-#include <cmath>
-
 namespace quillary::DockFonts {
 
 namespace {
 
-constexpr int labelSize = 12;
+constexpr int textSize = 12;
 
-QFont systemFont(double size, QFont::Weight weight) {
+QFont systemFont(int size, QFont::Weight weight) {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(size))));
+    font.setPixelSize(size);
     font.setWeight(weight);
     return font;
 }
@@ -21,15 +18,18 @@ QFont systemFont(double size, QFont::Weight weight) {
 } // namespace
 
 QFont label() {
-    return systemFont(labelSize, QFont::Medium);
+    return systemFont(textSize, QFont::Medium);
 }
 
 QFont hint() {
-    return systemFont(labelSize, QFont::Normal);
+    return systemFont(textSize, QFont::Normal);
 }
 
-QFont pill(double size) {
-    return systemFont(size, QFont::Bold);
+QFont pill() {
+    QFont font = systemFont(pillSize, QFont::Bold);
+    // Hinting would round the widths of letters to whole pixels.
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
 }
 
 } // namespace quillary::DockFonts

@@ -212,8 +212,13 @@ void DockPainter::drawPill(const DockScene::Pill& pill) {
     m_painter.setBrush(Qt::NoBrush);
     m_painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
     m_painter.setPen(Qt::white);
-    m_painter.setFont(DockFonts::pill(pill.fontSize));
-    m_painter.drawText(rect.adjusted(-2, -2, 2, 2), Qt::AlignCenter, pill.text);
+    m_painter.setFont(DockFonts::pill());
+    const double scale = pill.fontSize / DockFonts::pillSize;
+    m_painter.save();
+    m_painter.translate(rect.center());
+    m_painter.scale(scale, scale);
+    m_painter.drawText(QRectF(), Qt::AlignCenter | Qt::TextDontClip, pill.text);
+    m_painter.restore();
 }
 
 void DockPainter::drawLabel(const DockScene::Label& label) {

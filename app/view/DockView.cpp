@@ -128,8 +128,9 @@ DockTexts DockView::makeTexts() {
             .labelWidth = [this](const QString& text) { return labelWidth(text); },
             .pillSize =
                 [](const QString& text, double fontSize) {
-                    const QFontMetricsF metrics(DockFonts::pill(fontSize));
-                    return QSizeF(metrics.horizontalAdvance(text), metrics.height());
+                    const QFontMetricsF metrics(DockFonts::pill());
+                    return QSizeF(metrics.horizontalAdvance(text), metrics.height()) * fontSize /
+                           DockFonts::pillSize;
                 }};
 }
 

@@ -182,8 +182,9 @@ public:
             .labelWidth = [&labels](const QString& text) { return labels.horizontalAdvance(text); },
             .pillSize =
                 [](const QString& text, double size) {
-                    const QFontMetricsF metrics(fixedFont(DockFonts::pill(size)));
-                    return QSizeF(metrics.horizontalAdvance(text), metrics.height());
+                    const QFontMetricsF metrics(fixedFont(DockFonts::pill()));
+                    return QSizeF(metrics.horizontalAdvance(text), metrics.height()) * size /
+                           DockFonts::pillSize;
                 }};
         const DockContents contents = DockContents::of(model(), system.files());
         DockSceneState state;
