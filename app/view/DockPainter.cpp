@@ -55,20 +55,55 @@ void DockPainter::draw(const DockScene& scene, QPointF origin) {
     if (scene.opacity <= 0) {
         return;
     }
+    if (scene.opacity < 1 && !opaque()) {
+        drawFaded(scene, origin);
+    } else {
+        drawParts(scene, origin);
+    }
+}
+
+// As one layer: were each part faded by itself, those behind would show through those in front.
+void DockPainter::drawFaded(const DockScene& scene, QPointF origin) {
+    const QRectF area = seen();
+    const QRect pixels = QRectF(area.topLeft() * m_ratio, area.size() * m_ratio).toAlignedRect();
+    if (pixels.isEmpty()) {
+        return;
+    }
+    QImage layer(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+    layer.setDevicePixelRatio(m_ratio);
+    layer.fill(Qt::transparent);
+    QPainter painter(&layer);
+    DockPainter(painter, m_appearance, m_sprites, m_plates, m_labelText)
+        .drawParts(scene, origin - QPointF(pixels.topLeft()) / m_ratio);
+    painter.end();
+    layer.setDevicePixelRatio(1);
+    m_painter.save();
+    m_painter.setOpacity(scene.opacity);
+    {
+        const DevicePixels device(m_painter, m_ratio);
+        PixelCopy::copy(m_painter, pixels.topLeft(), layer, layer.rect());
+    }
+    m_painter.restore();
+}
+
+QRectF DockPainter::seen() const {
+    return m_painter.hasClipping()
+               ? m_painter.clipBoundingRect()
+               : QRectF(0, 0, m_painter.device()->width() / m_ratio, m_painter.device()->height() / m_ratio);
+}
+
+void DockPainter::drawParts(const DockScene& scene, QPointF origin) {
     m_painter.save();
     m_painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    m_painter.setOpacity(opaque() ? 1 : scene.opacity);
     m_shift = origin + scene.offset;
     drawBackground(scene.background, scene.edge);
     for (const DockScene::Separator& separator : scene.separators) {
         drawSeparator(separator);
     }
     // Of a dock longer than its screen, only the icons on the screen are loaded and drawn.
-    const QRectF seen = m_painter.hasClipping() ? m_painter.clipBoundingRect()
-                                                : QRectF(0, 0, m_painter.device()->width() / m_ratio,
-                                                         m_painter.device()->height() / m_ratio);
+    const QRectF area = seen();
     for (const DockScene::Icon& icon : scene.icons) {
-        if (QRectF(DockScene::extentOf(icon)).translated(m_shift).intersects(seen)) {
+        if (QRectF(DockScene::extentOf(icon)).translated(m_shift).intersects(area)) {
             drawIcon(icon);
         }
     }

@@ -24,6 +24,11 @@ public:
     void draw(const DockScene& scene, QPointF origin = {});
 
 private:
+    void drawFaded(const DockScene& scene, QPointF origin);
+    /// Draws the scene whatever its opacity.
+    void drawParts(const DockScene& scene, QPointF origin);
+    /// The part of the device that may be drawn on.
+    [[nodiscard]] QRectF seen() const;
     void drawBackground(const DockScene::Background& background, DockEdge edge);
     void drawSeparator(const DockScene::Separator& separator);
     void drawIcon(const DockScene::Icon& icon);

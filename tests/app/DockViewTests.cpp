@@ -112,6 +112,41 @@ TEST_F(DockViewTest, hidingSlidesAndFades) {
     EXPECT_FALSE(view->animating());
 }
 
+TEST_F(DockViewTest, aDockThatHidesFadesAsOneLayer) {
+    model().setHidden(true);
+    wait(0.08);
+    const double opacity = view->scene().opacity;
+    ASSERT_GT(opacity, 0.2);
+    ASSERT_LT(opacity, 0.9);
+    const QPointF center = view->scene().icons[0].rect.center() + view->scene().offset;
+    const QColor seen = picture().pixelColor(center.toPoint());
+    EXPECT_NEAR(seen.alphaF(), opacity, 0.01);
+    // Blue as the icon, with nothing of the white background behind it.
+    EXPECT_EQ(seen.red(), 0);
+    EXPECT_EQ(seen.green(), 0);
+    EXPECT_EQ(seen.blue(), 255);
+}
+
+TEST_F(DockViewTest, aFadingDockIsPaintedWhereItsSceneIs) {
+    configure([](DockConfig& config) { config.magnification = Magnification::subtle; });
+    wait(1);
+    view->resize(model().row().geometry.frameSize());
+    model().setHidden(true);
+    wait(0.08);
+    const double opacity = view->scene().opacity;
+    const QImage whole = picture();
+    // A part alone is painted from the same pixels.
+    const QRect part = view->scene().icons[0].rect.translated(view->scene().offset).toRect();
+    QImage clipped(view->size(), QImage::Format_ARGB32_Premultiplied);
+    clipped.fill(Qt::transparent);
+    view->render(&clipped, part.topLeft(), part, QWidget::DrawChildren);
+    for (int y = part.top(); y <= std::min(part.bottom(), whole.height() - 1); ++y) {
+        for (int x = part.left(); x <= part.right(); ++x) {
+            ASSERT_EQ(clipped.pixel(x, y), whole.pixel(x, y)) << x << " " << y << " at " << opacity;
+        }
+    }
+}
+
 TEST_F(DockViewTest, nothingIsPlannedWhileNothingMoves) {
     manager->setShowMemory(false);
     view.reset();

@@ -197,6 +197,8 @@ public:
             state.targetedItem = ItemId{"/Users/ada/Documents"};
             state.pressedItem = {"/Applications/Music.app"};
             state.pressed = 1;
+        } else if (shown.mood == Exhibit::Mood::hiding) {
+            state.hidden = 0.5;
         }
         return buildDockScene(contents, state, texts);
     }
@@ -244,6 +246,8 @@ std::vector<Exhibit> exhibits() {
         add(other, "magnified");
         other.mood = Exhibit::Mood::dragged;
         add(other, "dragged");
+        other.mood = Exhibit::Mood::hiding;
+        add(other, "hiding");
     }
     return all;
 }

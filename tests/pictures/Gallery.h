@@ -19,8 +19,9 @@ struct Exhibit {
     double scale = 1;
     Shade shade = Shade::light;
     Blending blending = Blending::translucent;
-    /// The pointer on an icon, files over the background, an icon pressed and another one targeted.
-    enum class Mood { resting, magnified, dragged } mood = Mood::resting;
+    /// The pointer on an icon; files over the background, an icon pressed and another one targeted; halfway
+    /// to being hidden.
+    enum class Mood { resting, magnified, dragged, hiding } mood = Mood::resting;
 };
 
 /// Every style, at each edge, and each scale, shade, blending and mood at the bottom.
