@@ -1,12 +1,14 @@
 #include "app/view/DockFonts.h"
 
 #include <QFontDatabase>
+#include <QFontMetricsF>
 
 namespace quillary::DockFonts {
 
 namespace {
 
 constexpr int textSize = 12;
+constexpr int leastHintSize = 8;
 
 QFont systemFont(int size, QFont::Weight weight) {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
@@ -21,8 +23,16 @@ QFont label() {
     return systemFont(textSize, QFont::Medium);
 }
 
-QFont hint() {
-    return systemFont(textSize, QFont::Normal);
+QFont hint(const QString& text, QSizeF room) {
+    QFont font = systemFont(textSize, QFont::Normal);
+    const QRectF within(QPointF(), room);
+    const auto fits = [&] {
+        return within.contains(QFontMetricsF(font).boundingRect(within, hintLayout, text));
+    };
+    for (int size = textSize; size > leastHintSize && !fits();) {
+        font.setPixelSize(--size);
+    }
+    return font;
 }
 
 QFont pill() {

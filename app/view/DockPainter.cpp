@@ -7,8 +7,8 @@
 #include "app/view/PixelCopy.h"
 #include "app/view/PixelFit.h"
 #include "app/view/Plates.h"
+#include "app/view/SoftShadow.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 #include <QRadialGradient>
 
@@ -287,12 +287,36 @@ void DockPainter::drawLabel(const DockScene::Label& label) {
 }
 
 void DockPainter::drawHint(const DockScene::Hint& hint) {
-    m_painter.setFont(DockFonts::hint());
+    const QFont font = DockFonts::hint(hint.text, hint.room.size());
+    const QRectF room = snapped(hint.room);
+    if (!opaque()) {
+        drawHintHalo(hint.text, font, room);
+    }
+    m_painter.setFont(font);
     m_painter.setPen(m_appearance.secondaryText);
-    const QFontMetricsF metrics(m_painter.font());
-    const QSizeF room(metrics.horizontalAdvance(hint.text) + 2, metrics.height() + 2);
-    m_painter.drawText(QRectF(hint.center + m_shift - QPointF(room.width() / 2, room.height() / 2), room),
-                       Qt::AlignCenter, hint.text);
+    m_painter.drawText(room, DockFonts::hintLayout, hint.text);
+}
+
+// Most of the text stands beside the narrow background of an empty dock, on wallpaper of any colour.
+void DockPainter::drawHintHalo(const QString& text, const QFont& font, const QRectF& room) {
+    constexpr double radius = 3;
+    constexpr int layers = 3;
+    const QRectF area = room.adjusted(-2 * radius, -2 * radius, 2 * radius, 2 * radius);
+    const QRect pixels = QRectF(area.topLeft() * m_ratio, area.size() * m_ratio).toRect();
+    QImage letters(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+    letters.setDevicePixelRatio(m_ratio);
+    letters.fill(Qt::transparent);
+    QPainter painter(&letters);
+    painter.setFont(font);
+    painter.drawText(room.translated(-area.topLeft()), DockFonts::hintLayout, text);
+    painter.end();
+    letters.setDevicePixelRatio(1);
+    const QColor colour = m_appearance.shade == Shade::dark ? Qt::black : Qt::white;
+    const QImage halo = SoftShadow::cast(letters, radius * m_ratio, colour);
+    const DevicePixels device(m_painter, m_ratio);
+    for (int layer = 0; layer < layers; ++layer) {
+        PixelCopy::copy(m_painter, pixels.topLeft(), halo, halo.rect());
+    }
 }
 
 bool DockPainter::opaque() const {

@@ -39,6 +39,7 @@ private:
     void drawPill(const DockScene::Pill& pill);
     void drawLabel(const DockScene::Label& label);
     void drawHint(const DockScene::Hint& hint);
+    void drawHintHalo(const QString& text, const QFont& font, const QRectF& room);
     [[nodiscard]] bool opaque() const;
     [[nodiscard]] QColor colour(const DockScene::Ink& ink) const;
     /// The part on the device, its sides moved to whole device pixels.

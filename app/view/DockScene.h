@@ -123,7 +123,8 @@ struct DockScene {
     };
     struct Hint {
         QString text;
-        QPointF center;
+        /// What the text is wrapped and centred in, within the panel.
+        QRectF room;
         bool operator==(const Hint&) const = default;
     };
 

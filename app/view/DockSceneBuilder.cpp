@@ -237,6 +237,18 @@ DockScene::Label label(const DockGeometry& geometry, double along, double iconSi
             .opacity = state.magnified};
 }
 
+// The hint has its place on the middle of a background as deep as that of most styles. The room around it
+// reaches to the screen edge and to the ends of the panel.
+DockScene::Hint hint(const DockGeometry& geometry) {
+    const double depth =
+        (geometry.size + DockLayout::dotRoom + DockLayout::farMargin) / 2 + DockLayout::edgeGap;
+    const QPointF center = geometry.point(geometry.alongLength() / 2, depth);
+    const double length = geometry.alongLength();
+    return {QStringLiteral("Drop apps here"), isHorizontal(geometry.edge)
+                                                  ? centred(center, length, 2 * depth)
+                                                  : centred(center, 2 * depth, length)};
+}
+
 QPointF hideOffset(const DockGeometry& geometry, double hidden) {
     const double distance = hidden * (geometry.size + DockLayout::depthBase + hiddenExtra);
     switch (geometry.edge) {
@@ -280,9 +292,7 @@ DockScene buildDockScene(const DockContents& contents, const DockSceneState& sta
                             texts.label(moment.cells[*hit].path), state, texts);
     }
     if (moment.cells.empty()) {
-        const double middle =
-            (geometry.size + DockLayout::dotRoom + DockLayout::farMargin) / 2 + DockLayout::edgeGap;
-        scene.hint = {QStringLiteral("Drop apps here"), geometry.point(geometry.alongLength() / 2, middle)};
+        scene.hint = hint(geometry);
     }
     return scene;
 }

@@ -249,7 +249,7 @@ TEST_F(DockSceneTest, anEmptyDockSaysWhatItIsFor) {
     ASSERT_TRUE(empty.hint.has_value());
     EXPECT_EQ(empty.hint->text, QStringLiteral("Drop apps here"));
     // 44 × 125: 39.5 points from the edge.
-    EXPECT_EQ(empty.hint->center, QPointF(22, 85.5));
+    EXPECT_EQ(empty.hint->room, QRectF(0, 46, 44, 79));
     EXPECT_EQ(empty.background.rect, QRectF(14, 50, 16, 71));
 }
 

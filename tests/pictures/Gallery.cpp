@@ -159,7 +159,12 @@ public:
         manager->update("KEY-SCREEN", [&exhibit](DockConfig& config) {
             config.style = exhibit.style;
             config.edge = exhibit.edge;
-            config.magnification = Magnification::big;
+            config.magnification = exhibit.magnification;
+            config.iconSize = exhibit.iconSize;
+            if (exhibit.mood == Exhibit::Mood::empty) {
+                config.items.clear();
+                config.showRunning = false;
+            }
         });
         for (const char* path : {"/Applications/Mail.app", "/Applications/Music.app",
                                  "/Applications/Terminal.app", "/Applications/Browser.app"}) {
@@ -209,6 +214,41 @@ private:
     std::unique_ptr<DockManager> manager;
 };
 
+void addEmptyDocks(std::vector<Exhibit>& all) {
+    const Exhibit empty{.name = {}, .mood = Exhibit::Mood::empty};
+    const auto add = [&all](Exhibit exhibit, const std::string& variant) {
+        exhibit.name = "empty-";
+        exhibit.name += variant;
+        all.push_back(std::move(exhibit));
+    };
+    for (const DockEdge edge : allCases<DockEdge>()) {
+        Exhibit at = empty;
+        at.edge = edge;
+        const std::string name(rawValue(edge));
+        add(at, name);
+        at.magnification = Magnification::off;
+        add(at, name + "-off");
+        at.iconSize = 20;
+        add(at, name + "-off-small");
+        at.iconSize = 80;
+        add(at, name + "-off-large");
+    }
+    for (const DockStyle style : allCases<DockStyle>()) {
+        Exhibit of = empty;
+        of.style = style;
+        if (style != DockStyle::glass) {
+            add(of, std::string(rawValue(style)));
+        }
+    }
+    Exhibit other = empty;
+    other.shade = Shade::dark;
+    add(other, "dark");
+    other = empty;
+    other.magnification = Magnification::off;
+    other.scale = 2;
+    add(other, "off-scale-2");
+}
+
 } // namespace
 
 std::vector<Exhibit> exhibits() {
@@ -249,6 +289,7 @@ std::vector<Exhibit> exhibits() {
         other.mood = Exhibit::Mood::hiding;
         add(other, "hiding");
     }
+    addEmptyDocks(all);
     return all;
 }
 

@@ -3,6 +3,7 @@
 #include "app/view/Materials.h"
 #include "core/DockEdge.h"
 #include "core/DockStyle.h"
+#include "core/Magnification.h"
 
 #include <QImage>
 
@@ -20,11 +21,14 @@ struct Exhibit {
     Shade shade = Shade::light;
     Blending blending = Blending::translucent;
     /// The pointer on an icon; files over the background, an icon pressed and another one targeted; halfway
-    /// to being hidden.
-    enum class Mood { resting, magnified, dragged, hiding } mood = Mood::resting;
+    /// to being hidden; without items.
+    enum class Mood { resting, magnified, dragged, hiding, empty } mood = Mood::resting;
+    double iconSize = 48;
+    Magnification magnification = Magnification::big;
 };
 
-/// Every style, at each edge, and each scale, shade, blending and mood at the bottom.
+/// Every style, at each edge, and each scale, shade, blending and mood at the bottom; empty docks at each
+/// edge, of several styles, sizes and magnifications.
 [[nodiscard]] std::vector<Exhibit> exhibits();
 
 /// What can be left out of a picture, to see that a comparison finds it.
