@@ -1,11 +1,7 @@
 #include "app/view/BlurRegion.h"
-#include "app/view/DockView.h"
-#include "app/view/IconCache.h"
 #include "app/view/PixelFit.h"
-#include "tests/app/Fixture.h"
+#include "tests/app/DockViewFixture.h"
 
-#include <QCoreApplication>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPalette>
 
@@ -13,52 +9,6 @@
 
 namespace quillary::test {
 namespace {
-
-const std::string mail = "/Applications/Mail.app";
-const std::string notes = "/Applications/Notes.app";
-
-/// A second view on LEFT's model, beside that of the dock's panel.
-class DockViewTest : public Desktop {
-protected:
-    void SetUp() override {
-        startWith({mail, notes});
-        configure([](DockConfig& config) { config.magnification = Magnification::big; });
-        turn();
-        const auto dock = manager->models()[0];
-        view = std::make_unique<DockView>(dock, std::make_shared<IconCache>(platform.icons()), platform);
-        view->attach(shownIn);
-        view->resize(dock->geometry(dock->cells()).panelSize().toSize());
-    }
-    void wait(double seconds) { platform.scheduler().advance(seconds); }
-    [[nodiscard]] double firstWidth() const { return view->scene().icons.at(0).rect.width(); }
-    [[nodiscard]] QImage picture() const {
-        QImage image(view->size(), QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        view->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-        return image;
-    }
-    static void expectEqualOutside(const QRegion& damage, const QImage& before, const QImage& after) {
-        for (int y = 0; y < after.height(); ++y) {
-            for (int x = 0; x < after.width(); ++x) {
-                if (!damage.contains(QPoint(x, y))) {
-                    ASSERT_EQ(before.pixel(x, y), after.pixel(x, y)) << x << " " << y;
-                }
-            }
-        }
-    }
-    void press(QPointF from, QPointF to) const {
-        QMouseEvent down(QEvent::MouseButtonPress, from, from, Qt::LeftButton, Qt::LeftButton,
-                         Qt::NoModifier);
-        QCoreApplication::sendEvent(view.get(), &down);
-        QMouseEvent up(QEvent::MouseButtonRelease, to, to, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(view.get(), &up);
-    }
-
-    FakePanelWindow shownIn;
-    std::unique_ptr<DockView> view;
-    // The first icon's resting centre along, and the middle of the row's depth.
-    const QPointF onFirst{111, 125};
-};
 
 TEST_F(DockViewTest, iconsGrowOver180MillisecondsOnEntering) {
     const DockGeometry geometry = model().geometry(model().cells());
@@ -251,38 +201,6 @@ TEST_F(DockViewTest, whatIsDamagedIsWhatChangesOnTheScreen) {
         expectEqualOutside(damage.translated(grid.origin.toPoint()), old, picture());
     }
 }
-TEST_F(DockViewTest, aClickOpensTheItemUnderThePointer) {
-    const DockGeometry geometry = model().geometry(model().cells());
-    const QPointF second = geometry.point(geometry.rowOffset() + geometry.restCenters[1], 40);
-    model().setMouse(second);
-    press(second, second + QPointF(3, 2));
-    EXPECT_EQ(platform.workspace().calls, std::vector<std::string>{"openApplication " + notes});
-}
-
-TEST_F(DockViewTest, aClickCountsWhereItWasMadeWhereverThePointerIsByNow) {
-    const DockGeometry geometry = model().geometry(model().cells());
-    model().setMouse(std::nullopt);
-    wait(1);
-    const QPointF second = geometry.point(geometry.rowOffset() + geometry.restCenters[1], 40);
-    press(second, second);
-    EXPECT_EQ(platform.workspace().calls, std::vector<std::string>{"openApplication " + notes});
-}
-
-TEST_F(DockViewTest, aClickUpTo3PointsBesideAnIconOpensIt) {
-    const DockGeometry geometry = model().geometry(model().cells());
-    const double side = geometry.rowOffset() + geometry.restCenters[0] - 24;
-    press(geometry.point(side - 3.1, 40), geometry.point(side - 3.1, 40));
-    EXPECT_TRUE(platform.workspace().calls.empty());
-    press(geometry.point(side - 2.9, 40), geometry.point(side - 2.9, 40));
-    EXPECT_EQ(platform.workspace().calls, std::vector<std::string>{"openApplication " + mail});
-}
-
-TEST_F(DockViewTest, aClickAtTheVeryEdgeHitsTheIconAbove) {
-    const DockGeometry geometry = model().geometry(model().cells());
-    press(geometry.point(geometry.rowOffset() + geometry.restCenters[0], 0.5),
-          geometry.point(geometry.rowOffset() + geometry.restCenters[0], 0.5));
-    EXPECT_EQ(platform.workspace().calls, std::vector<std::string>{"openApplication " + mail});
-}
 
 TEST_F(DockViewTest, namesOfAnyLengthBecomeOneShortLine) {
     const std::string odd = "/Applications/" + std::string(100000, 'x') + "\n\ty.app";
@@ -309,14 +227,6 @@ TEST_F(DockViewTest, labelsOfEquallyManyLettersHaveTheirOwnWidths) {
     EXPECT_GT(widthOn(1), narrow + 10);
 }
 
-TEST_F(DockViewTest, aPressThatMovesMoreThan4PointsIsNoClick) {
-    const DockGeometry geometry = model().geometry(model().cells());
-    const QPointF second = geometry.point(geometry.rowOffset() + geometry.restCenters[1], 40);
-    model().setMouse(second);
-    press(second, second + QPointF(4.1, 0));
-    EXPECT_TRUE(platform.workspace().calls.empty());
-}
-
 TEST_F(DockViewTest, withoutBlendingEveryPixelShownIsOpaqueAndTheWindowIsShaped) {
     wait(1);
     shownIn.setComposited(false);
@@ -331,48 +241,6 @@ TEST_F(DockViewTest, withoutBlendingEveryPixelShownIsOpaqueAndTheWindowIsShaped)
     model().setHidden(true);
     wait(3);
     EXPECT_TRUE(shownIn.visibleShape.isEmpty());
-}
-
-TEST_F(DockViewTest, aPressedIconShrinksAndDarkensOver100Milliseconds) {
-    configure([](DockConfig& config) { config.bounceOnLaunch = false; });
-    wait(1);
-    const auto send = [this](QEvent::Type type, Qt::MouseButtons buttons) {
-        QMouseEvent event(type, onFirst, onFirst, Qt::LeftButton, buttons, Qt::NoModifier);
-        QCoreApplication::sendEvent(view.get(), &event);
-    };
-    const auto pressed = [this] { return view->scene().icons.at(0).pressed; };
-    send(QEvent::MouseButtonPress, Qt::LeftButton);
-    EXPECT_EQ(pressed(), 0);
-    wait(0.05);
-    // Ease-out is at 7/8 half-way, seen in the last frame before.
-    EXPECT_GT(pressed(), 0.6);
-    EXPECT_LT(pressed(), 1);
-    wait(0.1);
-    EXPECT_EQ(pressed(), 1);
-    EXPECT_EQ(view->scene().icons.at(1).pressed, 0);
-    EXPECT_FALSE(view->animating());
-    send(QEvent::MouseButtonRelease, Qt::NoButton);
-    wait(0.15);
-    EXPECT_EQ(pressed(), 0);
-    EXPECT_FALSE(view->animating());
-}
-
-TEST_F(DockViewTest, ofTwoIconsOfAPathOnlyThePressedOneIsPressed) {
-    configure([](DockConfig& config) { config.items = {mail, notes, mail}; });
-    wait(1);
-    const QPointF second = view->scene().icons.at(2).rect.center();
-    QMouseEvent down(QEvent::MouseButtonPress, second, second, Qt::LeftButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QCoreApplication::sendEvent(view.get(), &down);
-    wait(0.15);
-    EXPECT_EQ(view->scene().icons.at(0).pressed, 0);
-    EXPECT_EQ(view->scene().icons.at(2).pressed, 1);
-    // A press on the other one begins from its resting size.
-    const QPointF first = view->scene().icons.at(0).rect.center();
-    QMouseEvent again(QEvent::MouseButtonPress, first, first, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(view.get(), &again);
-    EXPECT_EQ(view->scene().icons.at(0).pressed, 0);
-    EXPECT_EQ(view->scene().icons.at(2).pressed, 0);
 }
 
 TEST_F(DockViewTest, framesComeWhileAnIconHopsAndNoLonger) {
