@@ -19,8 +19,8 @@ class Scheduler {
 public:
     virtual ~Scheduler() = default;
 
-    /// Runs the work once on the main thread after this many seconds; 0 means the next iteration of the event
-    /// loop.
+    /// Runs the work once on the main thread after this many seconds, never earlier, and later only by what
+    /// the event loop is busy with; 0 means the next iteration of the event loop.
     [[nodiscard]] virtual std::unique_ptr<ScheduledTask> after(double seconds,
                                                                std::function<void()> work) = 0;
     /// Runs the work on the main thread repeatedly, every so many seconds, first after one interval.

@@ -3,11 +3,15 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QThread>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
+#include <memory>
+#include <optional>
 #include <thread>
 
 namespace quillary {
@@ -34,6 +38,60 @@ TEST(QtScheduler, runsWorkOnceAndRepeatedly) {
     EXPECT_EQ(once, 0);
     EXPECT_TRUE(eventually([&] { return often >= 3; }));
     EXPECT_EQ(once, 1);
+}
+
+// Qt runs timers that are due in the order of their deadlines, however late the event loop is. A timer of the
+// test's own, started later, therefore marks the end of the allowed span without any limit on measured time.
+TEST(QtScheduler, workIsNeverEarlyAndRunsBeforeTimersThatAreDueLater) {
+    constexpr double wanted = 1.0;
+    constexpr int latest = 1010;
+    constexpr int phases = 25;
+    QtScheduler scheduler;
+    struct Run {
+        std::unique_ptr<ScheduledTask> once;
+        std::unique_ptr<ScheduledTask> repeated;
+        QTimer limit;
+        double started = 0;
+        std::optional<double> onceAfter;
+        std::optional<double> repeatedAfter;
+        bool inTime = false;
+    };
+    std::array<Run, phases> runs;
+    int ended = 0;
+    for (Run& run : runs) {
+        run.started = scheduler.now();
+        run.once =
+            scheduler.after(wanted, [&scheduler, &run] { run.onceAfter = scheduler.now() - run.started; });
+        run.repeated = scheduler.every(wanted, [&scheduler, &run] {
+            run.repeatedAfter = run.repeatedAfter.value_or(scheduler.now() - run.started);
+        });
+        run.limit.setSingleShot(true);
+        run.limit.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&run.limit, &QTimer::timeout, &run.limit, [&run, &ended] {
+            run.inTime = run.onceAfter && run.repeatedAfter;
+            ++ended;
+        });
+        run.limit.start(latest);
+        // A coarse timer is rounded to some moment that depends on when it starts.
+        std::this_thread::sleep_for(std::chrono::milliseconds(7));
+    }
+    ASSERT_TRUE(eventually([&] { return ended == phases; }));
+    for (const Run& run : runs) {
+        EXPECT_TRUE(run.inTime);
+        EXPECT_GE(run.onceAfter.value_or(wanted), wanted);
+        EXPECT_GE(run.repeatedAfter.value_or(wanted), wanted);
+    }
+}
+
+TEST(QtScheduler, fractionsOfAMillisecondAreNotCutOff) {
+    QtScheduler scheduler;
+    for (int run = 0; run < 20; ++run) {
+        const double started = scheduler.now();
+        std::optional<double> after;
+        const auto task = scheduler.after(0.0014, [&] { after = scheduler.now() - started; });
+        ASSERT_TRUE(eventually([&] { return after.has_value(); }));
+        EXPECT_GE(*after, 0.0014);
+    }
 }
 
 TEST(QtScheduler, aTaskMayEndItself) {
