@@ -22,7 +22,9 @@ X11PointerMonitor::X11PointerMonitor(std::unique_ptr<X11Connection> connection, 
     connect(m_connection.get(), &X11Connection::eventReceived, this, &X11PointerMonitor::handleEvent);
     connect(m_connection.get(), &X11Connection::settled, this, &X11PointerMonitor::handleSettled);
     selectRawEvents();
-    m_lastEmitted = query();
+    if (const auto now = query()) {
+        m_lastEmitted = now->location;
+    }
 }
 
 int X11PointerMonitor::frameInterval() {
@@ -45,13 +47,15 @@ void X11PointerMonitor::selectRawEvents() {
         return;
     }
     m_extensionOpcode = input->major_opcode;
-    // Clicks and touches reveal the location of a pointer that a program has warped.
+    // Clicks and touches reveal the location of a pointer that a program has warped, and the release of a
+    // button that of a drag whose movements were not emitted.
     struct {
         xcb_input_event_mask_t head;
         std::uint32_t mask;
     } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1},
                 XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS |
-                    XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_BEGIN | XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_UPDATE};
+                    XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE | XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_BEGIN |
+                    XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_UPDATE};
     xcb_input_xi_select_events(m_connection->xcb(), m_connection->root(), 1, &selection.head);
     m_connection->flush();
 }
@@ -84,25 +88,30 @@ void X11PointerMonitor::endFrame() {
 }
 
 QPointF X11PointerMonitor::location() const {
-    return query().value_or(m_lastEmitted.value_or(QPointF()));
+    const auto now = query();
+    return now ? now->location : m_lastEmitted.value_or(QPointF());
 }
 
 void X11PointerMonitor::refresh() {
     const auto now = query();
-    if (now && now != m_lastEmitted) {
-        m_lastEmitted = now;
-        Q_EMIT moved(*now);
+    if (now && !now->dragsWithAnotherButton && now->location != m_lastEmitted) {
+        m_lastEmitted = now->location;
+        Q_EMIT moved(now->location);
     }
 }
 
-std::optional<QPointF> X11PointerMonitor::query() const {
+std::optional<X11PointerMonitor::Pointer> X11PointerMonitor::query() const {
     const auto answer = m_connection->reply(xcb_query_pointer_reply,
                                             xcb_query_pointer(m_connection->xcb(), m_connection->root()));
     // A pointer on another X screen is not on this desktop.
     if (!answer || answer->same_screen == 0) {
         return std::nullopt;
     }
-    return m_screens.toPoints(QPoint(answer->root_x, answer->root_y));
+    // Buttons 4 and 5 are the wheel.
+    constexpr unsigned others = XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+    return Pointer{.location = m_screens.toPoints(QPoint(answer->root_x, answer->root_y)),
+                   .dragsWithAnotherButton =
+                       (answer->mask & XCB_BUTTON_MASK_1) == 0 && (answer->mask & others) != 0};
 }
 
 } // namespace quillary

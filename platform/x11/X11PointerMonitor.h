@@ -32,11 +32,17 @@ public:
     static constexpr int lastLookDelay = 250;
 
 private:
+    struct Pointer {
+        QPointF location;
+        // The middle or right button is held and the left one is not.
+        bool dragsWithAnotherButton = false;
+    };
+
     void handleEvent(const xcb_generic_event_t* event);
     void handleSettled();
     void endFrame();
     void selectRawEvents();
-    [[nodiscard]] std::optional<QPointF> query() const;
+    [[nodiscard]] std::optional<Pointer> query() const;
 
     std::unique_ptr<X11Connection> m_connection;
     const X11Screens& m_screens;

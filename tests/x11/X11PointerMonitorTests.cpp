@@ -120,6 +120,41 @@ TEST_F(X11PointerMonitorTest, aClickAfterAJumpShowsThePlace) {
     display.releaseButton(1);
 }
 
+TEST_F(X11PointerMonitorTest, movementsWithTheLeftButtonHeldAreEmitted) {
+    startPointer();
+    display.pressButton(1);
+    display.movePointer(QPoint(640, 899));
+    EXPECT_TRUE(eventually([&] { return told == std::vector<QPointF>{QPointF(640, 899)}; }));
+    display.pressButton(3);
+    display.movePointer(QPoint(650, 899));
+    EXPECT_TRUE(eventually([&] { return told.back() == QPointF(650, 899); })) << "the left one is held still";
+    display.releaseButton(3);
+    display.releaseButton(1);
+}
+
+TEST_F(X11PointerMonitorTest, movementsWithAnotherButtonHeldAreEmittedOnceAtItsRelease) {
+    startPointer();
+    for (const int button : {2, 3}) {
+        SCOPED_TRACE(button);
+        display.pressButton(button);
+        display.movePointer(QPoint(640, 899));
+        display.movePointer(QPoint(700, 890));
+        settle();
+        pointer->refresh();
+        VirtualDisplay::runFor(2 * X11PointerMonitor::lastLookDelay);
+        EXPECT_TRUE(told.empty());
+        EXPECT_EQ(pointer->location(), QPointF(700, 890)) << "who asks is answered";
+        display.releaseButton(button);
+        EXPECT_TRUE(eventually([&] { return !told.empty(); }));
+        VirtualDisplay::runFor(2 * X11PointerMonitor::lastLookDelay);
+        EXPECT_EQ(told, std::vector<QPointF>{QPointF(700, 890)});
+        display.movePointer(QPoint(600, 400));
+        ASSERT_TRUE(eventually([&] { return told.back() == QPointF(600, 400); }));
+        VirtualDisplay::runFor(2 * X11PointerMonitor::lastLookDelay);
+        told.clear();
+    }
+}
+
 TEST_F(X11PointerMonitorTest, placesAreInPoints) {
     setenv("QT_SCALE_FACTOR", "2", 1);
     startPointer();
