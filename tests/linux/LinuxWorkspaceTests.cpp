@@ -74,10 +74,25 @@ TEST_F(LinuxWorkspaceTest, applicationWithManyWindowsRunsOnce) {
     EXPECT_EQ(workspace->runningApplications(), list);
 }
 
-TEST_F(LinuxWorkspaceTest, orderIsThatOfTheFirstWindows) {
+TEST_F(LinuxWorkspaceTest, orderIsThatInWhichApplicationsStarted) {
     source.list = {window(1, "Files"), window(2, "Gimp"), window(3, "Files")};
     EXPECT_EQ(paths(), (Strings{files, gimp}));
     source.list = {window(2, "Gimp"), window(3, "Files")};
+    EXPECT_EQ(paths(), (Strings{files, gimp})) << "one window of several was closed";
+    source.active = 2;
+    Q_EMIT source.activeWindowChanged();
+    EXPECT_EQ(paths(), (Strings{files, gimp})) << "the focus moved";
+    source.list = {window(3, "Files"), window(2, "Gimp")};
+    Q_EMIT source.windowsChanged();
+    EXPECT_EQ(paths(), (Strings{files, gimp})) << "the window manager lists them otherwise";
+}
+
+TEST_F(LinuxWorkspaceTest, anApplicationThatStartsAgainIsTheLast) {
+    source.list = {window(1, "Files"), window(2, "Gimp")};
+    EXPECT_EQ(paths(), (Strings{files, gimp}));
+    source.list = {window(2, "Gimp")};
+    EXPECT_EQ(paths(), (Strings{gimp}));
+    source.list = {window(3, "Files"), window(2, "Gimp")};
     EXPECT_EQ(paths(), (Strings{gimp, files}));
 }
 

@@ -32,6 +32,8 @@ void WindowApplications::update(const std::vector<WindowInfo>& windows, const En
         const auto* before = findByPath(m_applications, application.path);
         application.handle = before != nullptr ? before->handle : ++m_lastHandle;
     }
+    // Handles are given out in the order of the starts.
+    std::ranges::sort(next, {}, &WindowApplication::handle);
     m_applications = std::move(next);
 }
 

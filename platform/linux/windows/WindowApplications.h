@@ -30,9 +30,10 @@ class WindowApplications {
 public:
     explicit WindowApplications(ProcessReader processes = ProcessReader());
 
-    /// Updates the list to the windows that exist now. An application runs while it has a normal window;
-    /// applications are in the order of their first normal windows. A dialog belongs to its parent's
-    /// application. A process is read only when its window is seen for the first time or changed a property.
+    /// Updates the list to the windows that exist now. An application runs while it has a normal window.
+    /// Applications keep the order in which they started; those that are new in one update are in the order
+    /// of their first normal windows. A dialog belongs to its parent's application. A process is read only
+    /// when its window is seen for the first time or changed a property.
     void update(const std::vector<WindowInfo>& windows, const EntryIndex& entries);
     /// Forgets the entries of all windows, since the installed entries changed.
     void forgetMatches();
