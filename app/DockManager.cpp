@@ -24,7 +24,7 @@ namespace quillary {
 namespace {
 
 // A restarted system dock can disturb windows and screen geometry. After this many seconds it has settled.
-constexpr double rebuildAfterRestart = 1.2;
+constexpr double restartDuration = 1.2;
 
 } // namespace
 
@@ -182,7 +182,15 @@ void DockManager::applySystemDock(bool hide) {
     systemDock.write(*plan.write);
     systemDock.synchronise();
     systemDock.restart();
-    m_rebuildWork = m_platform.scheduler().after(rebuildAfterRestart, [this] { rebuild(); });
+    rebuildAfterRestart();
+}
+
+void DockManager::rebuildAfterRestart() {
+    m_rebuildWork.push_back(m_platform.scheduler().after(restartDuration, [this] {
+        // All wait equally long, so this is the oldest.
+        m_rebuildWork.pop_front();
+        rebuild();
+    }));
 }
 
 void DockManager::applyMemory() {

@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QPointF>
 
+#include <deque>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -85,6 +86,7 @@ Q_SIGNALS:
 
 private:
     void rebuild();
+    void rebuildAfterRestart();
     std::shared_ptr<DockModel> modelFor(const std::string& key, const DockConfig& config);
     void seed(const std::string& key, const ScreenInfo& screen);
     void showPanel(const std::shared_ptr<DockModel>& model, const ScreenInfo& screen);
@@ -100,7 +102,8 @@ private:
     Settings m_settings;
     Models m_models;
     std::map<std::string, std::unique_ptr<DockPanel>, std::less<>> m_panels;
-    std::unique_ptr<ScheduledTask> m_rebuildWork;
+    // One for each restart of the system dock, the oldest first.
+    std::deque<std::unique_ptr<ScheduledTask>> m_rebuildWork;
 };
 
 } // namespace quillary

@@ -102,6 +102,25 @@ TEST_F(SystemDockTest, everythingIsRebuilt1200MillisecondsAfterTheRestart) {
     EXPECT_EQ(rebuilt.times, 1);
 }
 
+TEST_F(SystemDockTest, everyRestartIsFollowedByARebuildOfItsOwn) {
+    start();
+    const Count rebuilt(manager.get(), &DockManager::modelsChanged);
+    platform.scheduler().advance(0.5);
+    manager->setHideSystemDock(false);
+    platform.scheduler().advance(0.5);
+    manager->setHideSystemDock(true);
+    platform.scheduler().advance(0.199);
+    EXPECT_EQ(rebuilt.times, 0);
+    platform.scheduler().advance(0.001);
+    EXPECT_EQ(rebuilt.times, 1);
+    platform.scheduler().advance(0.5);
+    EXPECT_EQ(rebuilt.times, 2);
+    platform.scheduler().advance(0.5);
+    EXPECT_EQ(rebuilt.times, 3);
+    platform.scheduler().advance(10);
+    EXPECT_EQ(rebuilt.times, 3);
+}
+
 TEST_F(SystemDockTest, withoutARestartNothingIsRebuilt) {
     dock.prefs = DockPrefs::hidden;
     start();
