@@ -19,10 +19,10 @@ namespace {
 constexpr double hideDelay = 0.6;
 constexpr double showDelay = 0.05;
 
-bool containsOrTouches(const QRect& frame, QPointF point, double margin = 0) {
+bool containsOrTouches(const QRect& frame, QPointF point) {
     const QRectF area(frame);
-    return point.x() >= area.left() - margin && point.x() <= area.right() + margin &&
-           point.y() >= area.top() - margin && point.y() <= area.bottom() + margin;
+    return point.x() >= area.left() && point.x() <= area.right() && point.y() >= area.top() &&
+           point.y() <= area.bottom();
 }
 
 // Both axes grow away from the side that an oversized panel keeps.
@@ -162,11 +162,7 @@ void DockPanel::trackShown(QPointF location) {
 void DockPanel::trackHidden(QPointF location) {
     m_window->setIgnoresMouseEvents(true);
     m_model->setMouse(std::nullopt);
-    if (m_covered || !m_model->config().autoHide ||
-        !containsOrTouches(m_frame, location, DockLayout::zoneBeyondEdge)) {
-        return;
-    }
-    if (geometry().isInRevealStrip(panelPoint(location))) {
+    if (!m_covered && m_model->config().autoHide && geometry().isInRevealStrip(panelPoint(location))) {
         m_hideWork.reset();
         m_model->setHidden(false);
     }

@@ -302,6 +302,18 @@ TEST_F(DockPanelTest, theStripIsAsLongAsTheRow) {
     EXPECT_FALSE(model().hidden());
 }
 
+TEST_F(DockPanelTest, theStripFollowsANewRowBeforeTheWindowDoes) {
+    setAutoHide(true);
+    turn();
+    configure([](DockConfig& config) { config.items.emplace_back("/Applications/Third.app"); });
+    ASSERT_EQ(window().placed, QRect(567, 775, 146, 125));
+    // In the window's coordinates the new row spans 14 … 186, and the window ends at 146.
+    point(567 + 187, 899);
+    EXPECT_TRUE(model().hidden());
+    point(567 + 186, 899);
+    EXPECT_FALSE(model().hidden());
+}
+
 TEST_F(DockPanelTest, aHiddenDockHasNoPointerAndTakesNoClicks) {
     setAutoHide(true);
     platform.pointer().moveTo(onIcon);
