@@ -18,13 +18,12 @@ bool isNormal(const X11Atoms& atoms, const std::vector<std::uint32_t>& types,
     if (contains(states, atoms.netWmStateSkipTaskbar)) {
         return false;
     }
-    const std::array shown = {atoms.netWmWindowTypeNormal, atoms.netWmWindowTypeDialog,
-                              atoms.netWmWindowTypeUtility};
+    const std::array shown = {atoms.netWmWindowTypeNormal, atoms.netWmWindowTypeDialog};
     const std::array hidden = {
-        atoms.netWmWindowTypeDesktop,   atoms.netWmWindowTypeDock,    atoms.netWmWindowTypeToolbar,
-        atoms.netWmWindowTypeMenu,      atoms.netWmWindowTypeSplash,  atoms.netWmWindowTypeDropdownMenu,
-        atoms.netWmWindowTypePopupMenu, atoms.netWmWindowTypeTooltip, atoms.netWmWindowTypeNotification,
-        atoms.netWmWindowTypeCombo,     atoms.netWmWindowTypeDnd};
+        atoms.netWmWindowTypeDesktop,      atoms.netWmWindowTypeDock,      atoms.netWmWindowTypeToolbar,
+        atoms.netWmWindowTypeUtility,      atoms.netWmWindowTypeMenu,      atoms.netWmWindowTypeSplash,
+        atoms.netWmWindowTypeDropdownMenu, atoms.netWmWindowTypePopupMenu, atoms.netWmWindowTypeTooltip,
+        atoms.netWmWindowTypeNotification, atoms.netWmWindowTypeCombo,     atoms.netWmWindowTypeDnd};
     for (const auto type : types) {
         if (contains(shown, type)) {
             return true;

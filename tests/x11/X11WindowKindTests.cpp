@@ -32,6 +32,12 @@ TEST(X11WindowKind, docksDesktopsAndTooltipsAreNot) {
     EXPECT_FALSE(X11WindowKind::isNormal(atoms(), {22}, {}));
 }
 
+TEST(X11WindowKind, dialogsAreAndUtilitiesAreNot) {
+    EXPECT_TRUE(X11WindowKind::isNormal(atoms(), {11}, {}));
+    EXPECT_FALSE(X11WindowKind::isNormal(atoms(), {12}, {}));
+    EXPECT_FALSE(X11WindowKind::isNormal(atoms(), {12, 10}, {}));
+}
+
 TEST(X11WindowKind, theFirstKnownTypeDecides) {
     EXPECT_TRUE(X11WindowKind::isNormal(atoms(), {99, 10, 20}, {}));
     EXPECT_FALSE(X11WindowKind::isNormal(atoms(), {99, 20, 10}, {}));
