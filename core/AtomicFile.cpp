@@ -1,11 +1,14 @@
 #include "core/AtomicFile.h"
 
+#include "core/BoundedFile.h"
 #include "core/FileDescriptor.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <functional>
+#include <string>
 #include <system_error>
 #include <thread>
 
@@ -129,11 +132,31 @@ std::error_code writeAll(int descriptor, std::string_view bytes) {
     return {};
 }
 
-std::error_code fill(int descriptor, std::string_view bytes) {
+std::error_code copyAll(int descriptor, const FileDescriptor& source) {
+    constexpr std::size_t chunk = std::size_t{64} * 1024;
+    std::string buffer(chunk, '\0');
+    while (true) {
+        const auto count = readInto(buffer, source);
+        if (!count) {
+            return lastError();
+        }
+        if (*count == 0) {
+            return {};
+        }
+        if (const auto error = writeAll(descriptor, std::string_view(buffer).substr(0, *count))) {
+            return error;
+        }
+    }
+}
+
+/// Writes the content of a file that is open.
+using Writer = std::function<std::error_code(int descriptor)>;
+
+std::error_code fill(int descriptor, const Writer& writeContent) {
     if (::ftruncate(descriptor, 0) != 0 || ::fchmod(descriptor, S_IRUSR | S_IWUSR) != 0) {
         return lastError();
     }
-    if (const std::error_code error = writeAll(descriptor, bytes)) {
+    if (const std::error_code error = writeContent(descriptor)) {
         return error;
     }
     return ::fsync(descriptor) == 0 ? std::error_code{} : lastError();
@@ -148,9 +171,7 @@ std::error_code flushFolder(const fs::path& folder) {
     return lastError();
 }
 
-} // namespace
-
-Result<> write(const fs::path& target, std::string_view bytes) {
+Result<> replace(const fs::path& target, const Writer& writeContent) {
     std::error_code error;
     const fs::path file = finalTarget(target, error);
     if (!error && !file.has_filename()) {
@@ -165,7 +186,7 @@ Result<> write(const fs::path& target, std::string_view bytes) {
     if (!opened.isOpen()) {
         return failure(temporary, error);
     }
-    error = fill(opened.get(), bytes);
+    error = fill(opened.get(), writeContent);
     if (!error && std::rename(temporary.c_str(), file.c_str()) != 0) {
         error = lastError();
     }
@@ -177,6 +198,25 @@ Result<> write(const fs::path& target, std::string_view bytes) {
         return failure(folder, error);
     }
     return {};
+}
+
+} // namespace
+
+Result<> write(const fs::path& target, std::string_view bytes) {
+    return replace(target, [bytes](int descriptor) { return writeAll(descriptor, bytes); });
+}
+
+Result<> copy(const fs::path& source, const fs::path& target) {
+    // O_NONBLOCK: a pipe must not make the call wait.
+    const FileDescriptor opened(::open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status {};
+    if (!opened.isOpen() || ::fstat(opened.get(), &status) != 0) {
+        return failure(source, lastError());
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return failure(source, std::make_error_code(std::errc::invalid_argument));
+    }
+    return replace(target, [&opened](int descriptor) { return copyAll(descriptor, opened); });
 }
 
 } // namespace quillary::AtomicFile

@@ -20,4 +20,8 @@ namespace quillary::AtomicFile {
 /// `target`, if anything, must be a regular file.
 [[nodiscard]] Result<> write(const std::filesystem::path& target, std::string_view bytes);
 
+/// The same with the content of the regular file at `source`, of any size, which is not held in memory. Fails
+/// when `source` cannot be read.
+[[nodiscard]] Result<> copy(const std::filesystem::path& source, const std::filesystem::path& target);
+
 } // namespace quillary::AtomicFile

@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
@@ -140,13 +141,11 @@ bool read(const json& value, Settings& field) {
 }
 
 json written(const DockConfig& config) {
-    // JSON has no other numbers than finite ones; what is left out would read as the default anyway.
-    const double defaultIconSize = DockConfig({}, {}, {}).iconSize;
     return {{key::screenKey, config.screenKey},
             {key::screenName, config.screenName},
             {key::enabled, config.enabled},
             {key::edge, rawValue(config.edge)},
-            {key::iconSize, std::isfinite(config.iconSize) ? config.iconSize : defaultIconSize},
+            {key::iconSize, config.iconSize},
             {key::showRunning, config.showRunning},
             {key::style, rawValue(config.style)},
             {key::magnification, rawValue(config.magnification)},
@@ -160,10 +159,20 @@ json written(const DockPrefs& prefs) {
     if (prefs.autohide) {
         object[key::autohide] = *prefs.autohide;
     }
-    if (prefs.delay && std::isfinite(*prefs.delay)) {
+    if (prefs.delay) {
         object[key::delay] = *prefs.delay;
     }
     return object;
+}
+
+/// The key of a number that JSON cannot express; null when there is none.
+const char* keyOfUnwritableNumber(const Settings& settings) {
+    if (!std::ranges::all_of(settings.docks,
+                             [](const DockConfig& config) { return std::isfinite(config.iconSize); })) {
+        return key::iconSize;
+    }
+    const auto& saved = settings.savedSystemDock;
+    return saved && saved->delay && !std::isfinite(*saved->delay) ? key::delay : nullptr;
 }
 
 json parsed(std::string_view text) {
@@ -183,7 +192,10 @@ json parsed(std::string_view text) {
 
 } // namespace
 
-std::string encodeSettings(const Settings& settings) {
+Result<std::string> encodeSettings(const Settings& settings) {
+    if (const char* name = keyOfUnwritableNumber(settings)) {
+        return Failure(std::string(name) + " is not a finite number");
+    }
     json docks = json::array();
     for (const DockConfig& config : settings.docks) {
         docks.push_back(written(config));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Result.h"
 #include "core/Settings.h"
 
 #include <optional>
@@ -8,9 +9,9 @@
 
 namespace quillary {
 
-/// The settings as UTF-8 JSON (RFC 8259), indented, keys sorted. Never fails: ill-formed UTF-8 becomes
-/// U+FFFD, an icon size that is no finite number becomes the default one, a delay that is none is left out.
-[[nodiscard]] std::string encodeSettings(const Settings& settings);
+/// The settings as UTF-8 JSON (RFC 8259), indented, keys sorted. Ill-formed UTF-8 becomes U+FFFD. Fails when
+/// a number is not finite, since JSON has no such numbers.
+[[nodiscard]] Result<std::string> encodeSettings(const Settings& settings);
 
 /// The settings that `json` holds. Missing keys, and null, stand for the defaults; unknown keys are ignored.
 /// Nothing when the text is not UTF-8 JSON, when a value has the wrong type, when an enumeration's string is

@@ -18,16 +18,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path withBrokenAppended(fs::path url) {
-    url += ".broken";
+fs::path withSuffix(fs::path url, std::string_view suffix) {
+    url += suffix;
     return url;
 }
 
-// Without reading it into memory: what is over the limit may be of any size.
+// As with a damaged file, the copy is a courtesy: without it the program starts all the same.
 void keepTooLarge(const fs::path& url) {
     std::error_code error;
     if (fs::is_regular_file(url, error) && fs::file_size(url, error) > SettingsStore::sizeLimit && !error) {
-        fs::copy_file(url, withBrokenAppended(url), fs::copy_options::overwrite_existing, error);
+        static_cast<void>(AtomicFile::copy(url, withSuffix(url, ".too-large")));
     }
 }
 
@@ -59,7 +59,7 @@ Settings SettingsStore::load() const {
         return *std::move(settings);
     }
     // The copy is a courtesy: without it the program starts all the same.
-    static_cast<void>(AtomicFile::write(withBrokenAppended(m_url), *content));
+    static_cast<void>(AtomicFile::write(withSuffix(m_url, ".broken"), *content));
     return {};
 }
 
@@ -71,12 +71,15 @@ Result<> SettingsStore::save(const Settings& settings) const {
     if (auto folders = createFolders(m_url.parent_path()); !folders) {
         return folders;
     }
-    const std::string content = encodeSettings(settings);
-    if (content.size() > sizeLimit) {
+    const auto content = encodeSettings(settings);
+    if (!content) {
+        return Failure(m_url.string() + ": " + content.error());
+    }
+    if (content->size() > sizeLimit) {
         // Written, it would not be read again at the next start.
         return Failure(m_url.string() + ": " + std::make_error_code(std::errc::file_too_large).message());
     }
-    return AtomicFile::write(m_url, content);
+    return AtomicFile::write(m_url, *content);
 }
 
 } // namespace quillary

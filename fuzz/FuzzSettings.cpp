@@ -1,5 +1,6 @@
 #include "core/SettingsJson.h"
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -21,21 +22,25 @@ void require(bool condition) {
 void roundTrip(std::string_view text) {
     const std::optional<Settings> settings = quillary::decodeSettings(text);
     if (settings) {
-        const std::string encoded = quillary::encodeSettings(*settings);
-        const std::optional<Settings> again = quillary::decodeSettings(encoded);
+        const auto encoded = quillary::encodeSettings(*settings);
+        require(encoded.has_value());
+        const std::optional<Settings> again = quillary::decodeSettings(*encoded);
         require(again == settings);
         require(quillary::encodeSettings(*again) == encoded);
     }
 }
 
-/// Whatever a record holds, what is written can be loaded.
+/// Whatever a record holds, what is written can be loaded, and only numbers that are not finite keep it from
+/// being written.
 void encodeAnything(std::string_view text) {
     Settings settings({DockConfig("K", std::string(text), {std::string(text)})}, false);
     double number = 0;
     std::memcpy(&number, text.data(), text.size() < sizeof number ? text.size() : sizeof number);
     settings.docks[0].iconSize = number;
     settings.savedSystemDock = quillary::DockPrefs{std::nullopt, number};
-    require(quillary::decodeSettings(quillary::encodeSettings(settings)).has_value());
+    const auto encoded = quillary::encodeSettings(settings);
+    require(encoded.has_value() == std::isfinite(number));
+    require(!encoded || quillary::decodeSettings(*encoded).has_value());
 }
 
 } // namespace

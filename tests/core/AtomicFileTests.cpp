@@ -138,6 +138,34 @@ TEST(AtomicFile, anUnusableNameFails) {
     EXPECT_EQ(folder.names(), Names{});
 }
 
+TEST(AtomicFile, copiesFilesOfAnySize) {
+    const TemporaryFolder folder;
+    const fs::path source = folder.path() / "source";
+    const fs::path target = folder.path() / "target";
+    for (const std::size_t size : {0U, 1U, 65535U, 65536U, 65537U, 300000U}) {
+        std::string content(size, 'a');
+        for (std::size_t i = 0; i < size; i += 1000) {
+            content[i] = static_cast<char>(i / 1000);
+        }
+        writeFile(source, content);
+        EXPECT_TRUE(succeeded(AtomicFile::copy(source, target)));
+        EXPECT_TRUE(readFile(target) == content) << size;
+    }
+    EXPECT_EQ(folder.names(), (Names{"source", "target"}));
+}
+
+TEST(AtomicFile, whatCannotBeReadIsNotCopied) {
+    const TemporaryFolder folder;
+    writeFile(folder.path() / "target", "old");
+    fs::create_directory(folder.path() / "folder");
+    ASSERT_EQ(::mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
+    for (const char* name : {"missing", "folder", "pipe"}) {
+        EXPECT_FALSE(AtomicFile::copy(folder.path() / name, folder.path() / "target")) << name;
+    }
+    EXPECT_EQ(readFile(folder.path() / "target"), "old");
+    EXPECT_EQ(folder.names(), (Names{"folder", "pipe", "target"}));
+}
+
 TEST(AtomicFile, aReadOnlyFolderKeepsTheOldFile) {
     constexpr uid_t nobody = 65534;
     const TemporaryFolder folder;

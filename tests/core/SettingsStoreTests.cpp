@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include <sys/stat.h>
 
 namespace quillary {
@@ -93,6 +95,15 @@ TEST(SettingsStore, whatCannotBeReadGivesDefaultsWithoutACopy) {
     EXPECT_EQ(folder.names(), (Names{"folder", "pipe", "endless", "self"}));
 }
 
+TEST(SettingsStore, aLongFileIsReadAsAnyOther) {
+    const TemporaryFolder folder;
+    const fs::path file = folder.path() / "settings.json";
+    constexpr std::size_t length = std::size_t{20} * 1024 * 1024;
+    writeFile(file, R"({"onboarded": true})" + std::string(length, ' '));
+    EXPECT_EQ(SettingsStore(file).load(), Settings({}, true));
+    EXPECT_EQ(folder.names(), Names{"settings.json"});
+}
+
 TEST(SettingsStore, sizeIsBounded) {
     const TemporaryFolder folder;
     const fs::path file = folder.path() / "settings.json";
@@ -104,24 +115,28 @@ TEST(SettingsStore, sizeIsBounded) {
     EXPECT_EQ(SettingsStore(file).load(), Settings());
 }
 
-TEST(SettingsStore, aFileThatIsTooLargeIsCopiedAside) {
+TEST(SettingsStore, aFileThatIsTooLargeIsCopiedAsideWholeAndNotCalledBroken) {
     const TemporaryFolder folder;
     const fs::path file = folder.path() / "settings.json";
     const std::string content = R"({"onboarded": true})" + std::string(SettingsStore::sizeLimit, ' ');
     writeFile(file, content);
-    writeFile(folder.path() / "settings.json.broken", "an earlier copy");
+    writeFile(folder.path() / "settings.json.too-large", "an earlier copy");
+    // A copy that is written in place reaches whoever has the earlier one open.
+    fs::create_hard_link(folder.path() / "settings.json.too-large", folder.path() / "earlier");
     EXPECT_EQ(SettingsStore(file).load(), Settings());
     EXPECT_TRUE(readFile(file) == content);
-    EXPECT_TRUE(readFile(folder.path() / "settings.json.broken") == content);
-    EXPECT_EQ(folder.names(), (Names{"settings.json", "settings.json.broken"}));
+    EXPECT_TRUE(readFile(folder.path() / "settings.json.too-large") == content);
+    EXPECT_EQ(readFile(folder.path() / "earlier"), "an earlier copy");
+    EXPECT_EQ(folder.names(), (Names{"settings.json", "settings.json.too-large", "earlier"}));
 }
 
 TEST(SettingsStore, aTooLargeFileThatCannotBeCopiedIsNoFailure) {
     const TemporaryFolder folder;
     writeFile(folder.path() / "settings.json", std::string(SettingsStore::sizeLimit + 1, ' '));
-    fs::create_directory(folder.path() / "settings.json.broken");
+    fs::create_directory(folder.path() / "settings.json.too-large");
     EXPECT_EQ(SettingsStore(folder.path() / "settings.json").load(), Settings());
-    EXPECT_TRUE(fs::is_empty(folder.path() / "settings.json.broken"));
+    EXPECT_TRUE(fs::is_empty(folder.path() / "settings.json.too-large"));
+    EXPECT_EQ(folder.names(), (Names{"settings.json", "settings.json.too-large"}));
 }
 
 TEST(SettingsStore, whatWouldNotBeReadAgainIsNotWritten) {
@@ -133,6 +148,29 @@ TEST(SettingsStore, whatWouldNotBeReadAgainIsNotWritten) {
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error(), HasSubstr("File too large"));
     EXPECT_EQ(store.load(), someSettings());
+}
+
+TEST(SettingsStore, numbersThatAreNotFiniteAreAnErrorAndLeaveTheFile) {
+    const TemporaryFolder folder;
+    const SettingsStore store(folder.path() / "settings.json");
+    ASSERT_TRUE(succeeded(store.save(someSettings())));
+    const std::string before = readFile(store.url());
+    for (const double value :
+         {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
+          -std::numeric_limits<double>::infinity()}) {
+        Settings size = someSettings();
+        size.docks[0].iconSize = value;
+        const auto sizeSaved = store.save(size);
+        ASSERT_FALSE(sizeSaved) << value;
+        EXPECT_THAT(sizeSaved.error(), HasSubstr("iconSize"));
+        Settings delay = someSettings();
+        delay.savedSystemDock = DockPrefs{true, value};
+        const auto delaySaved = store.save(delay);
+        ASSERT_FALSE(delaySaved) << value;
+        EXPECT_THAT(delaySaved.error(), HasSubstr("delay"));
+        EXPECT_EQ(readFile(store.url()), before);
+    }
+    EXPECT_EQ(folder.names(), Names{"settings.json"});
 }
 
 TEST(SettingsStore, savingAndLoadingIsTheIdentity) {
