@@ -21,7 +21,7 @@ constexpr double bounceLimit = 6.0;
 
 // Fitting limits the icons of a dock to its screen. An empty dock has nothing to fit, and its stored size may
 // be more than a window can have.
-constexpr double largestIconSize = 1024;
+constexpr double largestSizeOfEmptyDock = 2048;
 
 } // namespace
 
@@ -106,7 +106,10 @@ std::vector<DockCell> DockModel::listedCells() const {
 }
 
 DockGeometry DockModel::geometry(const std::vector<DockCell>& cells) const {
-    return {m_config, std::min(m_config.iconSize, largestIconSize), cells, m_maxLength};
+    const double size = std::ranges::any_of(cells, &DockCell::isItem)
+                            ? m_config.iconSize
+                            : std::min(m_config.iconSize, largestSizeOfEmptyDock);
+    return {m_config, size, cells, m_maxLength};
 }
 
 DockRow DockModel::makeRow() const {

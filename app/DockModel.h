@@ -76,7 +76,8 @@ public:
     [[nodiscard]] const std::vector<DockCell>& cells() const { return m_row.cells; }
     /// The cells with their layout. Valid until rowChanged.
     [[nodiscard]] const DockRow& row() const { return m_row; }
-    /// The layout of some cells in this dock, its icons at most 1024 points.
+    /// The layout of some cells in this dock. Without items, which fitting limits to the screen, the icon
+    /// size counts as at most 2048 points.
     [[nodiscard]] DockGeometry geometry(const std::vector<DockCell>& cells) const;
     /// The path of the item under the pointer, if any.
     [[nodiscard]] std::optional<std::string> hoveredPath() const;

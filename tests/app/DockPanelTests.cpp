@@ -220,6 +220,26 @@ TEST_F(DockPanelTest, theStripIs3PointsDeepThoughThePanelsDepthIsNoWholeNumber) 
     EXPECT_FALSE(model().hidden());
 }
 
+TEST_F(DockPanelTest, aLargeStoredSizeIsLaidOutAsFarAsTheScreenIsLong) {
+    platform.screens().set({screenNamed("LEFT", QRectF(0, 0, 3840, 2160))});
+    configure([](DockConfig& config) {
+        config.items = {mail};
+        config.iconSize = 2000;
+    });
+    turn();
+    EXPECT_DOUBLE_EQ(model().row().geometry.size, 2000);
+    EXPECT_EQ(panel().frame().width(), 2044);
+    configure([](DockConfig& config) { config.iconSize = 1e6; });
+    turn();
+    EXPECT_EQ(panel().frame().width(), 3840);
+    configure([](DockConfig& config) {
+        config.items = {};
+        config.iconSize = 2000;
+    });
+    turn();
+    EXPECT_DOUBLE_EQ(model().row().geometry.size, 2000);
+}
+
 TEST_F(DockPanelTest, anAbsurdStoredSizeOfAnEmptyDockGivesAWindowThatCanBe) {
     for (const double size : {1e6, 1e308}) {
         configure([size](DockConfig& config) {
