@@ -1,4 +1,5 @@
 #include "app/AppDelegate.h"
+#include "app/CommandLine.h"
 #include "app/SignalWatch.h"
 #include "platform/Platform.h"
 #include "platform/SingleInstance.h"
@@ -8,8 +9,15 @@
 #include <QSessionManager>
 
 #include <csignal>
+#include <cstdio>
+#include <span>
 
 int main(int argc, char* argv[]) {
+    if (const auto answer =
+            quillary::answerTo(std::span(argv, static_cast<std::size_t>(argc)), QUILLARY_VERSION)) {
+        std::fputs(answer->text.c_str(), answer->status == 0 ? stdout : stderr);
+        return answer->status;
+    }
     QCoreApplication::setApplicationName(QStringLiteral("Quillary"));
     QGuiApplication::setDesktopFileName(QStringLiteral("quillary"));
     // Docks come and go with the screens: the program goes on without any.

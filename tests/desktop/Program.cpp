@@ -18,16 +18,17 @@ Program::~Program() {
     }
 }
 
-void Program::start(const std::vector<std::string>& environment) {
+void Program::start(const std::vector<std::string>& environment, const std::vector<std::string>& arguments) {
     std::vector<std::string> command{"env", "XDG_DATA_DIRS=" + home.systemData().string()};
     command.insert(command.end(), environment.begin(), environment.end());
     // A sanitized program holds on to what it freed, which would look like a leak.
     const char* options = std::getenv("ASAN_OPTIONS");
     command.push_back("ASAN_OPTIONS=" + std::string(options != nullptr ? options : "") +
                       ":quarantine_size_mb=1");
-    const std::vector<std::string> program{"sh", "-c", R"(exec "$0" >>"$1" 2>&1)", QUILLARY_PROGRAM,
-                                           (home.path() / "program.log").string()};
+    const std::vector<std::string> program{"sh", "-c", R"(log=$1; shift; exec "$0" "$@" >>"$log" 2>&1)",
+                                           QUILLARY_PROGRAM, (home.path() / "program.log").string()};
     command.insert(command.end(), program.begin(), program.end());
+    command.insert(command.end(), arguments.begin(), arguments.end());
     ended.reset();
     pid = ChildProcess::start(command);
 }

@@ -26,8 +26,9 @@ public:
         bool operator==(const End&) const = default;
     };
 
-    /// Starts it; `environment` holds further "NAME=value".
-    void start(const std::vector<std::string>& environment = {});
+    /// Starts it with these arguments; `environment` holds further "NAME=value".
+    void start(const std::vector<std::string>& environment = {},
+               const std::vector<std::string>& arguments = {});
     [[nodiscard]] pid_t process() const { return pid; }
     [[nodiscard]] bool isRunning();
     void signal(int number) const;

@@ -168,6 +168,40 @@ TEST_F(StartTest, withoutAServerTheProgramEndsWithOneLine) {
     EXPECT_EQ(program.log(), "Quillary: no X server can be reached.\n");
 }
 
+// No server can be reached, so what is answered is answered before anything else.
+TEST_F(StartTest, helpAndVersionGoToStandardOutput) {
+    for (const auto& [option, beginning] :
+         {std::pair("--help", "Usage: quillary\n"), std::pair("--version", "Quillary 0.")}) {
+        const auto written = home.path() / "written";
+        const auto status = display.run({"sh", "-c", R"(DISPLAY=:4321 "$0" "$1" >"$2" 2>"$2.error")",
+                                         QUILLARY_PROGRAM, option, written.string()});
+        EXPECT_EQ(status, 0) << option;
+        EXPECT_TRUE(Home::read(written).starts_with(beginning)) << Home::read(written);
+        EXPECT_TRUE(Home::read(written).ends_with("\n"));
+        EXPECT_EQ(Home::read(written.string() + ".error"), "") << option;
+    }
+}
+
+TEST_F(StartTest, otherArgumentsAreOneLineAndStatus2) {
+    const auto sheet = home.path() / "red.qss";
+    Home::write(sheet, "* { background: red }");
+    const std::vector<std::vector<std::string>> commands = {{"-platform", "offscreen"},
+                                                            {"-stylesheet", sheet.string()},
+                                                            {"--unknown"},
+                                                            {"-h"},
+                                                            {""},
+                                                            {"a\nb\xff"},
+                                                            {"file", "--help"}};
+    for (const auto& arguments : commands) {
+        SCOPED_TRACE(testing::PrintToString(arguments));
+        std::filesystem::remove(home.path() / "program.log");
+        program.start({}, arguments);
+        EXPECT_EQ(program.waitForEnd(), (Program::End{2}));
+        EXPECT_TRUE(program.log().starts_with("Quillary: ")) << program.log();
+        EXPECT_EQ(program.log().find('\n'), program.log().size() - 1) << program.log();
+    }
+}
+
 TEST_F(StartTest, aSessionWithoutABusGetsNone) {
     const auto launched = home.path() / "launched";
     const auto launcher = home.path() / "programs/dbus-launch";
