@@ -23,6 +23,8 @@ namespace {
 
 constexpr std::string_view bundleSuffix = ".app";
 constexpr const char* ownId = "quillary.desktop";
+// Applications with windows have handles from 1 on.
+constexpr std::uint64_t ownHandle = 0;
 
 RunningApplication running(const WindowApplication& application) {
     return {.handle = application.handle,
@@ -61,9 +63,17 @@ const std::vector<WindowApplication>& LinuxWorkspace::refreshed() const {
     return m_applications.list();
 }
 
-const WindowApplication* LinuxWorkspace::activeApplication() const {
+std::optional<RunningApplication> LinuxWorkspace::activeApplication() const {
+    if (m_windows.isOwnWindowActive()) {
+        const auto* entry = m_entries.index().find(EntryIndex::Key::id, ownId);
+        return RunningApplication{.handle = ownHandle,
+                                  .policy = ActivationPolicy::regular,
+                                  .bundlePath = entry != nullptr ? std::optional(entry->path) : std::nullopt,
+                                  .bundleIdentifier = ownId};
+    }
     const auto window = m_windows.activeWindow();
-    return window ? m_applications.owner(*window) : nullptr;
+    const auto* application = window ? m_applications.owner(*window) : nullptr;
+    return application != nullptr ? std::optional(running(*application)) : std::nullopt;
 }
 
 LinuxWorkspace::State LinuxWorkspace::state() const {
@@ -71,7 +81,7 @@ LinuxWorkspace::State LinuxWorkspace::state() const {
     for (const auto& application : m_applications.list()) {
         current.running.insert(application.handle);
     }
-    if (const auto* active = activeApplication()) {
+    if (const auto active = activeApplication()) {
         current.active = active->handle;
     }
     return current;
@@ -115,8 +125,7 @@ std::vector<RunningApplication> LinuxWorkspace::runningApplications() const {
 std::optional<RunningApplication> LinuxWorkspace::frontmostApplication() const {
     refreshed();
     noteFirstReading();
-    const auto* application = activeApplication();
-    return application != nullptr ? std::optional(running(*application)) : std::nullopt;
+    return activeApplication();
 }
 
 DesktopNow LinuxWorkspace::desktopNow() const {

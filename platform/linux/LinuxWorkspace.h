@@ -35,6 +35,8 @@ public:
     ~LinuxWorkspace() override;
 
     [[nodiscard]] std::vector<RunningApplication> runningApplications() const override;
+    /// This program itself while one of its windows has the focus; its path is absent unless its entry is
+    /// installed.
     [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
     [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override;
     /// The id under which this program installs its own entry.
@@ -63,7 +65,7 @@ private:
     };
 
     const std::vector<WindowApplication>& refreshed() const;
-    [[nodiscard]] const WindowApplication* activeApplication() const;
+    [[nodiscard]] std::optional<RunningApplication> activeApplication() const;
     [[nodiscard]] State state() const;
     void noteFirstReading() const;
     void notifyChanges();

@@ -130,12 +130,14 @@ void X11WindowSource::updateActive() {
 
 void X11WindowSource::setFocused(xcb_window_t window) {
     m_focused = window;
+    const bool own = window != XCB_WINDOW_NONE && X11Connection::isOwnWindow(window);
     std::optional<std::uint64_t> foreign;
-    if (window != XCB_WINDOW_NONE && !X11Connection::isOwnWindow(window)) {
+    if (window != XCB_WINDOW_NONE && !own) {
         foreign = window;
     }
-    if (foreign != m_activeWindow) {
+    if (foreign != m_activeWindow || own != m_ownWindowActive) {
         m_activeWindow = foreign;
+        m_ownWindowActive = own;
         Q_EMIT activeWindowChanged();
     }
     m_fullScreen.follow(m_focused);

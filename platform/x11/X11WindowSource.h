@@ -25,6 +25,7 @@ public:
 
     [[nodiscard]] std::vector<WindowInfo> windows() const override;
     [[nodiscard]] std::optional<std::uint64_t> activeWindow() const override { return m_activeWindow; }
+    [[nodiscard]] bool isOwnWindowActive() const override { return m_ownWindowActive; }
     [[nodiscard]] std::vector<std::uint64_t> stackingOrder() const override;
     [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override { return m_fullScreen.frame(); }
     void activate(std::uint64_t id) override;
@@ -54,6 +55,7 @@ private:
     // May be one of our own windows.
     xcb_window_t m_focused = XCB_WINDOW_NONE;
     std::optional<std::uint64_t> m_activeWindow;
+    bool m_ownWindowActive = false;
     std::unique_ptr<ScheduledTask> m_loseFocus;
     bool m_activeStale = false;
 };

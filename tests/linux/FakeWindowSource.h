@@ -15,6 +15,7 @@ class FakeWindowSource final : public WindowSource {
 public:
     [[nodiscard]] std::vector<WindowInfo> windows() const override { return list; }
     [[nodiscard]] std::optional<std::uint64_t> activeWindow() const override { return active; }
+    [[nodiscard]] bool isOwnWindowActive() const override { return ownActive; }
     [[nodiscard]] std::vector<std::uint64_t> stackingOrder() const override { return stack; }
     [[nodiscard]] std::optional<QRectF> fullScreenFrame() const override { return fullScreen; }
     void activate(std::uint64_t id) override { activated.push_back(id); }
@@ -22,6 +23,7 @@ public:
 
     std::vector<WindowInfo> list;
     std::optional<std::uint64_t> active;
+    bool ownActive = false;
     std::vector<std::uint64_t> stack;
     std::optional<QRectF> fullScreen;
     std::vector<std::uint64_t> activated;

@@ -137,6 +137,34 @@ TEST_F(LinuxWorkspaceTest, frontmostIsTheActiveWindowsApplication) {
     EXPECT_FALSE(workspace->frontmostApplication());
 }
 
+TEST_F(LinuxWorkspaceTest, frontmostIsThisProgramWhileOneOfItsWindowsIsActive) {
+    source.list = {window(1, "Gimp")};
+    source.active = 1;
+    Q_EMIT source.windowsChanged();
+    take();
+    source.active.reset();
+    source.ownActive = true;
+    Q_EMIT source.activeWindowChanged();
+    EXPECT_EQ(take(), (Strings{"activated"}));
+    const auto front = workspace->frontmostApplication();
+    ASSERT_TRUE(front);
+    EXPECT_EQ(front->bundlePath, std::nullopt) << "its entry is not installed";
+    EXPECT_EQ(front->bundleIdentifier, workspace->ownBundleIdentifier());
+    EXPECT_EQ(paths(), (Strings{gimp}));
+    source.ownActive = false;
+    Q_EMIT source.activeWindowChanged();
+    EXPECT_EQ(take(), (Strings{"activated"}));
+    EXPECT_FALSE(workspace->frontmostApplication());
+}
+
+TEST_F(LinuxWorkspaceTest, thisProgramsPathIsItsInstalledEntry) {
+    const auto own = install("quillary.desktop", "Name=Quillary\nExec=quillary");
+    source.ownActive = true;
+    const auto front = workspace->frontmostApplication();
+    ASSERT_TRUE(front);
+    EXPECT_EQ(front->bundlePath, own);
+}
+
 TEST_F(LinuxWorkspaceTest, processesAreNamedWithTheApplicationsWhoseWindowsTheyShow) {
     const auto packed = install("org.test.Packed.desktop", "Name=P\nExec=packed\nX-Flatpak=org.test.Packed");
     source.list = {window(1, "Packed"), window(2, "Gimp"), window(3, "", 2), window(4, "Nobody-knows"),

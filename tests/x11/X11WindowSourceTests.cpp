@@ -154,6 +154,29 @@ TEST_F(X11WindowSourceTest, leavesOurOwnWindowsOut) {
     EXPECT_EQ(source->stackingOrder(), Ids{});
 }
 
+TEST_F(X11WindowSourceTest, saysThatTheFocusIsOnAnOwnWindow) {
+    ASSERT_TRUE(display.startWindowManager());
+    startSource();
+    TestWindow other(display, QRect(400, 0, 100, 100));
+    ASSERT_TRUE(other.show());
+    ASSERT_TRUE(eventually([&] { return ids().size() == 1; }));
+    source->activate(other.id());
+    ASSERT_TRUE(eventually([&] { return source->activeWindow() == other.id(); }));
+    EXPECT_FALSE(source->isOwnWindowActive());
+    actives.clear();
+    QWidget own;
+    own.setGeometry(100, 100, 200, 100);
+    own.show();
+    ASSERT_TRUE(eventually([&] { return clients->windows().size() == 2; }));
+    source->activate(own.winId());
+    EXPECT_TRUE(eventually([&] { return source->isOwnWindowActive(); }));
+    EXPECT_EQ(source->activeWindow(), std::nullopt);
+    source->activate(other.id());
+    EXPECT_TRUE(eventually([&] { return source->activeWindow() == other.id(); }));
+    EXPECT_FALSE(source->isOwnWindowActive());
+    EXPECT_EQ(actives, (Ids{0, other.id()}));
+}
+
 TEST_F(X11WindowSourceTest, tellsTheActiveWindowWithoutTheGapBetween) {
     ASSERT_TRUE(display.startWindowManager());
     startSource();

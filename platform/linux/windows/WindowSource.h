@@ -20,6 +20,8 @@ public:
     /// The window that has the focus; absent when none has or it is this program's own. While the focus
     /// passes from one window to another, this is still the former.
     [[nodiscard]] virtual std::optional<std::uint64_t> activeWindow() const = 0;
+    /// Whether the focus is on a window of this program. Changes are notified by activeWindowChanged.
+    [[nodiscard]] virtual bool isOwnWindowActive() const = 0;
     /// The windows from the bottom to the top of the stack.
     [[nodiscard]] virtual std::vector<std::uint64_t> stackingOrder() const = 0;
     /// The frame of the window with the focus when it is full-screen, this program's own included; global
