@@ -50,7 +50,8 @@ public:
     /// Opens a menu with a corner at a point of the panel (points, origin top-left), moved so that it fits on
     /// the panel's screen. The menu has the pointer and the keyboard until it closes. Any menu that the
     /// program has open is closed first. `closed` runs once, after the handler of the chosen entry, if any.
-    /// When the window closes first, the menu closes with it and `closed` does not run.
+    /// When the window closes first, or the handler closes or destroys it, the menu closes with it and
+    /// `closed` does not run.
     virtual void popUpMenu(Menu menu, QPoint location, std::function<void()> closed) = 0;
     /// Removes the window from the screen. It cannot be shown again.
     virtual void close() = 0;

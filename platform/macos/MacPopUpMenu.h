@@ -21,7 +21,8 @@ class MacPopUpMenu final : public QObject {
 public:
     /// Opens a menu with its corner at a point of the widget (points, origin top-left), after closing the one
     /// that is open, if any. `closed` runs once, after the handler of the chosen entry, if any. When the
-    /// owner is destroyed first, the menu closes and neither runs.
+    /// owner is destroyed first, the menu closes and neither runs. When that handler destroys the owner or
+    /// calls `drop` for it, `closed` does not run.
     static void popUp(Menu menu, QWidget& window, QPoint location, QObject& owner,
                       std::function<void()> closed);
     /// Closes the owner's menu, if it has one open, without running `closed`.

@@ -74,8 +74,9 @@ void MacPopUpMenu::popUp(Menu menu, QWidget& window, QPoint location, QObject& o
 }
 
 void MacPopUpMenu::drop(const QObject& owner) {
-    if (current() && current()->parent() == &owner) {
-        delete current().data();
+    // One whose entry is running is not the current one any more.
+    for (auto* menu : owner.findChildren<MacPopUpMenu*>(Qt::FindDirectChildrenOnly)) {
+        delete menu;
     }
 }
 
@@ -107,13 +108,14 @@ void MacPopUpMenu::finish() {
     current().clear();
     [m_native->menu cancelTrackingWithoutAnimation];
     deleteLater();
-    // The handlers may destroy the owner, and with it this object.
+    // The handlers may destroy the owner, and with it this object, or drop it. Then `closed` does not run.
+    const QPointer<MacPopUpMenu> self(this);
     const auto entry = std::move(m_chosen);
     const auto closed = std::move(m_closed);
     if (entry) {
         entry->fire();
     }
-    if (closed) {
+    if (self && closed) {
         closed();
     }
 }

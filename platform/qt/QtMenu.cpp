@@ -127,8 +127,9 @@ void QtMenu::closeOpen() {
 }
 
 void QtMenu::drop(const QObject& owner) {
-    if (openMenu() && openMenu()->parent() == &owner) {
-        delete openMenu().data();
+    // One whose entry is running is not the open one any more.
+    for (auto* menu : owner.findChildren<QtMenu*>(Qt::FindDirectChildrenOnly)) {
+        delete menu;
     }
 }
 
@@ -276,7 +277,8 @@ void QtMenu::finish() {
     m_widget->disconnect(this);
     m_widget->hide();
     deleteLater();
-    // The handlers may destroy the owner, and with it this object.
+    // The handlers may destroy the owner, and with it this object, or drop it. Then `closed` does not run.
+    const QPointer self(this);
     const auto keptMenu = std::move(m_menu);
     const auto closed = std::move(m_closed);
     const auto* entry = m_chosen;
@@ -285,7 +287,7 @@ void QtMenu::finish() {
     if (entry != nullptr) {
         entry->fire();
     }
-    if (closed) {
+    if (self && closed) {
         closed();
     }
     if (click) {

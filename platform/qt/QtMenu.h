@@ -41,11 +41,13 @@ public:
     };
 
     /// Opens a menu, after closing the one that is open, if any. `closed` runs once, after the handler of the
-    /// chosen entry, if any. When the owner is destroyed first, the menu closes and neither runs.
+    /// chosen entry, if any. When the owner is destroyed first, the menu closes and neither runs. When that
+    /// handler destroys the owner or calls `drop` for it, `closed` does not run.
     static void popUp(Menu menu, const Place& place, QObject& owner, std::function<void()> closed);
     /// Closes the menu that is open, if any; its `closed` has run when this returns.
     static void closeOpen();
-    /// Closes the owner's menu, if it has one open, without running `closed`.
+    /// Closes the owner's menu, if it has one open, without running `closed`. May be called by a handler of
+    /// the menu's entries.
     static void drop(const QObject& owner);
     [[nodiscard]] static bool isOpen();
 

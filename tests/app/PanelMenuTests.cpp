@@ -111,8 +111,12 @@ TEST_F(PanelMenuTest, aDockThatGoesWithItsMenuOpenIsNotCalledBack) {
 TEST_F(PanelMenuTest, aChoiceMayEndTheDock) {
     point(onNotes);
     press(Qt::RightButton, onNotes);
-    configure([](DockConfig& config) { config.enabled = false; });
+    ASSERT_TRUE(window().menu);
+    window().menu->emplace_back("End", false,
+                                [this] { configure([](DockConfig& config) { config.enabled = false; }); });
+    EXPECT_TRUE(window().choose({"End"}));
     EXPECT_TRUE(platform.windows.empty());
+    EXPECT_EQ(manager->panel(leftKey), nullptr);
 }
 
 class FullScreenTest : public Desktop {

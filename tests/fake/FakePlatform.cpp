@@ -1,6 +1,7 @@
 #include "tests/fake/FakePlatform.h"
 
 #include <QPixmap>
+#include <QPointer>
 #include <QWidget>
 
 #include <algorithm>
@@ -105,9 +106,16 @@ void FakePanelWindow::popUpMenu(Menu shown, QPoint location, std::function<void(
     ++menusOpened;
 }
 
+void FakePanelWindow::close() {
+    visible = false;
+    menu.reset();
+    menuClosed = nullptr;
+}
+
 bool FakePanelWindow::choose(const std::vector<std::string>& titles) {
     // Taken out first: what is chosen may open another menu.
     const Menu open = menu.value_or(Menu());
+    const QPointer self(this);
     const auto closed = std::exchange(menuClosed, nullptr);
     menu.reset();
     if (!test::choose(open, titles)) {
@@ -115,7 +123,8 @@ bool FakePanelWindow::choose(const std::vector<std::string>& titles) {
         menuClosed = closed;
         return false;
     }
-    if (closed) {
+    // The entry may have closed the window or destroyed it.
+    if (self && visible && closed) {
         closed();
     }
     return true;

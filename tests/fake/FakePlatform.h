@@ -109,7 +109,8 @@ public:
     void setBlurRegion(const QRegion& region) override { blurRegion = region; }
     void orderFront() override;
     void popUpMenu(Menu menu, QPoint location, std::function<void()> closed) override;
-    void close() override { visible = false; }
+    /// An open menu closes with it, and its `closed` does not run.
+    void close() override;
     [[nodiscard]] bool isVisible() const override { return visible; }
     [[nodiscard]] QImage grab() override;
 

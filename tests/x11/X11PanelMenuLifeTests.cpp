@@ -113,8 +113,44 @@ TEST_F(X11PanelMenuLifeTest, anEntryMayDestroyThePanel) {
     panel->popUpMenu(std::move(menu), QPoint(10, 10), [this] { log.emplace_back("closed"); });
     ASSERT_TRUE(openSeen());
     display.click(centreOf(*shown().front(), 0));
-    EXPECT_TRUE(logs({"gone", "closed"}));
+    EXPECT_TRUE(logs({"gone"}));
     settle();
+    EXPECT_EQ(log, (std::vector<std::string>{"gone"}));
+    EXPECT_FALSE(QtMenu::isOpen());
+}
+
+TEST_F(X11PanelMenuLifeTest, anEntryMayCloseThePanel) {
+    startMenus();
+    Menu menu;
+    menu.push_back(ClosureMenuItem("Go", false, [this] {
+        panel->close();
+        log.emplace_back("gone");
+    }));
+    panel->popUpMenu(std::move(menu), QPoint(10, 10), [this] { log.emplace_back("closed"); });
+    ASSERT_TRUE(openSeen());
+    display.click(centreOf(*shown().front(), 0));
+    EXPECT_TRUE(logs({"gone"}));
+    settle();
+    EXPECT_EQ(log, (std::vector<std::string>{"gone"}));
+    EXPECT_FALSE(QtMenu::isOpen());
+}
+
+TEST_F(X11PanelMenuLifeTest, anEntryMayOpenTheNextMenuOfThePanel) {
+    startMenus();
+    Menu menu;
+    menu.push_back(ClosureMenuItem("Go", false, [this] {
+        log.emplace_back("go");
+        open(QPoint(10, 10));
+    }));
+    panel->popUpMenu(std::move(menu), QPoint(10, 10), [this] { log.emplace_back("first closed"); });
+    ASSERT_TRUE(openSeen());
+    display.click(centreOf(*shown().front(), 0));
+    EXPECT_TRUE(logs({"go", "first closed"}));
+    ASSERT_TRUE(openSeen());
+    panel->close();
+    EXPECT_TRUE(shown().empty());
+    settle();
+    EXPECT_EQ(log, (std::vector<std::string>{"go", "first closed"}));
 }
 
 TEST_F(X11PanelMenuLifeTest, destroyingThePanelTakesTheMenuAway) {
