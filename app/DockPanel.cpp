@@ -52,6 +52,7 @@ DockPanel::DockPanel(std::shared_ptr<DockModel> model, ScreenInfo screen, std::s
     connect(m_model.get(), &DockModel::configChanged, this, &DockPanel::followConfig);
     connect(m_model.get(), &DockModel::hiddenChanged, this, &DockPanel::followHidden);
     connect(m_model->running.get(), &RunningApps::appsChanged, this, &DockPanel::repositionSoon);
+    connect(m_window.get(), &PanelWindow::frameChanged, this, &DockPanel::followFrame);
     connect(m_window.get(), &PanelWindow::pointerCrossed, &m_platform.pointer(), &PointerMonitor::refresh);
 }
 
@@ -108,12 +109,17 @@ void DockPanel::reposition() {
     if (length != m_model->maxLength()) {
         m_model->setMaxLength(length);
     }
-    const QRect before = m_frame;
-    m_frame = placement(visible, edge, geometry().frameSize());
-    m_window->setFrame(m_frame);
+    const QRect before = frame();
+    m_window->setFrame(placement(visible, edge, geometry().frameSize()));
     updateInputRegion();
+    if (frame() != before) {
+        followFrame();
+    }
+}
+
+void DockPanel::followFrame() {
     // The dock moved under a resting pointer, which is at another place of the dock now.
-    if (m_frame != before && m_model->mouse()) {
+    if (m_model->mouse()) {
         track(m_platform.pointer().location());
     }
 }
@@ -137,7 +143,7 @@ void DockPanel::track(QPointF location) {
 void DockPanel::trackShown(QPointF location) {
     const bool wasInside = m_model->mouse().has_value();
     std::optional<QPointF> mouse;
-    if (!m_covered && containsOrTouches(m_frame, location)) {
+    if (!m_covered && containsOrTouches(frame(), location)) {
         const QPointF point = panelPoint(location);
         if (geometry().isInZone(point, pointer())) {
             mouse = point;
@@ -188,7 +194,7 @@ Menu DockPanel::buildMenu() {
 
 void DockPanel::openMenu(QPointF position) {
     // The press carries a newer position than the last movement.
-    track(position + m_frame.topLeft());
+    track(position + frame().topLeft());
     m_menuOpen = true;
     m_window->popUpMenu(buildMenu(), position.toPoint(), [this] { menuClosed(); });
 }
@@ -200,6 +206,10 @@ void DockPanel::menuClosed() {
 
 void DockPanel::close() {
     m_window->close();
+}
+
+QRect DockPanel::frame() const {
+    return m_window->frame();
 }
 
 bool DockPanel::isVisible() const {
@@ -255,7 +265,7 @@ const DockGeometry& DockPanel::geometry() const {
 }
 
 QPointF DockPanel::panelPoint(QPointF location) const {
-    return location - m_frame.topLeft() - geometry().frameOrigin();
+    return location - frame().topLeft() - geometry().frameOrigin();
 }
 
 } // namespace quillary

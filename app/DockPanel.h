@@ -61,8 +61,8 @@ public:
     void close();
 
     [[nodiscard]] DockModel& model() const { return *m_model; }
-    /// Global points.
-    [[nodiscard]] QRect frame() const { return m_frame; }
+    /// Where the window is, which its window manager may have decided. Global points.
+    [[nodiscard]] QRect frame() const;
     [[nodiscard]] bool isVisible() const;
     /// A picture of the dock at the screen's scale; null when it cannot be made.
     [[nodiscard]] QImage grab();
@@ -73,6 +73,7 @@ public:
 
 private:
     void followConfig();
+    void followFrame();
     void followHidden();
     void repositionSoon();
     void trackShown(QPointF location);
@@ -89,7 +90,6 @@ private:
     ScreenInfo m_targetScreen;
     Platform& m_platform;
     std::function<void()> m_showSettings;
-    QRect m_frame;
     bool m_autoHide;
     bool m_covered = false;
     bool m_menuOpen = false;

@@ -22,7 +22,8 @@ class PanelWindow : public QObject {
 public:
     /// Moves and resizes the window. Global points.
     virtual void setFrame(const QRect& frame) = 0;
-    /// The frame last set.
+    /// Where the window is: the frame last set, unless the window system insists on another one. Global
+    /// points.
     [[nodiscard]] virtual QRect frame() const = 0;
 
     /// Sets the part of the window that receives clicks and drops, in the panel's coordinates (points, origin
@@ -60,6 +61,8 @@ public:
     [[nodiscard]] virtual QImage grab() = 0;
 
 Q_SIGNALS:
+    /// The window system moved or resized the window; not emitted by setFrame.
+    void frameChanged();
     /// `composited` or `blursBehind` changed.
     void compositedChanged();
     /// The pointer entered or left the input region, possibly without a movement that PointerMonitor reports.

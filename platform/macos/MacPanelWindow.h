@@ -24,7 +24,7 @@ public:
     ~MacPanelWindow() override;
 
     void setFrame(const QRect& frame) override;
-    [[nodiscard]] QRect frame() const override { return m_frame; }
+    [[nodiscard]] QRect frame() const override;
     /// No-op.
     void setInputRegion(const QRegion& region) override;
     void setIgnoresMouseEvents(bool ignores) override;
@@ -48,7 +48,9 @@ private:
     struct Native;
     std::unique_ptr<Native> m_native;
     QPointer<QWidget> m_contents;
+    // The frame that is wanted, and the one that users of the window know.
     QRect m_frame;
+    QRect m_reportedFrame;
     QRegion m_blurRegion;
     bool m_ignoresMouse = true;
     bool m_closed = false;

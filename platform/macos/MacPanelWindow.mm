@@ -84,6 +84,13 @@ bool MacPanelWindow::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Show:
             dress();
             break;
+        case QEvent::Move:
+        case QEvent::Resize:
+            if (frame() != m_reportedFrame) {
+                m_reportedFrame = frame();
+                Q_EMIT frameChanged();
+            }
+            break;
         // Event monitors need not receive the events of a window's tracking areas and of drags.
         case QEvent::Enter:
         case QEvent::Leave:
@@ -105,10 +112,15 @@ void MacPanelWindow::setFrame(const QRect& frame) {
         return;
     }
     m_frame = frame;
+    m_reportedFrame = frame;
     if (m_contents) {
         m_contents->setGeometry(frame);
         applyBlur();
     }
+}
+
+QRect MacPanelWindow::frame() const {
+    return isVisible() ? m_contents->geometry() : m_frame;
 }
 
 void MacPanelWindow::setInputRegion(const QRegion& /*region*/) {}

@@ -154,6 +154,10 @@ bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event) {
             if (m_contents->isVisible() && m_contents->geometry() != m_frame) {
                 m_frameCheck.start();
             }
+            if (frame() != m_reportedFrame) {
+                m_reportedFrame = frame();
+                Q_EMIT frameChanged();
+            }
             break;
         default:
             break;
@@ -171,8 +175,13 @@ void X11PanelWindow::setFrame(const QRect& frame) {
         return;
     }
     m_frame = frame;
+    m_reportedFrame = frame;
     m_frameRetries = 0;
     applyFrame();
+}
+
+QRect X11PanelWindow::frame() const {
+    return isVisible() ? m_contents->geometry() : m_frame;
 }
 
 void X11PanelWindow::applyFrame() {

@@ -35,7 +35,7 @@ public:
     ~X11PanelWindow() override;
 
     void setFrame(const QRect& frame) override;
-    [[nodiscard]] QRect frame() const override { return m_frame; }
+    [[nodiscard]] QRect frame() const override;
     void setInputRegion(const QRegion& region) override;
     /// No-op: the input region is exact.
     void setIgnoresMouseEvents(bool ignores) override;
@@ -70,7 +70,10 @@ private:
     QPointer<QWidget> m_contents;
     QPointer<QWindow> m_watchedWindow;
     xcb_window_t m_native = XCB_WINDOW_NONE;
+    // The frame that is wanted.
     QRect m_frame;
+    // The frame that users of the window know.
+    QRect m_reportedFrame;
     std::optional<QRegion> m_inputRegion;
     std::optional<QRegion> m_visibleShape;
     QRegion m_blurRegion;

@@ -390,6 +390,28 @@ TEST_F(DockPanelTest, aClosedPanelLeavesNothingBehindThatCallsBack) {
     EXPECT_EQ(platform.scheduler().pending(), 0U);
 }
 
+TEST_F(DockPanelTest, thePointerIsFollowedWhereTheWindowManagerPutTheWindow) {
+    point(640, 860);
+    ASSERT_EQ(model().mouse(), QPointF(73, 85));
+    window().insistOn(window().placed.translated(-20, -30));
+    EXPECT_EQ(model().mouse(), QPointF(93, 115));
+    point(620, 830);
+    EXPECT_EQ(model().mouse(), QPointF(73, 85));
+    EXPECT_EQ(panel().frame(), QRect(547, 745, 146, 125));
+    window().insistOn(window().placed.translated(10, 0));
+    EXPECT_EQ(model().mouse(), QPointF(63, 85));
+}
+
+TEST_F(DockPanelTest, theStripOfAWindowThatWasMovedIsAtItsEdge) {
+    setAutoHide(true);
+    turn();
+    window().insistOn(window().placed.translated(0, -30));
+    platform.pointer().moveTo(atTheEdge);
+    EXPECT_TRUE(model().hidden());
+    point(640, 869);
+    EXPECT_FALSE(model().hidden());
+}
+
 TEST_F(DockPanelTest, aCrossingWithoutMovementAsksForThePointer) {
     const int before = platform.pointer().refreshes;
     Q_EMIT window().pointerCrossed();

@@ -87,6 +87,11 @@ void FakePanelWindow::setFrame(const QRect& frame) {
     ++frameChanges;
 }
 
+void FakePanelWindow::insistOn(const QRect& frame) {
+    placed = frame;
+    Q_EMIT frameChanged();
+}
+
 void FakePanelWindow::orderFront() {
     visible = true;
     ++ordersFront;

@@ -120,6 +120,8 @@ public:
     /// Closes the open menu without a choice.
     void dismissMenu();
 
+    /// Moves and resizes the window as a window manager that insists does, and emits frameChanged.
+    void insistOn(const QRect& frame);
     /// Starts or ends blending and emits compositedChanged.
     void setComposited(bool composited);
 

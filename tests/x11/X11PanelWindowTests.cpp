@@ -185,6 +185,8 @@ TEST_F(X11PanelWindowTest, givesInToAWindowManagerThatInsistsOnAnotherPlace) {
     const QRect frame(300, 300, 200, 100);
     present(frame);
     ASSERT_TRUE(eventually([&] { return place() == frame; }));
+    QRect known;
+    QObject::connect(panel.get(), &PanelWindow::frameChanged, [&] { known = panel->frame(); });
     int moves = 0;
     const auto insist = [&] {
         if (place() != QRect(50, 60, 200, 100)) {
@@ -199,8 +201,15 @@ TEST_F(X11PanelWindowTest, givesInToAWindowManagerThatInsistsOnAnotherPlace) {
     // The first place, and five reminders.
     EXPECT_EQ(moves, 6);
     EXPECT_EQ(place(), QRect(50, 60, 200, 100));
+    EXPECT_TRUE(eventually([&] { return panel->frame() == place(); })) << "where the window is";
+    EXPECT_EQ(known, place());
+    known = QRect();
     panel->setFrame(QRect(400, 300, 200, 100));
+    EXPECT_EQ(panel->frame(), QRect(400, 300, 200, 100));
     EXPECT_TRUE(eventually([&] { return place() == QRect(400, 300, 200, 100); }));
+    settle();
+    EXPECT_EQ(panel->frame(), place());
+    EXPECT_EQ(known, QRect()) << "what setFrame does is no news";
 }
 
 TEST_F(X11PanelWindowTest, orderFrontBringsItAboveOtherPanels) {
