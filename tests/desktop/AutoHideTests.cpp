@@ -239,6 +239,26 @@ TEST_F(AutoHideTest, aDragOfAnotherProgramRevealsTheDock) {
     display.releaseButton(1);
 }
 
+TEST_F(AutoHideTest, aDragWithAnotherButtonRevealsTheDockOnlyAtItsRelease) {
+    startWith();
+    ASSERT_TRUE(hides(leftDock()));
+    TestWindow window(display, QRect(500, 200, 300, 200));
+    ASSERT_TRUE(window.show());
+    for (const int button : {2, 3}) {
+        SCOPED_TRACE(button);
+        display.movePointer(farAway);
+        display.pressButton(button);
+        for (int step = 1; step <= 10; ++step) {
+            display.movePointer(QPoint(640, 299 + 60 * step));
+        }
+        EXPECT_TRUE(staysHidden(leftDock()));
+        display.releaseButton(button);
+        EXPECT_TRUE(reveals(leftDock()));
+        display.movePointer(farAway);
+        ASSERT_TRUE(hides(leftDock()));
+    }
+}
+
 TEST_F(AutoHideTest, clicksGoThroughAHiddenDockAndThroughTheLabelRoomOfAShownOne) {
     startWith();
     ASSERT_TRUE(hides(leftDock()));
