@@ -1,31 +1,8 @@
 #include "app/view/DockView.h"
-#include "tests/app/Fixture.h"
+#include "tests/app/DockPanelFixture.h"
 
 namespace quillary::test {
 namespace {
-
-const std::string mail = "/Applications/Mail.app";
-const std::string notes = "/Applications/Notes.app";
-
-/// One dock of two items at the bottom of LEFT, no magnification: the panel is 146 × 125, its row starts
-/// at 14.
-class DockPanelTest : public Desktop {
-protected:
-    void SetUp() override {
-        startWith({mail, notes});
-        configure([](DockConfig& config) { config.magnification = Magnification::off; });
-        turn();
-    }
-    void point(double x, double y) { platform.pointer().moveTo(QPointF(x, y)); }
-    void setAutoHide(bool on) const {
-        configure([on](DockConfig& config) { config.autoHide = on; });
-    }
-    void wait(double seconds) { platform.scheduler().advance(seconds); }
-
-    const QPointF onIcon{640, 860};
-    const QPointF elsewhere{640, 300};
-    const QPointF atTheEdge{640, 899};
-};
 
 TEST_F(DockPanelTest, standsCentredOnItsEdgeOfTheVisibleFrame) {
     EXPECT_EQ(panel().frame(), QRect(567, 775, 146, 125));
@@ -254,128 +231,6 @@ TEST_F(DockPanelTest, anAbsurdStoredSizeOfAnEmptyDockGivesAWindowThatCanBe) {
     }
 }
 
-TEST_F(DockPanelTest, withoutAutoHideTheDockNeverHides) {
-    point(640, 860);
-    point(640, 300);
-    wait(60);
-    EXPECT_FALSE(model().hidden());
-}
-
-TEST_F(DockPanelTest, hides600MillisecondsAfterThePointerFirstLeft) {
-    setAutoHide(true);
-    platform.pointer().moveTo(atTheEdge);
-    platform.pointer().moveTo(onIcon);
-    ASSERT_FALSE(model().hidden());
-    platform.pointer().moveTo(elsewhere);
-    wait(0.3);
-    point(600, 310);
-    wait(0.29);
-    EXPECT_FALSE(model().hidden());
-    wait(0.01);
-    EXPECT_TRUE(model().hidden());
-    EXPECT_TRUE(window().inputRegion.isEmpty());
-}
-
-TEST_F(DockPanelTest, leavingAndReturningWithin600msKeepsTheDock) {
-    setAutoHide(true);
-    platform.pointer().moveTo(atTheEdge);
-    platform.pointer().moveTo(onIcon);
-    platform.pointer().moveTo(elsewhere);
-    wait(0.59);
-    platform.pointer().moveTo(onIcon);
-    wait(10);
-    EXPECT_FALSE(model().hidden());
-}
-
-TEST_F(DockPanelTest, theStripReaches2PointsBeyondTheWindow) {
-    setAutoHide(true);
-    point(640, 902.5);
-    EXPECT_TRUE(model().hidden());
-    point(640, 901.5);
-    EXPECT_FALSE(model().hidden());
-}
-
-TEST_F(DockPanelTest, aDockThatMovesUnderARestingPointerDoesNotReactToIt) {
-    platform.pointer().place = QPointF(640, 20);
-    configure([](DockConfig& config) { config.edge = DockEdge::top; });
-    turn();
-    ASSERT_TRUE(panel().frame().contains(640, 20));
-    EXPECT_EQ(model().mouse(), std::nullopt);
-}
-
-TEST_F(DockPanelTest, theStripAtTheEdgeRevealsAtOnce) {
-    setAutoHide(true);
-    ASSERT_TRUE(model().hidden());
-    point(640, 896);
-    EXPECT_TRUE(model().hidden());
-    point(640, 897);
-    EXPECT_FALSE(model().hidden());
-}
-
-TEST_F(DockPanelTest, theStripIsAsLongAsTheRow) {
-    setAutoHide(true);
-    // The row spans 567 + 14 … 567 + 132.
-    point(580, 899);
-    point(700, 899);
-    EXPECT_TRUE(model().hidden());
-    point(581, 899);
-    EXPECT_FALSE(model().hidden());
-}
-
-TEST_F(DockPanelTest, theStripFollowsANewRowBeforeTheWindowDoes) {
-    setAutoHide(true);
-    turn();
-    configure([](DockConfig& config) { config.items.emplace_back("/Applications/Third.app"); });
-    ASSERT_EQ(window().placed, QRect(567, 775, 146, 125));
-    // In the window's coordinates the new row spans 14 … 186, and the window ends at 146.
-    point(567 + 187, 899);
-    EXPECT_TRUE(model().hidden());
-    point(567 + 186, 899);
-    EXPECT_FALSE(model().hidden());
-}
-
-TEST_F(DockPanelTest, aHiddenDockHasNoPointerAndTakesNoClicks) {
-    setAutoHide(true);
-    platform.pointer().moveTo(onIcon);
-    EXPECT_EQ(model().mouse(), std::nullopt);
-    EXPECT_TRUE(window().ignoresMouseEvents);
-    EXPECT_TRUE(window().inputRegion.isEmpty());
-    EXPECT_EQ(model().hoveredPath(), std::nullopt);
-}
-
-TEST_F(DockPanelTest, hidingClearsThePointerAtOnce) {
-    platform.pointer().moveTo(onIcon);
-    ASSERT_TRUE(model().mouse().has_value());
-    setAutoHide(true);
-    EXPECT_TRUE(model().hidden());
-    EXPECT_EQ(model().mouse(), std::nullopt);
-    EXPECT_TRUE(window().ignoresMouseEvents);
-}
-
-TEST_F(DockPanelTest, switchingAutoHideOffShowsTheDock) {
-    setAutoHide(true);
-    setAutoHide(false);
-    EXPECT_FALSE(model().hidden());
-}
-
-TEST_F(DockPanelTest, aConfigurationThatLeavesAutoHideAloneDoesNotHideARevealedDock) {
-    setAutoHide(true);
-    platform.pointer().moveTo(atTheEdge);
-    ASSERT_FALSE(model().hidden());
-    configure([](DockConfig& config) { config.iconSize = 64; });
-    EXPECT_FALSE(model().hidden());
-}
-
-TEST_F(DockPanelTest, aPendingHideDoesNotStrandADockWhoseAutoHideIsSwitchedOff) {
-    setAutoHide(true);
-    platform.pointer().moveTo(atTheEdge);
-    platform.pointer().moveTo(onIcon);
-    platform.pointer().moveTo(elsewhere);
-    setAutoHide(false);
-    wait(5);
-    EXPECT_FALSE(model().hidden());
-}
-
 TEST_F(DockPanelTest, aClosedPanelLeavesNothingBehindThatCallsBack) {
     manager->setShowMemory(false);
     setAutoHide(true);
@@ -400,16 +255,6 @@ TEST_F(DockPanelTest, thePointerIsFollowedWhereTheWindowManagerPutTheWindow) {
     EXPECT_EQ(panel().frame(), QRect(547, 745, 146, 125));
     window().insistOn(window().placed.translated(10, 0));
     EXPECT_EQ(model().mouse(), QPointF(63, 85));
-}
-
-TEST_F(DockPanelTest, theStripOfAWindowThatWasMovedIsAtItsEdge) {
-    setAutoHide(true);
-    turn();
-    window().insistOn(window().placed.translated(0, -30));
-    platform.pointer().moveTo(atTheEdge);
-    EXPECT_TRUE(model().hidden());
-    point(640, 869);
-    EXPECT_FALSE(model().hidden());
 }
 
 TEST_F(DockPanelTest, aCrossingWithoutMovementAsksForThePointer) {

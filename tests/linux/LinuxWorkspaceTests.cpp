@@ -1,10 +1,4 @@
-#include "platform/linux/LinuxWorkspace.h"
-#include "platform/linux/entries/DesktopEntries.h"
-#include "platform/linux/icons/IconTheme.h"
-#include "tests/fake/ManualScheduler.h"
-#include "tests/linux/FakeWindowSource.h"
-#include "tests/linux/LinesLog.h"
-#include "tests/linux/World.h"
+#include "tests/linux/LinuxWorkspaceFixture.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -15,7 +9,6 @@ namespace quillary::test {
 
 namespace {
 
-using Strings = std::vector<std::string>;
 using Ids = std::vector<std::uint64_t>;
 
 WindowInfo window(std::uint64_t id, const std::string& windowClass, std::uint64_t transientFor = 0) {
@@ -25,42 +18,6 @@ WindowInfo window(std::uint64_t id, const std::string& windowClass, std::uint64_
     info.transientFor = transientFor;
     return info;
 }
-
-class LinuxWorkspaceTest : public WorldTest {
-protected:
-    void SetUp() override {
-        WorldTest::SetUp();
-        gimp =
-            install("gimp.desktop", "Name=GIMP\nName[de]=Bildbearbeitung\nExec=gimp %U\nIcon=no-such-icon");
-        files = install("org.test.Files.desktop", "Name=Files\nExec=test-files %U");
-        workspace = std::make_unique<LinuxWorkspace>(source, entries, scheduler, log);
-        QObject::connect(workspace.get(), &Workspace::applicationLaunched,
-                         [this] { told.emplace_back("launched"); });
-        QObject::connect(workspace.get(), &Workspace::applicationTerminated,
-                         [this] { told.emplace_back("terminated"); });
-        QObject::connect(workspace.get(), &Workspace::applicationActivated,
-                         [this] { told.emplace_back("activated"); });
-    }
-
-    Strings paths() {
-        Strings result;
-        for (const auto& application : workspace->runningApplications()) {
-            result.push_back(application.bundlePath.value_or("none"));
-        }
-        return result;
-    }
-
-    Strings take() { return std::exchange(told, {}); }
-
-    std::string gimp;
-    std::string files;
-    FakeWindowSource source;
-    ManualScheduler scheduler;
-    DesktopEntries entries{scheduler};
-    LinesLog log;
-    std::unique_ptr<LinuxWorkspace> workspace;
-    Strings told;
-};
 
 TEST_F(LinuxWorkspaceTest, applicationWithManyWindowsRunsOnce) {
     source.list = {window(1, "Gimp"), window(2, "Files"), window(3, "Gimp")};
@@ -334,77 +291,6 @@ TEST_F(LinuxWorkspaceTest, quittingWhatHasEndedClosesNothing) {
     EXPECT_EQ(source.closed, (Ids{}));
     ASSERT_EQ(log.lines.size(), 1U);
     EXPECT_TRUE(log.lines[0].starts_with("Quillary: "));
-}
-
-TEST_F(LinuxWorkspaceTest, applicationsAreBundlesAndEntries) {
-    std::filesystem::create_directories(World::home() / "folder.desktop");
-    EXPECT_TRUE(workspace->isApplication(gimp));
-    EXPECT_TRUE(workspace->isApplication("/gone.desktop"));
-    EXPECT_TRUE(workspace->isApplication("/Applications/Mail.app"));
-    EXPECT_FALSE(workspace->isApplication((World::home() / "folder.desktop").string()));
-    EXPECT_FALSE(workspace->isApplication("/home/me/notes.txt"));
-    EXPECT_FALSE(workspace->isApplication(""));
-}
-
-TEST_F(LinuxWorkspaceTest, existsFollowsLinks) {
-    std::filesystem::create_symlink("/nowhere/at/all", World::home() / "broken");
-    EXPECT_TRUE(workspace->exists(gimp));
-    EXPECT_TRUE(workspace->exists("/"));
-    EXPECT_FALSE(workspace->exists((World::home() / "broken").string()));
-    EXPECT_FALSE(workspace->exists(""));
-    EXPECT_FALSE(workspace->exists("/nowhere"));
-}
-
-TEST_F(LinuxWorkspaceTest, namesAreThoseOfFileManagers) {
-    EXPECT_EQ(workspace->displayName(gimp), "Bildbearbeitung");
-    EXPECT_EQ(workspace->displayName("/gone/missing.desktop"), "missing.desktop");
-    EXPECT_EQ(workspace->displayName("/home/me/notes.txt"), "notes.txt");
-    EXPECT_EQ(workspace->displayName("/srv/data/"), "data");
-    EXPECT_EQ(workspace->displayName(World::home().string()), "Home");
-    EXPECT_EQ(workspace->displayName("/"), "File System");
-    writeFile(World::home() / "own.desktop", "[Desktop Entry]\nType=Application\nName=Own\nExec=own\n");
-    EXPECT_EQ(workspace->displayName((World::home() / "own.desktop").string()), "Own");
-}
-
-bool paintsSomething(const QIcon& icon) {
-    const auto image = icon.pixmap(64, 64).toImage();
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y).alpha() > 0) {
-                return true;
-            }
-        }
-    }
-    return false;
-}
-
-TEST_F(LinuxWorkspaceTest, iconsAreThereWithoutAnyTheme) {
-    writeFile(World::home() / "notes.txt", "text");
-    for (const auto& path :
-         {gimp, files, World::home().string(), (World::home() / "notes.txt").string(),
-          std::string("/nowhere"), std::string("/gone.desktop"), std::string("/A.app"), std::string()}) {
-        const auto icon = workspace->icon(path);
-        EXPECT_FALSE(icon.isNull()) << path;
-        EXPECT_TRUE(paintsSomething(icon)) << path;
-    }
-}
-
-TEST_F(LinuxWorkspaceTest, iconOfAnEntryMayBeAPicture) {
-    QImage picture(48, 48, QImage::Format_ARGB32);
-    picture.fill(QColor(10, 200, 30));
-    const auto file = World::home() / "picture.png";
-    ASSERT_TRUE(picture.save(QString::fromStdString(file.string())));
-    const auto entry = install("picture.desktop", "Name=P\nExec=p\nIcon=" + file.string());
-    EXPECT_EQ(workspace->icon(entry).pixmap(48, 48).toImage().pixelColor(24, 24), QColor(10, 200, 30));
-}
-
-TEST_F(LinuxWorkspaceTest, pictureThatCannotBeReadIsReplaced) {
-    writeFile(World::home() / "broken.png", "no picture");
-    const auto entry =
-        install("broken.desktop", "Name=B\nExec=b\nIcon=" + (World::home() / "broken.png").string());
-    const auto icon = workspace->icon(entry);
-    EXPECT_FALSE(icon.isNull());
-    EXPECT_TRUE(paintsSomething(icon));
 }
 
 TEST_F(LinuxWorkspaceTest, failedLaunchIsOneLineOfTheLog) {
