@@ -26,64 +26,64 @@ constexpr double megabyte = 1 << 20;
 /// A dock of 20 icons of 48 points at the bottom of a large screen, and what it takes to paint it.
 class Dock {
 public:
-    Dock(DockStyle style, double deviceRatio) : ratio(deviceRatio) {
+    Dock(DockStyle style, double deviceRatio) : m_ratio(deviceRatio) {
         std::vector<std::string> items;
         items.reserve(iconCount);
         for (int i = 0; i < iconCount; ++i) {
             items.push_back("/Applications/Application number " + std::to_string(i) + ".app");
         }
-        platform.systemDock().pinned = items;
-        platform.screens().connected = {test::screenNamed("SCREEN", QRectF(0, 0, 2560, 1440))};
-        manager = std::make_unique<DockManager>(platform);
-        manager->update(model().key, [style](DockConfig& config) { config.style = style; });
-        contents = std::make_unique<DockContents>(DockContents::of(model(), platform.files()));
-        const DockGeometry& geometry = contents->row.geometry;
-        sprites = std::make_unique<IconSprites>(std::make_shared<IconCache>(platform.icons()));
-        sprites->setLook(IconSprites::Look::of(geometry, appearance, ratio));
-        target = QImage((geometry.panelSize() * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-        target.setDevicePixelRatio(ratio);
-        from = geometry.rowOffset();
-        to = from + geometry.restLen;
-        along = from;
-        texts.label = [](const std::string&) { return QStringLiteral("Application"); };
-        texts.labelWidth = [](const QString&) { return 70.0; };
+        m_platform.systemDock().pinned = items;
+        m_platform.screens().connected = {test::screenNamed("SCREEN", QRectF(0, 0, 2560, 1440))};
+        m_manager = std::make_unique<DockManager>(m_platform);
+        m_manager->update(model().key, [style](DockConfig& config) { config.style = style; });
+        m_contents = std::make_unique<DockContents>(DockContents::of(model(), m_platform.files()));
+        const DockGeometry& geometry = m_contents->row.geometry;
+        m_sprites = std::make_unique<IconSprites>(std::make_shared<IconCache>(m_platform.icons()));
+        m_sprites->setLook(IconSprites::Look::of(geometry, m_appearance, m_ratio));
+        m_target = QImage((geometry.panelSize() * m_ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+        m_target.setDevicePixelRatio(m_ratio);
+        m_from = geometry.rowOffset();
+        m_to = m_from + geometry.restLen;
+        m_along = m_from;
+        m_texts.label = [](const std::string&) { return QStringLiteral("Application"); };
+        m_texts.labelWidth = [](const QString&) { return 70.0; };
     }
 
-    void magnify() { state.magnified = 1; }
+    void magnify() { m_state.magnified = 1; }
     /// Moves the pointer on, from one end of the row to the other.
     void movePointer() {
-        along = along > to ? from : along + 3;
-        state.mouseAxis = along;
+        m_along = m_along > m_to ? m_from : m_along + 3;
+        m_state.mouseAxis = m_along;
     }
     [[nodiscard]] DockScene scene() const {
-        return fittedToPixels(buildDockScene(*contents, state, texts), {.ratio = ratio});
+        return fittedToPixels(buildDockScene(*m_contents, m_state, m_texts), {.ratio = m_ratio});
     }
     /// Paints what lies in these points of the panel.
     void paint(const DockScene& scene, const QRect& part) {
-        QPainter painter(&target);
+        QPainter painter(&m_target);
         painter.setClipRect(part);
         painter.setCompositionMode(QPainter::CompositionMode_Source);
         painter.fillRect(part, Qt::transparent);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        DockPainter(painter, appearance, *sprites, plates, labelText).draw(scene);
+        DockPainter(painter, m_appearance, *m_sprites, m_plates, m_labelText).draw(scene);
     }
-    [[nodiscard]] const DockModel& model() const { return *manager->models()[0]; }
-    [[nodiscard]] QRect everything() const { return {QPoint(), target.deviceIndependentSize().toSize()}; }
-    [[nodiscard]] std::size_t spriteBytes() const { return sprites->bytes(); }
+    [[nodiscard]] const DockModel& model() const { return *m_manager->models()[0]; }
+    [[nodiscard]] QRect everything() const { return {QPoint(), m_target.deviceIndependentSize().toSize()}; }
+    [[nodiscard]] std::size_t spriteBytes() const { return m_sprites->bytes(); }
 
 private:
-    test::FakePlatform platform;
-    std::unique_ptr<DockManager> manager;
-    double ratio;
-    const Appearance appearance = Appearance::of(QPalette(), Blending::translucent);
-    std::unique_ptr<IconSprites> sprites;
-    Plates plates;
-    LabelText labelText;
-    QImage target;
-    std::unique_ptr<DockContents> contents;
-    DockSceneState state;
-    DockTexts texts;
-    double from = 0, to = 0, along = 0;
+    test::FakePlatform m_platform;
+    std::unique_ptr<DockManager> m_manager;
+    double m_ratio;
+    const Appearance m_appearance = Appearance::of(QPalette(), Blending::translucent);
+    std::unique_ptr<IconSprites> m_sprites;
+    Plates m_plates;
+    LabelText m_labelText;
+    QImage m_target;
+    std::unique_ptr<DockContents> m_contents;
+    DockSceneState m_state;
+    DockTexts m_texts;
+    double m_from = 0, m_to = 0, m_along = 0;
 };
 
 DockStyle styleOf(const benchmark::State& state) {

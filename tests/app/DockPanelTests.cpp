@@ -22,7 +22,7 @@ TEST_F(DockPanelTest, theRowIsMadeForChangesAndNotForMovements) {
     const Count rows(&model(), &DockModel::rowChanged);
     const DockCell* cells = model().cells().data();
     const double* widths = model().row().geometry.widths.data();
-    for (double x = 560; x < 720; x += 4) {
+    for (int x = 560; x < 720; x += 4) {
         point(x, 860);
         EXPECT_EQ(model().mouse().has_value(), x >= 576 && x <= 704) << x;
     }

@@ -54,12 +54,12 @@ template<typename Sender, typename Signal>
 class Count {
 public:
     Count(const Sender* sender, Signal signal) {
-        QObject::connect(sender, signal, &context, [this] { ++times; });
+        QObject::connect(sender, signal, &m_context, [this] { ++times; });
     }
     int times = 0;
 
 private:
-    QObject context;
+    QObject m_context;
 };
 
 } // namespace quillary::test

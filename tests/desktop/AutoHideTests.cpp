@@ -60,11 +60,11 @@ protected:
 class Watch {
 public:
     Watch(const VirtualDisplay& display, xcb_window_t window)
-        : connection(xcb_connect(display.name().c_str(), nullptr)) {
+        : m_connection(xcb_connect(display.name().c_str(), nullptr)) {
         const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
         while (window != display.root() && window != XCB_WINDOW_NONE) {
-            xcb_change_window_attributes(connection, window, XCB_CW_EVENT_MASK, &mask);
-            auto* tree = xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr);
+            xcb_change_window_attributes(m_connection, window, XCB_CW_EVENT_MASK, &mask);
+            auto* tree = xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, window), nullptr);
             window = tree != nullptr ? tree->parent : xcb_window_t{XCB_WINDOW_NONE};
             std::free(tree);
         }
@@ -72,26 +72,26 @@ public:
     }
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
-    ~Watch() { xcb_disconnect(connection); }
+    ~Watch() { xcb_disconnect(m_connection); }
 
     /// Moves, sizes, unmaps, maps, reparents and the end; a change of stacking arrives as a configuration of
     /// the same place.
     [[nodiscard]] int events() {
         sync();
-        while (auto* event = xcb_poll_for_event(connection)) {
-            ++count;
+        while (auto* event = xcb_poll_for_event(m_connection)) {
+            ++m_count;
             std::free(event);
         }
-        return count;
+        return m_count;
     }
 
 private:
     void sync() const {
-        std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+        std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
     }
 
-    xcb_connection_t* connection;
-    int count = 0;
+    xcb_connection_t* m_connection;
+    int m_count = 0;
 };
 
 } // namespace

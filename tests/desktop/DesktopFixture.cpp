@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <map>
 #include <memory>
 
 namespace quillary::test {
@@ -59,7 +60,12 @@ std::vector<xcb_window_t> DesktopFixture::docks() const {
                display.atomNames(window, "_NET_WM_WINDOW_TYPE") !=
                    std::vector<std::string>{"_NET_WM_WINDOW_TYPE_DOCK"};
     });
-    std::ranges::sort(found, {}, [this](xcb_window_t window) { return display.geometry(window).x(); });
+    // Read once each: a window that moves or goes while it is sorted would have no order.
+    std::map<xcb_window_t, int> places;
+    for (const auto window : found) {
+        places.emplace(window, display.geometry(window).x());
+    }
+    std::ranges::sort(found, {}, [&places](xcb_window_t window) { return places.at(window); });
     return found;
 }
 

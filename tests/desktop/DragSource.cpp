@@ -14,7 +14,7 @@ class Source : public QWidget {
 public:
     explicit Source(const QStringList& files) {
         for (const QString& file : files) {
-            urls.append(QUrl(file));
+            m_urls.append(QUrl(file));
         }
         setGeometry(100, 300, 100, 100);
     }
@@ -25,14 +25,14 @@ protected:
         if (event->buttons() == Qt::LeftButton) {
             auto* drag = new QDrag(this);
             auto* offer = new QMimeData;
-            offer->setUrls(urls);
+            offer->setUrls(m_urls);
             drag->setMimeData(offer);
             drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction);
         }
     }
 
 private:
-    QList<QUrl> urls;
+    QList<QUrl> m_urls;
 };
 
 } // namespace

@@ -34,36 +34,36 @@ Home::Home() {
     if (mkdtemp(name.data()) == nullptr) {
         std::abort();
     }
-    folder = name;
+    m_folder = name;
     for (const char* sub : {"config", "data/applications", "cache", "run", "system/applications"}) {
-        std::filesystem::create_directories(folder / sub);
+        std::filesystem::create_directories(m_folder / sub);
     }
-    std::filesystem::permissions(folder / "run", std::filesystem::perms::owner_all);
-    set("HOME", folder);
-    set("XDG_CONFIG_HOME", folder / "config");
-    set("XDG_DATA_HOME", folder / "data");
-    set("XDG_CACHE_HOME", folder / "cache");
-    set("XDG_RUNTIME_DIR", folder / "run");
+    std::filesystem::permissions(m_folder / "run", std::filesystem::perms::owner_all);
+    set("HOME", m_folder);
+    set("XDG_CONFIG_HOME", m_folder / "config");
+    set("XDG_DATA_HOME", m_folder / "data");
+    set("XDG_CACHE_HOME", m_folder / "cache");
+    set("XDG_RUNTIME_DIR", m_folder / "run");
 }
 
 Home::~Home() {
     std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
+    std::filesystem::remove_all(m_folder, ignored);
 }
 
 std::string Home::install(const std::string& id, QColor colour, const std::string& more) const {
-    const auto icon = folder / (id + ".png");
+    const auto icon = m_folder / (id + ".png");
     QImage picture(iconPixels, iconPixels, QImage::Format_RGB32);
     picture.fill(colour);
     picture.save(QString::fromStdString(icon.string()));
-    const auto entry = folder / "data/applications" / (id + ".desktop");
+    const auto entry = m_folder / "data/applications" / (id + ".desktop");
     write(entry, "[Desktop Entry]\nType=Application\nName=" + id + "\nIcon=" + icon.string() + "\nExec=\"" +
                      QUILLARY_TEST_APPLICATION + "\" " + id + "\nStartupWMClass=" + id + "\n" + more);
     return entry.string();
 }
 
 std::filesystem::path Home::settingsFile() const {
-    return folder / "config/Quillary/settings.json";
+    return m_folder / "config/Quillary/settings.json";
 }
 
 void Home::write(const std::filesystem::path& file, const std::string& text) {

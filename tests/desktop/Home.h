@@ -19,9 +19,9 @@ public:
     Home(const Home&) = delete;
     Home& operator=(const Home&) = delete;
 
-    [[nodiscard]] const std::filesystem::path& path() const { return folder; }
+    [[nodiscard]] const std::filesystem::path& path() const { return m_folder; }
     /// What XDG_DATA_DIRS of the program names: nothing of the machine is in it.
-    [[nodiscard]] std::filesystem::path systemData() const { return folder / "system"; }
+    [[nodiscard]] std::filesystem::path systemData() const { return m_folder / "system"; }
 
     /// Installs an application of that id: its windows have the id as class, its icon is that colour all
     /// over. Starting it shows a window. `more` is appended to the desktop entry. Returns the entry's path.
@@ -38,7 +38,7 @@ public:
     [[nodiscard]] QJsonObject dockSettings(const std::string& screenKey) const;
 
 private:
-    std::filesystem::path folder;
+    std::filesystem::path m_folder;
 };
 
 /// Keys of the monitors that have no serial number: the 32-bit FNV-1a hash of their names.

@@ -30,29 +30,29 @@ constexpr std::size_t page = 4096;
 
 class Memory {
 public:
-    Memory(long mebibytes, int sharing) : length(static_cast<std::size_t>(mebibytes) * mebibyte) {
-        if (length > 0) {
-            place = static_cast<char*>(
-                mmap(nullptr, length, PROT_READ | PROT_WRITE, sharing | MAP_ANONYMOUS, -1, 0));
+    Memory(long mebibytes, int sharing) : m_length(static_cast<std::size_t>(mebibytes) * mebibyte) {
+        if (m_length > 0) {
+            m_place = static_cast<char*>(
+                mmap(nullptr, m_length, PROT_READ | PROT_WRITE, sharing | MAP_ANONYMOUS, -1, 0));
             // Pages of 2 MiB would come back later than they are given.
-            madvise(place, length, MADV_NOHUGEPAGE);
-            write(0, length);
+            madvise(m_place, m_length, MADV_NOHUGEPAGE);
+            write(0, m_length);
         }
     }
 
     void write(std::size_t from, std::size_t to) const {
-        for (std::size_t offset = from; offset < to && offset < length; offset += page) {
-            place[offset] = static_cast<char>(offset / page + 1);
+        for (std::size_t offset = from; offset < to && offset < m_length; offset += page) {
+            m_place[offset] = static_cast<char>(offset / page + 1);
         }
     }
-    void advise(int advice) const { madvise(place, length, advice); }
+    void advise(int advice) const { madvise(m_place, m_length, advice); }
     // The rest is given back.
-    void keep(std::size_t bytes) const { madvise(place + bytes, length - bytes, MADV_DONTNEED); }
-    [[nodiscard]] std::size_t size() const { return length; }
+    void keep(std::size_t bytes) const { madvise(m_place + bytes, m_length - bytes, MADV_DONTNEED); }
+    [[nodiscard]] std::size_t size() const { return m_length; }
 
 private:
-    std::size_t length;
-    char* place = nullptr;
+    std::size_t m_length;
+    char* m_place = nullptr;
 };
 
 xcb_atom_t atom(xcb_connection_t* xcb, const char* name) {

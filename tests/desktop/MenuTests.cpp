@@ -36,20 +36,20 @@ constexpr xcb_keysym_t endKey = 0xff57;
 /// A bus of the test's own, while the object lives.
 class PrivateBus {
 public:
-    PrivateBus() : display(std::getenv("DISPLAY")), runtime(std::getenv("XDG_RUNTIME_DIR")) {
-        g_test_dbus_up(daemon);
+    PrivateBus() : m_display(std::getenv("DISPLAY")), m_runtime(std::getenv("XDG_RUNTIME_DIR")) {
+        g_test_dbus_up(m_daemon);
         // It clears what would lead programs to another session.
-        setenv("DISPLAY", display.c_str(), 1);
-        setenv("XDG_RUNTIME_DIR", runtime.c_str(), 1);
+        setenv("DISPLAY", m_display.c_str(), 1);
+        setenv("XDG_RUNTIME_DIR", m_runtime.c_str(), 1);
     }
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
-    ~PrivateBus() { g_test_dbus_stop(daemon); }
+    ~PrivateBus() { g_test_dbus_stop(m_daemon); }
 
 private:
-    std::string display;
-    std::string runtime;
-    GTestDBus* daemon = g_test_dbus_new(G_TEST_DBUS_NONE);
+    std::string m_display;
+    std::string m_runtime;
+    GTestDBus* m_daemon = g_test_dbus_new(G_TEST_DBUS_NONE);
 };
 
 class MenuTest : public DesktopFixture {

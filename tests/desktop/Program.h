@@ -13,7 +13,7 @@ namespace quillary::test {
 /// The real program, as a process on the display and in the home of the test.
 class Program {
 public:
-    explicit Program(const Home& user) : home(user) {}
+    explicit Program(const Home& user) : m_home(user) {}
     /// Kills the program when it still runs.
     ~Program();
     Program(const Program&) = delete;
@@ -29,7 +29,7 @@ public:
     /// Starts it with these arguments; `environment` holds further "NAME=value".
     void start(const std::vector<std::string>& environment = {},
                const std::vector<std::string>& arguments = {});
-    [[nodiscard]] pid_t process() const { return pid; }
+    [[nodiscard]] pid_t process() const { return m_pid; }
     [[nodiscard]] bool isRunning();
     void signal(int number) const;
     /// Waits for its end; nothing when it still runs at the deadline.
@@ -48,9 +48,9 @@ public:
 private:
     void reap();
 
-    const Home& home;
-    pid_t pid = 0;
-    std::optional<End> ended;
+    const Home& m_home;
+    pid_t m_pid = 0;
+    std::optional<End> m_ended;
 };
 
 } // namespace quillary::test

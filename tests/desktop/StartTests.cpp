@@ -17,27 +17,27 @@ const QPoint icon(640, 857);
 class Listener {
 public:
     explicit Listener(const VirtualDisplay& host)
-        : display(host),
-          connection(xcb_connect(host.name().c_str(), nullptr)),
-          window(xcb_generate_id(connection)) {
+        : m_display(host),
+          m_connection(xcb_connect(host.name().c_str(), nullptr)),
+          m_window(xcb_generate_id(m_connection)) {
         const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-        xcb_create_window(connection, 0, window, display.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
-                          XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
-        xcb_change_window_attributes(connection, display.root(), XCB_CW_EVENT_MASK, &mask);
+        xcb_create_window(m_connection, 0, m_window, m_display.root(), 0, 0, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+        xcb_change_window_attributes(m_connection, m_display.root(), XCB_CW_EVENT_MASK, &mask);
         time();
     }
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
-    ~Listener() { xcb_disconnect(connection); }
+    ~Listener() { xcb_disconnect(m_connection); }
 
     /// Milliseconds.
     std::uint32_t time() {
-        xcb_change_property(connection, XCB_PROP_MODE_APPEND, window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0,
-                            nullptr);
-        xcb_flush(connection);
-        while (auto* event = xcb_wait_for_event(connection)) {
+        xcb_change_property(m_connection, XCB_PROP_MODE_APPEND, m_window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING,
+                            8, 0, nullptr);
+        xcb_flush(m_connection);
+        while (auto* event = xcb_wait_for_event(m_connection)) {
             const bool told = (event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY &&
-                              reinterpret_cast<xcb_property_notify_event_t*>(event)->window == window;
+                              reinterpret_cast<xcb_property_notify_event_t*>(event)->window == m_window;
             const auto moment = reinterpret_cast<xcb_property_notify_event_t*>(event)->time;
             take(event);
             if (told) {
@@ -49,11 +49,11 @@ public:
 
     /// The messages, as far as they are complete.
     std::vector<std::string> messages() {
-        while (auto* event = xcb_poll_for_event(connection)) {
+        while (auto* event = xcb_poll_for_event(m_connection)) {
             take(event);
         }
         std::vector<std::string> result;
-        std::istringstream stream(bytes);
+        std::istringstream stream(m_bytes);
         for (std::string line; std::getline(stream, line, '\0');) {
             if (!stream.eof() && !line.empty()) {
                 result.push_back(line);
@@ -66,18 +66,18 @@ private:
     void take(xcb_generic_event_t* event) {
         if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE) {
             const auto& message = *reinterpret_cast<xcb_client_message_event_t*>(event);
-            if (message.type == display.atom("_NET_STARTUP_INFO_BEGIN") ||
-                message.type == display.atom("_NET_STARTUP_INFO")) {
-                bytes.append(std::begin(message.data.data8), std::end(message.data.data8));
+            if (message.type == m_display.atom("_NET_STARTUP_INFO_BEGIN") ||
+                message.type == m_display.atom("_NET_STARTUP_INFO")) {
+                m_bytes.append(std::begin(message.data.data8), std::end(message.data.data8));
             }
         }
         std::free(event);
     }
 
-    const VirtualDisplay& display;
-    xcb_connection_t* connection;
-    xcb_window_t window;
-    std::string bytes;
+    const VirtualDisplay& m_display;
+    xcb_connection_t* m_connection;
+    xcb_window_t m_window;
+    std::string m_bytes;
 };
 
 std::string valueOf(const std::string& key, const std::string& message) {

@@ -107,25 +107,25 @@ void FakePanelWindow::popUpMenu(Menu shown, QPoint location, std::function<void(
     dismissMenu();
     menu = std::move(shown);
     menuLocation = location;
-    menuClosed = std::move(closed);
+    m_menuClosed = std::move(closed);
     ++menusOpened;
 }
 
 void FakePanelWindow::close() {
     visible = false;
     menu.reset();
-    menuClosed = nullptr;
+    m_menuClosed = nullptr;
 }
 
 bool FakePanelWindow::choose(const std::vector<std::string>& titles) {
     // Taken out first: what is chosen may open another menu.
     const Menu open = menu.value_or(Menu());
     const QPointer self(this);
-    const auto closed = std::exchange(menuClosed, nullptr);
+    const auto closed = std::exchange(m_menuClosed, nullptr);
     menu.reset();
     if (!test::choose(open, titles)) {
         menu = open;
-        menuClosed = closed;
+        m_menuClosed = closed;
         return false;
     }
     // The entry may have closed the window or destroyed it.
@@ -137,7 +137,7 @@ bool FakePanelWindow::choose(const std::vector<std::string>& titles) {
 
 void FakePanelWindow::dismissMenu() {
     menu.reset();
-    if (const auto closed = std::exchange(menuClosed, nullptr)) {
+    if (const auto closed = std::exchange(m_menuClosed, nullptr)) {
         closed();
     }
 }
@@ -207,7 +207,7 @@ std::unique_ptr<StatusItem> FakePlatform::makeStatusItem(const QIcon& symbol, co
 }
 
 std::filesystem::path FakePlatform::applicationSupportDirectory() const {
-    return folder.path().toStdString();
+    return m_folder.path().toStdString();
 }
 
 ScreenInfo screenNamed(const std::string& name, const QRectF& frame) {

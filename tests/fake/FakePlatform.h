@@ -141,7 +141,7 @@ public:
     int menusOpened = 0;
 
 private:
-    std::function<void()> menuClosed;
+    std::function<void()> m_menuClosed;
 };
 
 /// A status bar that a test starts and ends.
@@ -203,17 +203,17 @@ public:
 /// A whole system in memory: nothing happens in it but what a test does.
 class FakePlatform final : public Platform {
 public:
-    [[nodiscard]] FakeScreens& screens() override { return screenList; }
-    [[nodiscard]] FakeWorkspace& workspace() override { return applications; }
-    [[nodiscard]] const FileFacts& files() const override { return applications; }
-    [[nodiscard]] const FileIcons& icons() const override { return applications; }
-    [[nodiscard]] FakeSystemDock& systemDock() override { return dock; }
-    [[nodiscard]] FakePointer& pointer() override { return pointerMonitor; }
-    [[nodiscard]] ManualScheduler& scheduler() override { return time; }
-    [[nodiscard]] FakeLog& log() override { return lines; }
-    [[nodiscard]] FakeInstance& instance() override { return only; }
-    [[nodiscard]] FakeMemorySource& memory() override { return memorySource; }
-    [[nodiscard]] FakeLoginItem& loginItem() override { return login; }
+    [[nodiscard]] FakeScreens& screens() override { return m_screenList; }
+    [[nodiscard]] FakeWorkspace& workspace() override { return m_applications; }
+    [[nodiscard]] const FileFacts& files() const override { return m_applications; }
+    [[nodiscard]] const FileIcons& icons() const override { return m_applications; }
+    [[nodiscard]] FakeSystemDock& systemDock() override { return m_dock; }
+    [[nodiscard]] FakePointer& pointer() override { return m_pointerMonitor; }
+    [[nodiscard]] ManualScheduler& scheduler() override { return m_time; }
+    [[nodiscard]] FakeLog& log() override { return m_lines; }
+    [[nodiscard]] FakeInstance& instance() override { return m_only; }
+    [[nodiscard]] FakeMemorySource& memory() override { return m_memorySource; }
+    [[nodiscard]] FakeLoginItem& loginItem() override { return m_login; }
     [[nodiscard]] BundleInfo bundleInfo() const override { return bundle; }
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(const QIcon& symbol,
                                                              const std::string& description,
@@ -229,16 +229,16 @@ public:
     BundleInfo bundle;
 
 private:
-    QTemporaryDir folder;
-    ManualScheduler time;
-    FakeScreens screenList;
-    FakeWorkspace applications;
-    FakeSystemDock dock;
-    FakePointer pointerMonitor;
-    FakeLog lines;
-    FakeInstance only;
-    FakeMemorySource memorySource;
-    FakeLoginItem login;
+    QTemporaryDir m_folder;
+    ManualScheduler m_time;
+    FakeScreens m_screenList;
+    FakeWorkspace m_applications;
+    FakeSystemDock m_dock;
+    FakePointer m_pointerMonitor;
+    FakeLog m_lines;
+    FakeInstance m_only;
+    FakeMemorySource m_memorySource;
+    FakeLoginItem m_login;
 };
 
 /// A screen of that name and frame whose visible frame is the whole of it; its key is "KEY-" and the name.

@@ -16,7 +16,7 @@ public:
     [[nodiscard]] std::unique_ptr<ScheduledTask> every(double seconds, std::function<void()> work) override;
     /// Runs the work at the next `finishWork`.
     void onWorker(std::function<std::function<void()>()> work) override;
-    [[nodiscard]] double now() const override { return time; }
+    [[nodiscard]] double now() const override { return m_time; }
 
     /// Lets the seconds pass, running what falls due at its own moment. 0 runs what is due now: one turn of
     /// the loop.
@@ -24,7 +24,7 @@ public:
     /// Runs the oldest work given to a worker, and its result on the main thread. False when there is none.
     bool finishWork();
     /// How many tasks wait for their moment.
-    [[nodiscard]] std::size_t pending() const { return plans.size(); }
+    [[nodiscard]] std::size_t pending() const { return m_plans.size(); }
 
 private:
     struct Plan {
@@ -39,12 +39,12 @@ private:
     std::unique_ptr<ScheduledTask> plan(double seconds, double interval, std::function<void()> work);
     [[nodiscard]] Plans::iterator next(double until, std::uint64_t before);
 
-    double time = 0;
-    std::uint64_t planned = 0;
-    Plans plans;
-    std::list<std::function<std::function<void()>()>> workers;
+    double m_time = 0;
+    std::uint64_t m_planned = 0;
+    Plans m_plans;
+    std::list<std::function<std::function<void()>()>> m_workers;
     // Tasks that outlive the scheduler find it gone.
-    std::shared_ptr<ManualScheduler*> self = std::make_shared<ManualScheduler*>(this);
+    std::shared_ptr<ManualScheduler*> m_self = std::make_shared<ManualScheduler*>(this);
 };
 
 } // namespace quillary::test

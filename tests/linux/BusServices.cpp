@@ -9,26 +9,26 @@ namespace quillary::test {
 BusServices::BusServices() {
     constexpr auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    bus.reset(g_dbus_connection_new_for_address_sync(std::getenv("DBUS_SESSION_BUS_ADDRESS"), flags, nullptr,
-                                                     nullptr, nullptr));
+    m_bus.reset(g_dbus_connection_new_for_address_sync(std::getenv("DBUS_SESSION_BUS_ADDRESS"), flags,
+                                                       nullptr, nullptr, nullptr));
     // GIO runs the filter in its own thread.
-    g_dbus_connection_add_filter(bus.get(), answer, this, nullptr);
+    g_dbus_connection_add_filter(m_bus.get(), answer, this, nullptr);
 }
 
 BusServices::~BusServices() {
-    g_dbus_connection_close_sync(bus.get(), nullptr, nullptr);
+    g_dbus_connection_close_sync(m_bus.get(), nullptr, nullptr);
 }
 
 void BusServices::own(const char* name) {
     const Released<GVariant, g_variant_unref> reply(g_dbus_connection_call_sync(
-        bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
+        m_bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
         g_variant_new("(su)", name, 0U), nullptr, G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, nullptr));
     ASSERT_NE(reply, nullptr);
 }
 
 std::vector<std::string> BusServices::calls() {
-    const std::lock_guard guard(lock);
-    return recorded;
+    const std::lock_guard guard(m_lock);
+    return m_recorded;
 }
 
 GDBusMessage* BusServices::answer(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
@@ -40,8 +40,8 @@ GDBusMessage* BusServices::answer(GDBusConnection* connection, GDBusMessage* mes
     auto* body = g_dbus_message_get_body(message);
     const Released<char, g_free> text(body != nullptr ? g_variant_print(body, FALSE) : g_strdup(""));
     {
-        const std::lock_guard guard(self.lock);
-        self.recorded.push_back(std::string(g_dbus_message_get_member(message)) + text.get());
+        const std::lock_guard guard(self.m_lock);
+        self.m_recorded.push_back(std::string(g_dbus_message_get_member(message)) + text.get());
     }
     GDBusMessage* reply = nullptr;
     if (self.refuses) {

@@ -30,9 +30,9 @@ private:
     static GDBusMessage* answer(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
                                 gpointer data);
 
-    Released<GDBusConnection, g_object_unref> bus;
-    std::mutex lock;
-    std::vector<std::string> recorded;
+    Released<GDBusConnection, g_object_unref> m_bus;
+    std::mutex m_lock;
+    std::vector<std::string> m_recorded;
 };
 
 } // namespace quillary::test

@@ -21,19 +21,19 @@ protected:
         set("HOME", "/home/me");
     }
     void TearDown() override {
-        for (const auto& [name, value] : before) {
+        for (const auto& [name, value] : m_before) {
             ::setenv(name.c_str(), value.c_str(), 1);
         }
     }
 
     void set(const char* name, const char* value) {
         const char* now = std::getenv(name);
-        before.try_emplace(name, now != nullptr ? now : "");
+        m_before.try_emplace(name, now != nullptr ? now : "");
         ::setenv(name, value, 1);
     }
 
 private:
-    std::map<std::string, std::string> before;
+    std::map<std::string, std::string> m_before;
 };
 
 TEST_F(LinuxFoldersTest, theUsersFoldersAreThoseOfTheVariables) {

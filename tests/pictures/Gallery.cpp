@@ -144,19 +144,19 @@ void omit(DockScene& scene, Omission omission) {
 /// A dock with everything on it that a dock can show.
 class Stage {
 public:
-    explicit Stage(const Exhibit& exhibit) : shown(exhibit) {
+    explicit Stage(const Exhibit& exhibit) : m_shown(exhibit) {
         std::vector<std::string> pinned;
         for (const Application& application : applications) {
-            system.workspace().icons[application.path] = iconOf(application);
+            m_system.workspace().icons[application.path] = iconOf(application);
             pinned.emplace_back(application.path);
         }
         pinned.pop_back();
         pinned.pop_back();
-        system.systemDock().pinned = pinned;
-        system.workspace().missing.insert("/Applications/Gone.app");
-        system.screens().connected = {screenNamed("SCREEN", QRectF(0, 0, 1200, 1000))};
-        manager = std::make_unique<DockManager>(system);
-        manager->update("KEY-SCREEN", [&exhibit](DockConfig& config) {
+        m_system.systemDock().pinned = pinned;
+        m_system.workspace().missing.insert("/Applications/Gone.app");
+        m_system.screens().connected = {screenNamed("SCREEN", QRectF(0, 0, 1200, 1000))};
+        m_manager = std::make_unique<DockManager>(m_system);
+        m_manager->update("KEY-SCREEN", [&exhibit](DockConfig& config) {
             config.style = exhibit.style;
             config.edge = exhibit.edge;
             config.magnification = exhibit.magnification;
@@ -168,17 +168,17 @@ public:
         });
         for (const char* path : {"/Applications/Mail.app", "/Applications/Music.app",
                                  "/Applications/Terminal.app", "/Applications/Browser.app"}) {
-            system.workspace().launch(path);
+            m_system.workspace().launch(path);
         }
-        system.workspace().activate("/Applications/Mail.app");
+        m_system.workspace().activate("/Applications/Mail.app");
         // Browser is the hog, Music is heavy.
-        manager->memory->publish({.total = 8 * gibibyte}, {{"/Applications/Browser.app", 3 * gibibyte},
-                                                           {"/Applications/Music.app", gibibyte}});
-        system.scheduler().advance(2);
+        m_manager->memory->publish({.total = 8 * gibibyte}, {{"/Applications/Browser.app", 3 * gibibyte},
+                                                             {"/Applications/Music.app", gibibyte}});
+        m_system.scheduler().advance(2);
     }
 
-    [[nodiscard]] const DockModel& model() const { return *manager->models().front(); }
-    [[nodiscard]] IconSprites sprites() { return IconSprites(std::make_shared<IconCache>(system.icons())); }
+    [[nodiscard]] const DockModel& model() const { return *m_manager->models().front(); }
+    [[nodiscard]] IconSprites sprites() { return IconSprites(std::make_shared<IconCache>(m_system.icons())); }
 
     [[nodiscard]] DockScene scene() const {
         const QFontMetricsF labels(fixedFont(DockFonts::label()));
@@ -191,27 +191,27 @@ public:
                     return QSizeF(metrics.horizontalAdvance(text), metrics.height()) * size /
                            DockFonts::pillSize;
                 }};
-        const DockContents contents = DockContents::of(model(), system.files());
+        const DockContents contents = DockContents::of(model(), m_system.files());
         DockSceneState state;
-        if (shown.mood == Exhibit::Mood::magnified) {
+        if (m_shown.mood == Exhibit::Mood::magnified) {
             const DockGeometry& geometry = contents.row.geometry;
             state.mouseAxis = geometry.rowOffset() + geometry.restCenters[1] + 5;
             state.magnified = 1;
-        } else if (shown.mood == Exhibit::Mood::dragged) {
+        } else if (m_shown.mood == Exhibit::Mood::dragged) {
             state.dropTargeted = true;
             state.targetedItem = ItemId{"/Users/ada/Documents"};
             state.pressedItem = {"/Applications/Music.app"};
             state.pressed = 1;
-        } else if (shown.mood == Exhibit::Mood::hiding) {
+        } else if (m_shown.mood == Exhibit::Mood::hiding) {
             state.hidden = 0.5;
         }
         return buildDockScene(contents, state, texts);
     }
 
 private:
-    Exhibit shown;
-    FakePlatform system;
-    std::unique_ptr<DockManager> manager;
+    Exhibit m_shown;
+    FakePlatform m_system;
+    std::unique_ptr<DockManager> m_manager;
 };
 
 void addEmptyDocks(std::vector<Exhibit>& all) {

@@ -19,8 +19,8 @@ public:
     TestWindow(const TestWindow&) = delete;
     TestWindow& operator=(const TestWindow&) = delete;
 
-    [[nodiscard]] xcb_window_t id() const { return window; }
-    [[nodiscard]] xcb_connection_t* xcb() const { return connection; }
+    [[nodiscard]] xcb_window_t id() const { return m_window; }
+    [[nodiscard]] xcb_connection_t* xcb() const { return m_connection; }
 
     void setText(const std::string& property, const std::string& bytes);
     void setNumbers(const std::string& property, const std::string& type,
@@ -48,11 +48,11 @@ private:
     void sync();
     void readEvents();
 
-    const VirtualDisplay& display;
-    xcb_connection_t* connection;
-    xcb_window_t window;
-    int clickCount = 0;
-    bool deleteAsked = false;
+    const VirtualDisplay& m_display;
+    xcb_connection_t* m_connection;
+    xcb_window_t m_window;
+    int m_clickCount = 0;
+    bool m_deleteAsked = false;
 };
 
 } // namespace quillary::test

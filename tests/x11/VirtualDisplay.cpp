@@ -90,62 +90,62 @@ std::vector<std::string> serverCommand(VirtualDisplay::Server server, QSize size
 
 VirtualDisplay::VirtualDisplay(Server server, QSize size) {
     if (server == Server::xorgDummy) {
-        configFile = (std::filesystem::temp_directory_path() / "quillary-dummy-XXXXXX").string();
-        const int file = mkstemp(configFile.data());
+        m_configFile = (std::filesystem::temp_directory_path() / "quillary-dummy-XXXXXX").string();
+        const int file = mkstemp(m_configFile.data());
         if (file < 0) {
-            configFile.clear();
-            failure = "no temporary file";
+            m_configFile.clear();
+            m_failure = "no temporary file";
             return;
         }
         ::close(file);
-        std::ofstream(configFile) << dummyConfig;
+        std::ofstream(m_configFile) << dummyConfig;
     }
     int ends[2] = {-1, -1};
     if (pipe2(ends, O_CLOEXEC) != 0) {
-        failure = "no pipe";
+        m_failure = "no pipe";
         return;
     }
-    serverProcess = ChildProcess::start(serverCommand(server, size, ends[1], configFile), ends[1]);
+    m_serverProcess = ChildProcess::start(serverCommand(server, size, ends[1], m_configFile), ends[1]);
     ::close(ends[1]);
     const auto number = readLine(ends[0], deadline);
     ::close(ends[0]);
     if (number.empty()) {
-        failure = "the X server did not start";
+        m_failure = "the X server did not start";
         return;
     }
-    displayName = ":" + number;
-    setenv("DISPLAY", displayName.c_str(), 1);
+    m_displayName = ":" + number;
+    setenv("DISPLAY", m_displayName.c_str(), 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
-    connection = xcb_connect(displayName.c_str(), nullptr);
-    if (xcb_connection_has_error(connection) != 0) {
-        xcb_disconnect(connection);
-        connection = nullptr;
-        failure = "the X server takes no connections";
+    m_connection = xcb_connect(m_displayName.c_str(), nullptr);
+    if (xcb_connection_has_error(m_connection) != 0) {
+        xcb_disconnect(m_connection);
+        m_connection = nullptr;
+        m_failure = "the X server takes no connections";
         return;
     }
-    rootWindow = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    m_rootWindow = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
     // The first use of the extension sets it up.
     const Reply<xcb_test_get_version_reply_t> test(
-        xcb_test_get_version_reply(connection, xcb_test_get_version(connection, 2, 2), nullptr));
+        xcb_test_get_version_reply(m_connection, xcb_test_get_version(m_connection, 2, 2), nullptr));
 }
 
 VirtualDisplay::~VirtualDisplay() {
-    for (const auto& [process, command] : std::map(processes)) {
+    for (const auto& [process, command] : std::map(m_processes)) {
         ChildProcess::end(process);
     }
-    if (connection != nullptr) {
-        xcb_disconnect(connection);
+    if (m_connection != nullptr) {
+        xcb_disconnect(m_connection);
     }
-    ChildProcess::end(serverProcess);
-    if (!configFile.empty()) {
-        ::unlink(configFile.c_str());
+    ChildProcess::end(m_serverProcess);
+    if (!m_configFile.empty()) {
+        ::unlink(m_configFile.c_str());
     }
 }
 
 void VirtualDisplay::killServer() {
-    kill(serverProcess, SIGKILL);
-    [[maybe_unused]] const int status = ChildProcess::wait(serverProcess, deadline);
-    serverProcess = 0;
+    kill(m_serverProcess, SIGKILL);
+    [[maybe_unused]] const int status = ChildProcess::wait(m_serverProcess, deadline);
+    m_serverProcess = 0;
 }
 
 void VirtualDisplay::plugTwoMonitors() {
@@ -167,20 +167,20 @@ void VirtualDisplay::plugMonitor(const std::string& name, const QRect& geometry,
 }
 
 void VirtualDisplay::unplugMonitor(const std::string& name) {
-    xcb_randr_delete_monitor(connection, rootWindow, atom(name));
+    xcb_randr_delete_monitor(m_connection, m_rootWindow, atom(name));
     sync();
 }
 
 pid_t VirtualDisplay::start(const std::vector<std::string>& command) {
     const pid_t process = ChildProcess::start(command);
     if (process > 0) {
-        processes.emplace(process, command.front());
+        m_processes.emplace(process, command.front());
     }
     return process;
 }
 
 void VirtualDisplay::stop(pid_t process) {
-    if (processes.erase(process) > 0) {
+    if (m_processes.erase(process) > 0) {
         ChildProcess::end(process);
     }
 }
@@ -198,9 +198,9 @@ int VirtualDisplay::run(const std::vector<std::string>& command) {
 }
 
 bool VirtualDisplay::startWindowManager() {
-    windowManager = start(Surroundings::withMachineData({"openbox", "--sm-disable"}));
+    m_windowManager = start(Surroundings::withMachineData({"openbox", "--sm-disable"}));
     const bool announced = waitUntil([this] {
-        const auto check = numbers(rootWindow, "_NET_SUPPORTING_WM_CHECK");
+        const auto check = numbers(m_rootWindow, "_NET_SUPPORTING_WM_CHECK");
         return !check.empty() && numbers(check.front(), "_NET_SUPPORTING_WM_CHECK") == check;
     });
     return announced && waitUntil([this] { return managesNewWindows(); });
@@ -209,40 +209,40 @@ bool VirtualDisplay::startWindowManager() {
 bool VirtualDisplay::managesNewWindows() {
     // A window manager that has just announced itself may still lose what asks to be shown: try with a
     // window.
-    const auto probe = xcb_generate_id(connection);
-    xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe, rootWindow, 0, 0, 1, 1, 0,
+    const auto probe = xcb_generate_id(m_connection);
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, probe, m_rootWindow, 0, 0, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    xcb_map_window(connection, probe);
+    xcb_map_window(m_connection, probe);
     sync();
     const auto listed = [&] {
-        const auto list = numbers(rootWindow, "_NET_CLIENT_LIST");
+        const auto list = numbers(m_rootWindow, "_NET_CLIENT_LIST");
         return std::find(list.begin(), list.end(), probe) != list.end();
     };
     const bool managed = waitUntil(listed, 300);
-    xcb_destroy_window(connection, probe);
+    xcb_destroy_window(m_connection, probe);
     sync();
     return managed && waitUntil([&] { return !listed(); });
 }
 
 void VirtualDisplay::stopWindowManager() {
-    stop(std::exchange(windowManager, 0));
+    stop(std::exchange(m_windowManager, 0));
 }
 
 bool VirtualDisplay::startCompositor() {
-    compositor = start({"picom", "--backend", "xrender", "--config", "/dev/null"});
+    m_compositor = start({"picom", "--backend", "xrender", "--config", "/dev/null"});
     return waitUntil([this] {
         const Reply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-            connection, xcb_get_selection_owner(connection, atom("_NET_WM_CM_S0")), nullptr));
+            m_connection, xcb_get_selection_owner(m_connection, atom("_NET_WM_CM_S0")), nullptr));
         return owner && owner->owner != XCB_WINDOW_NONE;
     });
 }
 
 void VirtualDisplay::stopCompositor() {
-    stop(std::exchange(compositor, 0));
+    stop(std::exchange(m_compositor, 0));
 }
 
 void VirtualDisplay::fakeInput(std::uint8_t type, std::uint8_t detail, QPoint position) {
-    xcb_test_fake_input(connection, type, detail, XCB_CURRENT_TIME, rootWindow,
+    xcb_test_fake_input(m_connection, type, detail, XCB_CURRENT_TIME, m_rootWindow,
                         static_cast<std::int16_t>(position.x()), static_cast<std::int16_t>(position.y()), 0);
     sync();
 }
@@ -252,7 +252,7 @@ void VirtualDisplay::movePointer(QPoint position) {
 }
 
 void VirtualDisplay::warpPointer(QPoint position) {
-    xcb_warp_pointer(connection, XCB_WINDOW_NONE, rootWindow, 0, 0, 0, 0,
+    xcb_warp_pointer(m_connection, XCB_WINDOW_NONE, m_rootWindow, 0, 0, 0, 0,
                      static_cast<std::int16_t>(position.x()), static_cast<std::int16_t>(position.y()));
     sync();
 }
@@ -272,8 +272,8 @@ void VirtualDisplay::click(QPoint position, int button) {
 }
 
 void VirtualDisplay::typeKey(xcb_keysym_t key, xcb_keysym_t held) {
-    const auto code = KeyboardMap::keycode(connection, key);
-    const auto heldCode = KeyboardMap::keycode(connection, held);
+    const auto code = KeyboardMap::keycode(m_connection, key);
+    const auto heldCode = KeyboardMap::keycode(m_connection, held);
     if (heldCode != 0) {
         fakeInput(XCB_KEY_PRESS, heldCode, {});
     }
@@ -286,13 +286,13 @@ void VirtualDisplay::typeKey(xcb_keysym_t key, xcb_keysym_t held) {
 
 QImage VirtualDisplay::screenshot() const {
     const Reply<xcb_get_geometry_reply_t> size(
-        xcb_get_geometry_reply(connection, xcb_get_geometry(connection, rootWindow), nullptr));
+        xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, m_rootWindow), nullptr));
     if (!size) {
         return {};
     }
     const Reply<xcb_get_image_reply_t> reply(
-        xcb_get_image_reply(connection,
-                            xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, rootWindow, 0, 0,
+        xcb_get_image_reply(m_connection,
+                            xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_rootWindow, 0, 0,
                                           size->width, size->height, 0xFFFFFFFF),
                             nullptr));
     if (!reply || xcb_get_image_data_length(reply.get()) < size->width * size->height * 4) {
@@ -304,8 +304,8 @@ QImage VirtualDisplay::screenshot() const {
 
 QRgb VirtualDisplay::pixel(QPoint position) const {
     const Reply<xcb_get_image_reply_t> reply(
-        xcb_get_image_reply(connection,
-                            xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, rootWindow,
+        xcb_get_image_reply(m_connection,
+                            xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_rootWindow,
                                           static_cast<std::int16_t>(position.x()),
                                           static_cast<std::int16_t>(position.y()), 1, 1, 0xFFFFFFFF),
                             nullptr));
@@ -318,15 +318,15 @@ QRgb VirtualDisplay::pixel(QPoint position) const {
 
 xcb_atom_t VirtualDisplay::atom(const std::string& name) const {
     const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-        connection, xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()),
+        m_connection, xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data()),
         nullptr));
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 std::vector<std::uint32_t> VirtualDisplay::numbers(xcb_window_t window, const std::string& property) const {
     const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-        connection,
-        xcb_get_property(connection, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, 4096),
+        m_connection,
+        xcb_get_property(m_connection, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, 4096),
         nullptr));
     if (!reply || reply->format != 32) {
         return {};
@@ -339,7 +339,7 @@ std::vector<std::string> VirtualDisplay::atomNames(xcb_window_t window, const st
     std::vector<std::string> names;
     for (const auto item : numbers(window, property)) {
         const Reply<xcb_get_atom_name_reply_t> reply(
-            xcb_get_atom_name_reply(connection, xcb_get_atom_name(connection, item), nullptr));
+            xcb_get_atom_name_reply(m_connection, xcb_get_atom_name(m_connection, item), nullptr));
         if (reply) {
             names.emplace_back(xcb_get_atom_name_name(reply.get()),
                                static_cast<std::size_t>(xcb_get_atom_name_name_length(reply.get())));
@@ -350,27 +350,27 @@ std::vector<std::string> VirtualDisplay::atomNames(xcb_window_t window, const st
 
 QRect VirtualDisplay::geometry(xcb_window_t window) const {
     const Reply<xcb_get_geometry_reply_t> size(
-        xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr));
+        xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
     const Reply<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
-        connection, xcb_translate_coordinates(connection, window, rootWindow, 0, 0), nullptr));
+        m_connection, xcb_translate_coordinates(m_connection, window, m_rootWindow, 0, 0), nullptr));
     return size && place ? QRect(place->dst_x, place->dst_y, size->width, size->height) : QRect();
 }
 
 bool VirtualDisplay::isViewable(xcb_window_t window) const {
-    const Reply<xcb_get_window_attributes_reply_t> reply(
-        xcb_get_window_attributes_reply(connection, xcb_get_window_attributes(connection, window), nullptr));
+    const Reply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        m_connection, xcb_get_window_attributes(m_connection, window), nullptr));
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 xcb_window_t VirtualDisplay::focusedWindow() const {
     const Reply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
     return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 void VirtualDisplay::sync() const {
     const Reply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
 
 bool VirtualDisplay::waitUntil(const std::function<bool()>& condition, int milliseconds) {

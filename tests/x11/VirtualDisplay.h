@@ -34,14 +34,14 @@ public:
     VirtualDisplay& operator=(const VirtualDisplay&) = delete;
 
     /// Whether the server runs; when it does not the test cannot go on (`error` says why).
-    [[nodiscard]] bool isRunning() const { return connection != nullptr; }
-    [[nodiscard]] const std::string& error() const { return failure; }
+    [[nodiscard]] bool isRunning() const { return m_connection != nullptr; }
+    [[nodiscard]] const std::string& error() const { return m_failure; }
     /// What DISPLAY was set to.
-    [[nodiscard]] const std::string& name() const { return displayName; }
+    [[nodiscard]] const std::string& name() const { return m_displayName; }
     /// The tester's own connection, for requests that other clients would make; null when the server does not
     /// run.
-    [[nodiscard]] xcb_connection_t* xcb() const { return connection; }
-    [[nodiscard]] xcb_window_t root() const { return rootWindow; }
+    [[nodiscard]] xcb_connection_t* xcb() const { return m_connection; }
+    [[nodiscard]] xcb_window_t root() const { return m_rootWindow; }
     /// Ends the server abruptly.
     void killServer();
 
@@ -107,15 +107,15 @@ private:
     void fakeInput(std::uint8_t type, std::uint8_t detail, QPoint position);
     void sync() const;
 
-    std::map<pid_t, std::string> processes;
-    pid_t serverProcess = 0;
-    pid_t windowManager = 0;
-    pid_t compositor = 0;
-    std::string displayName;
-    std::string failure;
-    std::string configFile;
-    xcb_connection_t* connection = nullptr;
-    xcb_window_t rootWindow = XCB_WINDOW_NONE;
+    std::map<pid_t, std::string> m_processes;
+    pid_t m_serverProcess = 0;
+    pid_t m_windowManager = 0;
+    pid_t m_compositor = 0;
+    std::string m_displayName;
+    std::string m_failure;
+    std::string m_configFile;
+    xcb_connection_t* m_connection = nullptr;
+    xcb_window_t m_rootWindow = XCB_WINDOW_NONE;
 };
 
 } // namespace quillary::test

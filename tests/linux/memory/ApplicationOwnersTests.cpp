@@ -34,9 +34,9 @@ protected:
 
     void add(std::int32_t pid, std::int32_t parent, const Traits& traits,
              const std::string& application = {}) {
-        kept.push_back(std::make_unique<ProcessTraits>(
+        m_kept.push_back(std::make_unique<ProcessTraits>(
             ProcessTraits{installFolder(traits.executable), traits.group, traits.launched, traits.sandbox}));
-        processes.push_back({pid, parent, kept.back().get(), application});
+        processes.push_back({pid, parent, m_kept.back().get(), application});
     }
 
     std::string ownerOf(std::int32_t pid) {
@@ -55,7 +55,7 @@ protected:
     std::map<std::int32_t, std::int32_t> others;
 
 private:
-    std::vector<std::unique_ptr<ProcessTraits>> kept;
+    std::vector<std::unique_ptr<ProcessTraits>> m_kept;
 };
 
 TEST_F(ApplicationOwnersTest, aWindowsProcessAndItsChildrenBelongToTheApplication) {

@@ -45,13 +45,13 @@ ProcTree::ProcTree() {
     if (::mkdtemp(name.data()) == nullptr) {
         throw std::runtime_error("no temporary folder");
     }
-    folder = name;
+    m_folder = name;
     std::filesystem::create_directories(proc());
 }
 
 ProcTree::~ProcTree() {
     std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
+    std::filesystem::remove_all(m_folder, ignored);
 }
 
 void ProcTree::put(const ProcEntry& process) const {

@@ -40,8 +40,8 @@ public:
     ProcTree& operator=(const ProcTree&) = delete;
 
     /// The folder in which "proc" stands.
-    [[nodiscard]] const std::filesystem::path& root() const { return folder; }
-    [[nodiscard]] std::filesystem::path proc() const { return folder / "proc"; }
+    [[nodiscard]] const std::filesystem::path& root() const { return m_folder; }
+    [[nodiscard]] std::filesystem::path proc() const { return m_folder / "proc"; }
     [[nodiscard]] std::filesystem::path of(std::int32_t pid) const { return proc() / std::to_string(pid); }
 
     /// Writes a process, in place of the one that had its id.
@@ -49,7 +49,7 @@ public:
     void remove(std::int32_t pid) const;
 
 private:
-    std::filesystem::path folder;
+    std::filesystem::path m_folder;
 };
 
 /// The variables that GIO gives to what it starts for an entry.
