@@ -46,6 +46,7 @@ ApplicationOwners::ApplicationOwners(std::vector<Process> processes, std::int32_
     }
     if (const auto* own = find(ownPid)) {
         m_ownGroup = own->traits->group;
+        m_ownSandbox = own->traits->sandbox;
     }
     for (const auto& process : m_processes) {
         learn(process);
@@ -61,7 +62,8 @@ void ApplicationOwners::learn(const Process& process) {
         m_shown[traits.group].insert(process.shown);
     }
     // The folders inside a sandbox are the same for every application.
-    const auto owner = traits.folder.empty() || !traits.sandbox.empty() ? std::string() : ofProcess(process);
+    const auto owner =
+        traits.folder.empty() || !traits.sandbox.empty() ? std::string() : ofWindowsOrLaunch(process);
     if (owner.empty()) {
         return;
     }
@@ -107,29 +109,40 @@ std::string ApplicationOwners::ownerOf(std::int32_t pid) {
     return owner.empty() ? byFolder(*process, anyGroup) : owner;
 }
 
-std::string ApplicationOwners::ofProcess(const Process& process) {
-    if (!process.shown.empty()) {
-        return process.shown;
-    }
-    auto owner = m_paths.byPath(process.traits->launchedEntry);
-    return owner.empty() ? m_paths.bySandbox(process.traits->sandbox) : owner;
+std::string ApplicationOwners::ofWindowsOrLaunch(const Process& process) {
+    return process.shown.empty() ? m_paths.byPath(process.traits->launchedEntry) : process.shown;
+}
+
+std::string ApplicationOwners::ofSandbox(const Process& process) {
+    const auto& traits = *process.traits;
+    const bool isInherited = traits.group == m_ownGroup && traits.sandbox == m_ownSandbox;
+    return isInherited ? std::string() : m_paths.bySandbox(traits.sandbox);
 }
 
 std::string ApplicationOwners::nearest(const Process& process, Reach reach) {
+    // The nearest sandbox on the way and its application.
+    std::string sandbox;
+    std::string owner;
     auto pid = process.pid;
     for (int step = 0; step < longestChain && pid > 1 && pid != m_ownPid; ++step) {
         // Of other users' processes, such as the helpers of sandboxes, only the parent matters.
         if (const auto* ancestor = find(pid)) {
-            if (reach == Reach::sameGroup && ancestor->traits->group != process.traits->group) {
+            const auto& traits = *ancestor->traits;
+            const bool isBeyond = reach == Reach::sameGroup && traits.group != process.traits->group;
+            if (isBeyond || (!owner.empty() && traits.sandbox != sandbox)) {
                 break;
             }
-            if (auto owner = ofProcess(*ancestor); !owner.empty()) {
-                return owner;
+            if (auto known = ofWindowsOrLaunch(*ancestor); !known.empty()) {
+                return known;
+            }
+            if (owner.empty()) {
+                sandbox = traits.sandbox;
+                owner = ofSandbox(*ancestor);
             }
         }
         pid = parentOf(pid).value_or(0);
     }
-    return {};
+    return owner;
 }
 
 std::string ApplicationOwners::byFolder(const Process& process, const std::string& group) const {

@@ -20,7 +20,8 @@ namespace quillary {
 /// What decides, in this order:
 /// 1. the process itself or its nearest ancestor in the same control group that shows windows of an
 ///    application, was launched by GIO for an entry, or runs in a flatpak or snap. So renderers belong to
-///    their browser, and what runs in a terminal to the terminal, unless it has windows of its own;
+///    their browser, and what runs in a terminal to the terminal, unless it has windows of its own. Children
+///    inherit the sandbox, so within one sandbox an ancestor with windows or a launch comes first;
 /// 2. the folder of its executable, when an application that was found so runs from there in the same control
 ///    group: crash handlers give up their parent, but not their folder;
 /// 3. its control group, by the names of systemd's units (systemd.io, "Desktop Environment Integration"). Of
@@ -29,7 +30,8 @@ namespace quillary {
 /// 5. the folder of its executable, when one application alone runs from there.
 ///
 /// What this program started is not its own, nor that of the program that started this one: no step looks at
-/// this program's process, at what is above it, or at the name of its control group.
+/// this program's process, at what is above it, at the name of its control group, or in that group at the
+/// sandbox that this program runs in itself.
 class ApplicationOwners {
 public:
     /// One of the user's processes.
@@ -58,7 +60,8 @@ private:
     void learn(const Process& process);
     [[nodiscard]] const Process* find(std::int32_t pid) const;
     [[nodiscard]] std::optional<std::int32_t> parentOf(std::int32_t pid);
-    [[nodiscard]] std::string ofProcess(const Process& process);
+    [[nodiscard]] std::string ofWindowsOrLaunch(const Process& process);
+    [[nodiscard]] std::string ofSandbox(const Process& process);
     [[nodiscard]] std::string nearest(const Process& process, Reach reach);
     [[nodiscard]] std::string byFolder(const Process& process, const std::string& group) const;
     [[nodiscard]] std::string byGroup(const Process& process);
@@ -67,6 +70,7 @@ private:
     std::unordered_map<std::int32_t, std::size_t> m_places;
     std::int32_t m_ownPid;
     std::string m_ownGroup;
+    std::string m_ownSandbox;
     EntryPaths& m_paths;
     ParentOf m_parentOfOthers;
     std::unordered_map<std::int32_t, std::optional<std::int32_t>> m_otherParents;

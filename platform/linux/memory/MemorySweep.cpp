@@ -18,18 +18,22 @@ constexpr std::uint64_t samplesBetweenCheapReadings = 8;
 // The user sees whole mebibytes.
 constexpr double doubtWorthReading = 1024.0 * 1024.0;
 
-bool comesFromSandbox(const ProcessTraits& traits, const std::string& sandbox) {
-    const auto unit = unitApplication(traits.group);
-    return traits.sandbox == sandbox ||
-           (unit.sandboxed && (unit.id == sandbox || unit.id.starts_with(sandbox + "_")));
+// Flatpak ids have dots, as D-Bus names do. Snap names have none.
+bool isFlatpak(const std::string& sandbox) {
+    return sandbox.find('.') != std::string::npos;
 }
 
-// A sandbox has its own process ids, counted from 1: the pid that a flatpak's window gives may be that of an
-// unrelated process outside.
+bool comesFromFlatpak(const ProcessTraits& traits, const std::string& id) {
+    const auto unit = unitApplication(traits.group);
+    return traits.sandbox == id || (unit.sandboxed && unit.id == id);
+}
+
+// A flatpak has its own process ids, counted from 1: the pid that its window gives may be that of an
+// unrelated process outside. Snaps have the ids of the host.
 bool mayShow(const DesktopNow& desktop, const std::string& path, const ProcessTraits& traits) {
     const auto entry = std::ranges::find(desktop.entries, path, &DesktopNow::Entry::path);
-    return entry == desktop.entries.end() || entry->sandbox.empty() ||
-           comesFromSandbox(traits, entry->sandbox);
+    return entry == desktop.entries.end() || !isFlatpak(entry->sandbox) ||
+           comesFromFlatpak(traits, entry->sandbox);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "core/BoundedFile.h"
 #include "core/Utf8.h"
 #include "platform/linux/glib/KeyFile.h"
+#include "platform/linux/windows/UnitName.h"
 
 #include <charconv>
 #include <string_view>
@@ -54,6 +55,22 @@ std::vector<std::string> argumentsOf(const std::filesystem::path& folder) {
     return arguments;
 }
 
+// Whether the innermost scope or service of the group's path is one that snapd made for the snap.
+bool isOfSnap(std::string_view group, std::string_view name) {
+    constexpr std::string_view snapMark = "snap.";
+    std::string_view unit;
+    split(group, '/', [&unit](std::string_view part) {
+        unit = part.ends_with(".scope") || part.ends_with(".service") ? part : unit;
+        return true;
+    });
+    if (!unit.starts_with(snapMark)) {
+        return false;
+    }
+    unit.remove_prefix(snapMark.size());
+    return unescapeUnitPart(unit.substr(0, unit.find('.'))) == name;
+}
+
+// The control group must be known already.
 void readEnvironment(ProcessFacts& facts, const std::filesystem::path& folder) {
     constexpr std::string_view entryName = "GIO_LAUNCHED_DESKTOP_FILE=";
     constexpr std::string_view pidName = "GIO_LAUNCHED_DESKTOP_FILE_PID=";
@@ -65,7 +82,8 @@ void readEnvironment(ProcessFacts& facts, const std::filesystem::path& folder) {
             std::from_chars(variable.data(), variable.data() + variable.size(), facts.launchedEntryPid);
         } else if (variable.starts_with(entryName) && isValidUtf8(variable)) {
             facts.launchedEntry = variable.substr(entryName.size());
-        } else if (variable.starts_with(snapName) && isValidUtf8(variable)) {
+        } else if (variable.starts_with(snapName) &&
+                   isOfSnap(facts.controlGroup, variable.substr(snapName.size()))) {
             facts.sandbox = variable.substr(snapName.size());
         }
         return true;

@@ -15,7 +15,9 @@ struct ProcessFacts {
     std::string executable;
     /// The start of the command line.
     std::vector<std::string> arguments;
-    /// Flatpak id from the sandbox's own description, or snap name from the environment.
+    /// Flatpak id from the sandbox's own description, or snap name: SNAP_INSTANCE_NAME, when the innermost
+    /// unit of the control group is that snap's too. Programs that a snap starts inherit the variable. snapd
+    /// names its units `snap.<snap>.<application>-<uuid>.scope` and `snap.<snap>.<application>.service`.
     std::string sandbox;
     /// Path of its control group in the unified hierarchy, else in systemd's own.
     std::string controlGroup;

@@ -192,6 +192,59 @@ TEST_F(ApplicationOwnersTest, sandboxesNameTheirApplication) {
     EXPECT_EQ(ownerOf(10), paths["viewer"]);
 }
 
+TEST_F(ApplicationOwnersTest, windowsWithinASandboxAreNearerThanTheSandbox) {
+    const auto editor = install("ide_ide.desktop", "Name=x\nExec=x");
+    const auto group = apps + "/snap.ide.ide-01234567-0123-0123-0123-0123456789ab.scope";
+    add(10, 1, {"/snap/ide/1/ide", group, "", "ide"}, editor);
+    add(11, 10, {"/bin/bash", group, "", "ide"});
+    // A classic snap passes its environment and its group on to what is started in its terminal.
+    add(12, 11, {"/usr/lib/browser/browser", group, "", "ide"}, paths["browser"]);
+    add(13, 12, {"/usr/lib/browser/browser", group, "", "ide"});
+    others[14] = 13;
+    add(15, 14, {"/usr/lib/browser/browser", group, "", "ide"});
+    add(16, 11, {"/usr/bin/viewer", group, paths["viewer"], "ide"});
+    add(17, 16, {"/usr/bin/helper", group, "", "ide"});
+    add(18, 1, {"/usr/bin/detached", group, "", "ide"});
+    EXPECT_EQ(ownerOf(11), editor);
+    EXPECT_EQ(ownerOf(13), paths["browser"]);
+    EXPECT_EQ(ownerOf(15), paths["browser"]);
+    EXPECT_EQ(ownerOf(17), paths["viewer"]);
+    EXPECT_EQ(ownerOf(18), editor);
+}
+
+TEST_F(ApplicationOwnersTest, aSandboxIsNearerThanTheWindowsOfItsStarter) {
+    const auto chat = install("chat_chat.desktop", "Name=x\nExec=x");
+    add(10, 1, {"/usr/bin/terminal"}, paths["terminal"]);
+    add(11, 10, {"/snap/chat/1/chat", session, "", "chat"});
+    add(12, 11, {"/snap/chat/1/chat", session, "", "chat"});
+    add(20, 1, {"/snap/ide/1/ide", session, "", "ide"}, paths["editor"]);
+    add(21, 20, {"/snap/chat/1/chat", session, "", "chat"});
+    EXPECT_EQ(ownerOf(12), chat);
+    EXPECT_EQ(ownerOf(21), chat);
+}
+
+TEST_F(ApplicationOwnersTest, theSandboxThatThisProgramInheritedSaysNothingOfWhatItStarted) {
+    install("ide_ide.desktop", "Name=x\nExec=x");
+    const auto chat = install("chat_chat.desktop", "Name=x\nExec=x");
+    const auto group = apps + "/snap.ide.ide-01234567-0123-0123-0123-0123456789ab.scope";
+    add(10, 1, {"/snap/ide/1/ide", group, "", "ide"}, paths["editor"]);
+    add(ownPid, 10, {"/opt/quillary/bin/quillary", group, "", "ide"});
+    add(20, ownPid, {"/usr/bin/tool", group, "", "ide"});
+    add(21, ownPid, {"/snap/chat/1/chat", group, "", "chat"});
+    EXPECT_EQ(ownerOf(20), "");
+    EXPECT_EQ(ownerOf(21), chat);
+}
+
+TEST_F(ApplicationOwnersTest, aFolderOfTheHostOwnsNoSandboxedProcess) {
+    add(10, 1, {"/opt/editor/editor"}, paths["editor"]);
+    add(11, 1, {"/opt/editor/tool", session, "", "org.unknown"});
+    add(12, 1, {"/opt/editor/tool", apps + "/run-1.scope", "", "org.unknown"});
+    add(13, 1, {"/opt/editor/tool"});
+    EXPECT_EQ(ownerOf(11), "");
+    EXPECT_EQ(ownerOf(12), "");
+    EXPECT_EQ(ownerOf(13), paths["editor"]);
+}
+
 TEST_F(ApplicationOwnersTest, twoSandboxesWithTheSameFoldersInsideAreNotMistaken) {
     install("org.a.desktop", "Name=x\nExec=x");
     add(10, 1, {"/app/share/electron/run", session, "", "org.a"});

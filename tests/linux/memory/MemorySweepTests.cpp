@@ -284,6 +284,28 @@ TEST_F(MemorySweepTest, aFlatpaksWindowDoesNotClaimAStranger) {
     EXPECT_THAT(sample(), ElementsAre(AppUsage{browser, "browser", {77}, 9 * mebibyte * kib}));
 }
 
+TEST_F(MemorySweepTest, anInheritedSnapVariableDoesNotTakeTheBrowsersChildren) {
+    install("chat_chat.desktop", "Name=x\nExec=x");
+    auto main = window(10, 50, 40);
+    auto child = window(11, 9, 9);
+    child.parent = 10;
+    for (auto* process : {&main, &child}) {
+        process->group = "/user.slice/app.slice/app-quillary-browser-10.scope";
+        process->environment = std::string("SNAP_INSTANCE_NAME=chat") + '\0';
+        tree.put(*process);
+    }
+    show(10, browser);
+    EXPECT_EQ(bytesOf(browser), 49 * mebibyte * kib);
+}
+
+TEST_F(MemorySweepTest, aSnapsWindowCountsWithoutAUnitOfTheSnap) {
+    auto snap = window(10, 50, 40);
+    snap.environment = std::string("SNAP_INSTANCE_NAME=browser") + '\0';
+    tree.put(snap);
+    show(10, browser, "browser");
+    EXPECT_EQ(bytesOf(browser), 40 * mebibyte * kib);
+}
+
 TEST_F(MemorySweepTest, ofTwoApplicationsInOneProcessTheFirstStands) {
     tree.put(window(10, 50, 40));
     show(10, editor);

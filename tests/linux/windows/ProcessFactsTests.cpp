@@ -26,7 +26,8 @@ TEST_F(ProcessFactsTest, allFactsAreRead) {
     const auto folder = process(7);
     std::filesystem::create_symlink("/usr/bin/gimp-2.10 (deleted)", folder / "exe");
     writeFile(folder / "cmdline", "gimp\0a.png\0"s);
-    writeFile(folder / "cgroup", "0::/user.slice/app-gimp-7.scope\n");
+    const std::string group = "/user.slice/snap.gimp.gimp-01234567-0123-0123-0123-0123456789ab.scope";
+    writeFile(folder / "cgroup", "0::" + group + "\n");
     writeFile(
         folder / "environ",
         "A=b\0GIO_LAUNCHED_DESKTOP_FILE=/x/gimp.desktop\0GIO_LAUNCHED_DESKTOP_FILE_PID=7\0SNAP_INSTANCE_NAME=gimp\0"s);
@@ -34,7 +35,7 @@ TEST_F(ProcessFactsTest, allFactsAreRead) {
     EXPECT_EQ(facts.pid, 7);
     EXPECT_EQ(facts.executable, "/usr/bin/gimp-2.10");
     EXPECT_EQ(facts.arguments, (std::vector<std::string>{"gimp", "a.png"}));
-    EXPECT_EQ(facts.controlGroup, "/user.slice/app-gimp-7.scope");
+    EXPECT_EQ(facts.controlGroup, group);
     EXPECT_EQ(facts.launchedEntry, "/x/gimp.desktop");
     EXPECT_EQ(facts.launchedEntryPid, 7);
     EXPECT_EQ(facts.sandbox, "gimp");
@@ -45,6 +46,38 @@ TEST_F(ProcessFactsTest, sandboxTellsItsFlatpakId) {
     EXPECT_EQ(read(7).sandbox, "org.gimp.GIMP");
     writeFile(process(8) / "root/.flatpak-info", "no key file");
     EXPECT_EQ(read(8).sandbox, "");
+}
+
+TEST_F(ProcessFactsTest, snapCountsWhereTheControlGroupNamesItToo) {
+    struct Case {
+        std::string name;
+        std::string group;
+        std::string sandbox;
+    };
+    const std::string uuid = "01234567-0123-0123-0123-0123456789ab";
+    int pid = 10;
+    for (const auto& [name, group, sandbox] : std::vector<Case>{
+             {"ide", "/app.slice/snap.ide.ide-" + uuid + ".scope", "ide"},
+             {"ide", "/app.slice/snap.ide.ide." + uuid + ".scope", "ide"},
+             {"ide", "/app.slice/snap.ide.ide-" + uuid + ".scope/inner", "ide"},
+             {"ide", "/system.slice/snap.ide.daemon.service", "ide"},
+             {"ide_two", "/app.slice/snap.ide_two.ide-" + uuid + ".scope", "ide_two"},
+             {"big-ide", "/app.slice/snap.big\\x2dide.ide-" + uuid + ".scope", "big-ide"},
+             {"big-ide", "/app.slice/snap.big-ide.ide-" + uuid + ".scope", "big-ide"},
+             {"ide", "/app.slice/snap.ide_two.ide-" + uuid + ".scope", ""},
+             {"ide", "/app.slice/snap.chat.chat-" + uuid + ".scope", ""},
+             {"ide", "/app.slice/app-gnome-browser-7.scope", ""},
+             {"ide", "/app.slice/snap.ide.ide-" + uuid + ".scope/app-quillary-browser-7.scope", ""},
+             {"ide", "/app.slice/snap.ide.slice/x", ""},
+             {"ide", "/app.slice/snap.ide", ""},
+             {"ide", "/session-2.scope", ""},
+             {"ide", "", ""},
+         }) {
+        const auto folder = process(++pid);
+        writeFile(folder / "cgroup", "0::" + group + "\n");
+        writeFile(folder / "environ", "SNAP_INSTANCE_NAME=" + name + '\0');
+        EXPECT_EQ(read(pid).sandbox, sandbox) << group;
+    }
 }
 
 TEST_F(ProcessFactsTest, systemdsOwnHierarchyStandsBeforeAnEmptyUnifiedOne) {
@@ -81,6 +114,7 @@ TEST_F(ProcessFactsTest, endlessFilesAreCut) {
         words += "word\0"s;
     }
     writeFile(folder / "cmdline", words);
+    writeFile(folder / "cgroup", "0::/snap.late.late.scope\n");
     writeFile(folder / "environ", std::string(3U << 20U, 'x') + "\0SNAP_INSTANCE_NAME=late\0"s);
     const auto facts = read(7);
     EXPECT_EQ(facts.arguments.size(), 64U);
