@@ -40,7 +40,11 @@ constexpr std::array<std::string_view, 27> sharedFolders = {"",
                                                             "/usr/share",
                                                             "/var/tmp"};
 
-// Folders of one kind for every user or every machine: a home, "bin" and ".local" in it,
+// In a home: what xdg-user-dirs and the user's own habit put programs of any origin into.
+constexpr std::array<std::string_view, 6> sharedInHomes = {".local",    "Applications", "Desktop",
+                                                           "Downloads", "bin",          "opt"};
+
+// Folders of one kind for every user or every machine: a home, those in it where applications are collected,
 // "/usr/lib/x86_64-linux-gnu".
 bool isSharedByPlace(std::string_view folder) {
     const auto name = baseName(folder);
@@ -51,7 +55,8 @@ bool isSharedByPlace(std::string_view folder) {
                               parent.find('/', std::string_view("/home/").size()) == std::string_view::npos);
     const bool isOfArchitecture =
         (parent == "/usr/lib" || parent == "/lib") && name.find("-linux-") != std::string_view::npos;
-    return isHome || (isBelowHome && (name == ".local" || name == "bin")) || isOfArchitecture;
+    return isHome || (isBelowHome && std::ranges::find(sharedInHomes, name) != sharedInHomes.end()) ||
+           isOfArchitecture;
 }
 
 } // namespace

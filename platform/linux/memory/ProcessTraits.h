@@ -24,8 +24,9 @@ struct ProcessTraits {
 [[nodiscard]] ProcessTraits traitsOf(const ProcessFacts& facts);
 
 /// The folder that an application was installed into, by the path of one of its executables: the folder the
-/// executable lies in, without a last "bin". Empty for folders that many applications share (/usr/bin, the
-/// user's own "bin" …) and for programs that run other programs' code (shells, interpreters).
+/// executable lies in, without a last "bin". Empty for folders that many applications share (/usr/bin, /opt
+/// itself, the user's own "bin", "Downloads", "Desktop" …) and for programs that run other programs' code
+/// (shells, interpreters).
 [[nodiscard]] std::string installFolder(std::string_view executable);
 
 } // namespace quillary

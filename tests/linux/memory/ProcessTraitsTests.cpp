@@ -13,6 +13,8 @@ TEST(ProcessTraits, folderOfAnApplicationIsWhereItWasInstalled) {
     EXPECT_EQ(installFolder("/opt/x/bin/x"), "/opt/x");
     EXPECT_EQ(installFolder("/home/ann/.local/share/Steam/ubuntu12_32/steam"),
               "/home/ann/.local/share/Steam/ubuntu12_32");
+    EXPECT_EQ(installFolder("/home/ann/Downloads/godot/godot"), "/home/ann/Downloads/godot");
+    EXPECT_EQ(installFolder("/home/ann/work/Downloads/tool"), "/home/ann/work/Downloads");
     EXPECT_EQ(installFolder("/tmp/.mount_Foo1234/foo"), "/tmp/.mount_Foo1234");
     EXPECT_EQ(installFolder("/snap/firefox/123/usr/lib/firefox/firefox"),
               "/snap/firefox/123/usr/lib/firefox");
@@ -30,6 +32,12 @@ TEST(ProcessTraits, sharedFoldersSayNothing) {
                              "/home/ann/bin/tool",
                              "/home/ann/.local/bin/tool",
                              "/home/ann/tool",
+                             "/home/ann/Downloads/tool",
+                             "/home/ann/Downloads/bin/tool",
+                             "/home/ann/Desktop/tool",
+                             "/home/ann/Applications/tool",
+                             "/home/ann/opt/tool",
+                             "/root/Downloads/tool",
                              "/root/tool",
                              "/root/bin/tool",
                              "/app/bin/flatpaked",
