@@ -1,5 +1,6 @@
 #include "platform/linux/memory/ApplicationOwners.h"
 
+#include "platform/linux/memory/ControlGroupPlace.h"
 #include "platform/linux/windows/UnitName.h"
 
 #include <algorithm>
@@ -36,11 +37,12 @@ UnitApplication unitOf(std::string_view group) {
 } // namespace
 
 ApplicationOwners::ApplicationOwners(std::vector<Process> processes, std::int32_t ownPid, EntryPaths& paths,
-                                     ParentOf parentOfOthers)
+                                     ParentOf parentOfOthers, NamespacesOf namespacesOf)
     : m_processes(std::move(processes)),
       m_ownPid(ownPid),
       m_paths(paths),
-      m_parentOfOthers(std::move(parentOfOthers)) {
+      m_parentOfOthers(std::move(parentOfOthers)),
+      m_namespacesOf(std::move(namespacesOf)) {
     for (std::size_t place = 0; place < m_processes.size(); ++place) {
         m_places.emplace(m_processes[place].pid, place);
     }
@@ -68,10 +70,13 @@ void ApplicationOwners::learn(const Process& process) {
         return;
     }
     for (const auto& group : {traits.group, anyGroup}) {
-        const auto [place, isNew] = m_folders.try_emplace({group, traits.folder}, owner);
-        if (place->second != owner) {
-            place->second.clear();
+        auto& known = m_folders[{group, traits.folder}];
+        if (known.pids.empty()) {
+            known.application = owner;
+        } else if (known.application != owner) {
+            known.application.clear();
         }
+        known.pids.push_back(process.pid);
     }
 }
 
@@ -98,7 +103,7 @@ std::string ApplicationOwners::ownerOf(std::int32_t pid) {
     }
     auto owner = nearest(*process, Reach::sameGroup);
     if (owner.empty()) {
-        owner = byFolder(*process, process->traits->group);
+        owner = byFolderInGroup(*process);
     }
     if (owner.empty()) {
         owner = byGroup(*process);
@@ -106,7 +111,7 @@ std::string ApplicationOwners::ownerOf(std::int32_t pid) {
     if (owner.empty()) {
         owner = nearest(*process, Reach::anyGroup);
     }
-    return owner.empty() ? byFolder(*process, anyGroup) : owner;
+    return owner.empty() ? byFolderAnywhere(*process) : owner;
 }
 
 std::string ApplicationOwners::ofWindowsOrLaunch(const Process& process) {
@@ -145,18 +150,68 @@ std::string ApplicationOwners::nearest(const Process& process, Reach reach) {
     return owner;
 }
 
-std::string ApplicationOwners::byFolder(const Process& process, const std::string& group) const {
+const ApplicationOwners::FolderOwner* ApplicationOwners::folderOwner(const Process& process,
+                                                                     const std::string& group) const {
     if (!process.traits->sandbox.empty()) {
-        return {};
+        return nullptr;
     }
     std::string folder = process.traits->folder;
     for (int level = 0; level < deepestFolder && !folder.empty(); ++level) {
         if (const auto place = m_folders.find({group, folder}); place != m_folders.end()) {
-            return place->second;
+            return &place->second;
         }
         folder.resize(folder.rfind('/'));
     }
-    return {};
+    return nullptr;
+}
+
+std::string ApplicationOwners::byFolderInGroup(const Process& process) const {
+    const auto* owner = folderOwner(process, process.traits->group);
+    return owner == nullptr ? std::string() : owner->application;
+}
+
+std::string ApplicationOwners::byFolderAnywhere(const Process& process) {
+    const auto* owner = folderOwner(process, anyGroup);
+    if (owner == nullptr || owner->application.empty()) {
+        return {};
+    }
+    const bool isOwned =
+        std::ranges::any_of(owner->pids, [&](std::int32_t pid) { return isBeside(process, *find(pid)); });
+    return isOwned ? owner->application : std::string();
+}
+
+bool ApplicationOwners::isBeside(const Process& process, const Process& other) {
+    const auto place = controlGroupPlace(process.traits->group);
+    const auto otherPlace = controlGroupPlace(other.traits->group);
+    if (place.container != otherPlace.container) {
+        return false;
+    }
+    // What this program started stays in its group until it is moved to a scope.
+    if (process.traits->group != m_ownGroup) {
+        if (!place.service.empty() && place.service != otherPlace.service) {
+            return false;
+        }
+        const auto session =
+            otherPlace.session.empty() ? controlGroupPlace(m_ownGroup).session : otherPlace.session;
+        const bool isKnown = !otherPlace.session.empty() || !m_ownGroup.empty();
+        if (!place.session.empty() && isKnown && place.session != session) {
+            return false;
+        }
+    }
+    const auto differ = [](const std::string& one, const std::string& another) {
+        return !one.empty() && !another.empty() && one != another;
+    };
+    const auto& spaces = namespacesOf(process.pid);
+    const auto& otherSpaces = namespacesOf(other.pid);
+    return !differ(spaces.pid, otherSpaces.pid) && !differ(spaces.mount, otherSpaces.mount);
+}
+
+const ProcessNamespaces& ApplicationOwners::namespacesOf(std::int32_t pid) {
+    const auto [place, isNew] = m_namespaces.try_emplace(pid);
+    if (isNew) {
+        place->second = m_namespacesOf(pid);
+    }
+    return place->second;
 }
 
 std::string ApplicationOwners::byGroup(const Process& process) {

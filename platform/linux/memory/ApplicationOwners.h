@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/memory/EntryPaths.h"
+#include "platform/linux/memory/ProcessNamespaces.h"
 #include "platform/linux/memory/ProcessTraits.h"
 
 #include <cstdint>
@@ -27,7 +28,12 @@ namespace quillary {
 /// 3. its control group, by the names of systemd's units (systemd.io, "Desktop Environment Integration"). Of
 ///    an application that shows windows in the group under another entry, the windows' entry counts;
 /// 4. ancestors in other control groups, as in 1: terminals give each of their tabs a group;
-/// 5. the folder of its executable, when one application alone runs from there.
+/// 5. the folder of its executable, when one application alone runs from there. The same path may be another
+///    installation or another job: the process must be in the same container (by control group, and by PID
+///    and mount namespace where both can be read) as one of the application's processes in that folder, in no
+///    service but theirs, and in no login session but theirs, or but this program's when they are in none
+///    (see `ControlGroupPlace`). What stayed in this program's own group may belong to any application that
+///    it started.
 ///
 /// What this program started is not its own, nor that of the program that started this one: no step looks at
 /// this program's process, at what is above it, at the name of its control group, or in that group at the
@@ -44,18 +50,25 @@ public:
     };
     /// The parent of a process that is not the user's; nothing when it is not known.
     using ParentOf = std::function<std::optional<std::int32_t>(std::int32_t)>;
+    /// The namespaces of one of the user's processes. Called for few: where step 5 is about to apply.
+    using NamespacesOf = std::function<ProcessNamespaces(std::int32_t)>;
 
     /// `paths` must outlive this.
     ApplicationOwners(std::vector<Process> processes, std::int32_t ownPid, EntryPaths& paths,
-                      ParentOf parentOfOthers);
+                      ParentOf parentOfOthers, NamespacesOf namespacesOf);
 
     /// The path of the application that the process belongs to; empty when it belongs to none.
     [[nodiscard]] std::string ownerOf(std::int32_t pid);
 
 private:
     enum class Reach { sameGroup, anyGroup };
-    // The application that runs from a folder; empty when several do.
-    using Folders = std::map<std::pair<std::string, std::string>, std::string>;
+    struct FolderOwner {
+        // The application that runs from the folder; empty when several do.
+        std::string application;
+        // Its processes there.
+        std::vector<std::int32_t> pids;
+    };
+    using Folders = std::map<std::pair<std::string, std::string>, FolderOwner>;
 
     void learn(const Process& process);
     [[nodiscard]] const Process* find(std::int32_t pid) const;
@@ -63,7 +76,11 @@ private:
     [[nodiscard]] std::string ofWindowsOrLaunch(const Process& process);
     [[nodiscard]] std::string ofSandbox(const Process& process);
     [[nodiscard]] std::string nearest(const Process& process, Reach reach);
-    [[nodiscard]] std::string byFolder(const Process& process, const std::string& group) const;
+    [[nodiscard]] const FolderOwner* folderOwner(const Process& process, const std::string& group) const;
+    [[nodiscard]] std::string byFolderInGroup(const Process& process) const;
+    [[nodiscard]] std::string byFolderAnywhere(const Process& process);
+    [[nodiscard]] bool isBeside(const Process& process, const Process& other);
+    [[nodiscard]] const ProcessNamespaces& namespacesOf(std::int32_t pid);
     [[nodiscard]] std::string byGroup(const Process& process);
 
     std::vector<Process> m_processes;
@@ -74,6 +91,8 @@ private:
     EntryPaths& m_paths;
     ParentOf m_parentOfOthers;
     std::unordered_map<std::int32_t, std::optional<std::int32_t>> m_otherParents;
+    NamespacesOf m_namespacesOf;
+    std::unordered_map<std::int32_t, ProcessNamespaces> m_namespaces;
     // By control group and folder.
     Folders m_folders;
     // By control group: the applications that show windows there.

@@ -135,10 +135,12 @@ std::vector<MemorySweep::Owned> MemorySweep::attribute(EntryPaths& paths) {
                                  .shown = record.shown});
         }
     }
-    ApplicationOwners owners(std::move(processes), m_surroundings.ownPid, paths, [this](std::int32_t pid) {
+    const auto parentOf = [this](std::int32_t pid) {
         const auto stat = m_surroundings.processes.stat(pid);
         return stat ? std::optional(stat->parent) : std::nullopt;
-    });
+    };
+    const auto namespacesOf = [this](std::int32_t pid) { return m_surroundings.processes.namespaces(pid); };
+    ApplicationOwners owners(std::move(processes), m_surroundings.ownPid, paths, parentOf, namespacesOf);
     std::vector<Owned> owned;
     for (const auto pid : m_order) {
         auto& record = m_table.records.at(pid);

@@ -84,6 +84,15 @@ std::optional<std::uint64_t> ProcFilesystem::footprint(std::int32_t pid) const {
     return ProcTexts::footprint(read(m_prefix + std::to_string(pid) + "/smaps_rollup", buffer));
 }
 
+ProcessNamespaces ProcFilesystem::namespaces(std::int32_t pid) const {
+    const auto folder = m_root / std::to_string(pid) / "ns";
+    const auto target = [&folder](const char* name) {
+        std::error_code error;
+        return std::filesystem::read_symlink(folder / name, error).string();
+    };
+    return {.pid = target("pid"), .mount = target("mnt")};
+}
+
 ProcessFacts ProcFilesystem::facts(std::int32_t pid) const {
     return m_reader.read(pid);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/memory/ProcTexts.h"
+#include "platform/linux/memory/ProcessNamespaces.h"
 #include "platform/linux/windows/ProcessFacts.h"
 
 #include <cstdint>
@@ -31,6 +32,8 @@ public:
     [[nodiscard]] std::optional<std::uint64_t> resident(std::int32_t pid) const;
     /// Bytes; see `ProcTexts::footprint`. Waits while the process changes its address space.
     [[nodiscard]] std::optional<std::uint64_t> footprint(std::int32_t pid) const;
+    /// Two links in the process's "ns" folder; never waits.
+    [[nodiscard]] ProcessNamespaces namespaces(std::int32_t pid) const;
     /// Waits like `footprint`.
     [[nodiscard]] ProcessFacts facts(std::int32_t pid) const;
 

@@ -249,6 +249,20 @@ TEST_F(MemorySweepTest, aSnapsWindowCountsWithoutAUnitOfTheSnap) {
     EXPECT_EQ(bytesOf(browser), 40 * mebibyte * kib);
 }
 
+TEST_F(MemorySweepTest, aFolderOwnsNoProcessOfAnotherNamespace) {
+    auto main = window(10, 50, 1);
+    auto other = window(11, 2, 2);
+    main.mountNamespace = other.mountNamespace = "mnt:[1]";
+    other.group = "/user.slice/run-r1.scope";
+    tree.put(main);
+    tree.put(other);
+    show(10, browser);
+    EXPECT_EQ(bytesOf(browser), 3 * mebibyte * kib);
+    other.mountNamespace = "mnt:[2]";
+    tree.put(other);
+    EXPECT_EQ(bytesOf(browser), 1 * mebibyte * kib);
+}
+
 TEST_F(MemorySweepTest, ofTwoApplicationsInOneProcessTheFirstStands) {
     tree.put(window(10, 50, 40));
     show(10, editor);

@@ -32,6 +32,12 @@ TEST(ProcFilesystem, thisProcessIsListed) {
     EXPECT_TRUE(std::ranges::all_of(pids, [](std::int32_t pid) { return pid > 0; }));
 }
 
+TEST(ProcFilesystem, namespacesAreReadFromTheirLinks) {
+    const auto own = ProcFilesystem().namespaces(::getpid());
+    EXPECT_EQ(own.pid, std::filesystem::read_symlink("/proc/self/ns/pid").string());
+    EXPECT_EQ(own.mount, std::filesystem::read_symlink("/proc/self/ns/mnt").string());
+}
+
 TEST(ProcFilesystem, aProcessThatHasEndedHasNoFigures) {
     const ProcTree tree;
     const ProcFilesystem processes(tree.proc());
@@ -39,6 +45,7 @@ TEST(ProcFilesystem, aProcessThatHasEndedHasNoFigures) {
     EXPECT_FALSE(processes.stat(10));
     EXPECT_FALSE(processes.resident(10));
     EXPECT_FALSE(processes.footprint(10));
+    EXPECT_EQ(processes.namespaces(10), ProcessNamespaces());
 }
 
 } // namespace

@@ -14,6 +14,12 @@ void write(const std::filesystem::path& file, const std::string& text) {
     std::ofstream(file, std::ios::binary | std::ios::trunc) << text;
 }
 
+void link(const std::string& target, const std::filesystem::path& place) {
+    if (!target.empty()) {
+        std::filesystem::create_symlink(target, place);
+    }
+}
+
 std::string statOf(const ProcEntry& process) {
     return std::to_string(process.pid) + " (" + process.name + ") S " + std::to_string(process.parent) +
            " 1 1 0 -1 4194560 10 20 0 0 3 4 0 0 20 0 1 0 " + std::to_string(process.start) + " 9000000 " +
@@ -66,9 +72,10 @@ void ProcTree::put(const ProcEntry& process) const {
     if (process.exact) {
         write(place / "smaps_rollup", rollupOf(*process.exact));
     }
-    if (!process.executable.empty()) {
-        std::filesystem::create_symlink(process.executable, place / "exe");
-    }
+    std::filesystem::create_directories(place / "ns");
+    link(process.executable, place / "exe");
+    link(process.pidNamespace, place / "ns/pid");
+    link(process.mountNamespace, place / "ns/mnt");
 }
 
 void ProcTree::remove(std::int32_t pid) const {

@@ -17,6 +17,9 @@ struct ProcEntry {
     std::string group = "/user.slice/session-1.scope";
     /// "NAME=value" one behind another, each ended by a NUL.
     std::string environment = {};
+    /// Targets of the links in "ns"; without one the link is absent.
+    std::string pidNamespace = {};
+    std::string mountNamespace = {};
     std::uint64_t resident = 100;
     std::uint64_t anonymous = 0;
     std::uint64_t shared = 0;
