@@ -36,7 +36,8 @@ FormGroup::FormGroup(const QString& title, QWidget* parent)
     layout->addWidget(m_box);
     m_rowLayout->setContentsMargins(0, 0, 0, 0);
     m_rowLayout->setSpacing(0);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // A size hint does not know the width at which texts wrap: the group must be able to grow beyond it.
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     setTitle(title);
 }
 
