@@ -43,7 +43,8 @@ SettingsView::SettingsView(DockManager& manager, Platform& platform, SettingsWin
     setMinimumSize(smallest);
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Only a font much larger than usual makes the form wider than the window.
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     auto* slim = new SlimScrollBarStyle;
     slim->setParent(this);
@@ -168,7 +169,7 @@ void SettingsView::layOut() {
     }
     m_layout->activate();
     m_column->layout()->activate();
-    const int width = viewport()->width();
+    const int width = std::max(viewport()->width(), m_column->minimumSizeHint().width());
     const int needed =
         m_column->hasHeightForWidth() ? m_column->heightForWidth(width) : m_column->sizeHint().height();
     m_column->resize(width, std::max(needed, viewport()->height()));

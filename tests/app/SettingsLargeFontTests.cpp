@@ -138,7 +138,8 @@ std::string nameOf(const testing::TestParamInfo<PointsAndSize>& tested) {
 }
 
 INSTANTIATE_TEST_SUITE_P(SettingsFonts, SettingsLargeFontTest,
-                         testing::Combine(testing::Values(12.0), testing::Values(defaultSize, leastSize)),
+                         testing::Combine(testing::Values(12.0, 16.0),
+                                          testing::Values(defaultSize, leastSize)),
                          nameOf);
 
 } // namespace
