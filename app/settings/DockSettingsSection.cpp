@@ -9,11 +9,12 @@
 #include "app/settings/StepSlider.h"
 #include "app/settings/StylePicker.h"
 #include "app/settings/Switch.h"
+#include "app/settings/TwoEndsLayout.h"
 #include "core/DockItems.h"
 #include "platform/Platform.h"
 #include "platform/SystemDockPreferences.h"
 
-#include <QHBoxLayout>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -25,6 +26,7 @@ namespace {
 
 constexpr StepSlider::Scale iconSizes{.least = 32, .most = 80, .step = 4};
 constexpr int styleGap = 4;
+constexpr int itemsGap = 16;
 
 template<typename Value>
 int indexOf(Value value) {
@@ -135,13 +137,14 @@ QWidget* DockSettingsSection::iconSizeRow() {
 
 QWidget* DockSettingsSection::itemsRow() {
     auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
+    auto* layout = new TwoEndsLayout(row);
     constexpr int ring = FormPaint::ringReach;
     layout->setContentsMargins(rowPadding - ring, rowMargin - ring, rowPadding, rowMargin - ring);
+    layout->setSpacing(itemsGap);
     auto* button = new FormButton(u"Add apps from the macOS Dock"_s);
     connect(button, &QAbstractButton::clicked, this, &DockSettingsSection::addSystemDockItems);
     layout->addWidget(button);
-    layout->addStretch();
+    layout->setAlignment(button, Qt::AlignLeading | Qt::AlignVCenter);
     auto* count = new FormLabel({}, TextRole::body, TextTone::secondary);
     count->setWordWrap(false);
     m_shows.emplace_back([count](const DockConfig& config) {

@@ -17,19 +17,42 @@ constexpr int padY = 4;
 constexpr int leastHeight = 26;
 constexpr double corner = 6;
 
+/// The size of a button with a title of that size.
+QSize sizeAround(QSize title) {
+    constexpr int ring = 2 * FormPaint::ringReach;
+    return {title.width() + 2 * padX + ring, std::max(title.height() + 2 * padY, leastHeight) + ring};
+}
+
 } // namespace
 
 FormButton::FormButton(const QString& title, QWidget* parent) : QPushButton(title, parent) {
     setTextRole(*this, TextRole::body);
     setAttribute(Qt::WA_Hover);
     setAutoDefault(false);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
 }
 
 QSize FormButton::sizeHint() const {
-    constexpr int ring = 2 * FormPaint::ringReach;
-    const QSize title = fontMetrics().size(Qt::TextSingleLine, text());
-    return {title.width() + 2 * padX + ring, std::max(title.height() + 2 * padY, leastHeight) + ring};
+    return sizeAround(fontMetrics().size(Qt::TextSingleLine, text()));
+}
+
+QSize FormButton::minimumSizeHint() const {
+    int widest = 0;
+    for (const QString& word : text().split(u' ')) {
+        widest = std::max(widest, fontMetrics().size(Qt::TextSingleLine, word).width());
+    }
+    return sizeAround({widest, fontMetrics().height()});
+}
+
+int FormButton::heightForWidth(int width) const {
+    if (width >= sizeHint().width()) {
+        return sizeHint().height();
+    }
+    const QRect room(0, 0, width - sizeAround({}).width(), QWIDGETSIZE_MAX);
+    return sizeAround(fontMetrics().boundingRect(room, Qt::AlignCenter | Qt::TextWordWrap, text()).size())
+        .height();
 }
 
 void FormButton::paintEvent(QPaintEvent* /*event*/) {
@@ -52,7 +75,10 @@ void FormButton::paintEvent(QPaintEvent* /*event*/) {
         painter.drawRoundedRect(plate, corner, corner);
     }
     painter.setPen(colours.text);
-    painter.drawText(plate, Qt::AlignCenter, text());
+    // A title that fits is drawn as it was measured: wrapping could round its width differently.
+    const bool wraps = width() < sizeHint().width();
+    const QRectF room = wraps ? plate.adjusted(padX, 0, -padX, 0) : plate;
+    painter.drawText(room, wraps ? Qt::AlignCenter | Qt::TextWordWrap : Qt::AlignCenter, text());
     FormPaint::drawFocusRing(painter, *this, plate, corner);
 }
 

@@ -4,7 +4,7 @@
 
 namespace quillary {
 
-/// A push button in the form's own look.
+/// A push button in the form's own look. Its title wraps where there is no room for it in one line.
 class FormButton : public QPushButton {
     Q_OBJECT
 
@@ -12,7 +12,9 @@ public:
     explicit FormButton(const QString& title, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    /// With room for the longest word.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -2,9 +2,9 @@
 
 #include "app/settings/FormLabel.h"
 #include "app/settings/FormPaint.h"
+#include "app/settings/TwoEndsLayout.h"
 
 #include <QAbstractButton>
-#include <QHBoxLayout>
 #include <QMouseEvent>
 
 namespace quillary {
@@ -21,13 +21,14 @@ FormRow::FormRow(const QString& label, QWidget* control, QWidget* parent)
     : QWidget(parent),
       m_words(new FormLabel(label, TextRole::body, TextTone::primary, this)),
       m_button(qobject_cast<QAbstractButton*>(control)) {
-    auto* layout = new QHBoxLayout(this);
+    auto* layout = new TwoEndsLayout(this);
     // Controls include room for a focus ring, which overlaps the padding; texts do not.
     const int ring = qobject_cast<FormLabel*>(control) != nullptr ? 0 : FormPaint::ringReach;
     layout->setContentsMargins(rowPadding, controlMargin, rowPadding - ring, controlMargin);
     layout->setSpacing(gap);
-    layout->addWidget(m_words, 1);
-    layout->addWidget(control, 0, Qt::AlignVCenter);
+    layout->addWidget(m_words);
+    layout->addWidget(control);
+    layout->setAlignment(control, Qt::AlignVCenter);
     m_words->setMinimumHeight(leastHeight - 2 * controlMargin);
 }
 

@@ -6,8 +6,8 @@ class QAbstractButton;
 
 namespace quillary {
 
-/// One row of a group: a label at the left, a control at the right. Where the control is a button, a click on
-/// the label clicks it.
+/// One row of a group: a label at the left, a control at the right, or below where the row is too narrow for
+/// both. Where the control is a button, a click on the label clicks it.
 class FormRow : public QWidget {
     Q_OBJECT
 

@@ -59,26 +59,22 @@ SegmentedPicker::SegmentedPicker(const QString& name, const QStringList& titles,
         layout->addWidget(segment, 1);
         add(segment);
     }
-    evenOut();
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 }
 
-void SegmentedPicker::evenOut() {
+QSize SegmentedPicker::sizeHint() const {
     int widest = 0;
     for (const QWidget* segment : buttons()) {
         widest = std::max(widest, segment->sizeHint().width());
     }
-    for (QWidget* segment : buttons()) {
-        segment->setMinimumWidth(widest);
-    }
+    const int segments = static_cast<int>(buttons().size());
+    return {segments * widest + 2 * FormPaint::ringReach, layout()->sizeHint().height()};
 }
 
 bool SegmentedPicker::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
         // Their ring is drawn here.
         update();
-    } else if (event->type() == QEvent::FontChange) {
-        evenOut();
     }
     return ChoiceGroup::eventFilter(watched, event);
 }

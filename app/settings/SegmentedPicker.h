@@ -8,12 +8,15 @@
 
 namespace quillary {
 
-/// A choice of a few words beside each other in one groove, a plate under the current one.
+/// A choice of a few words beside each other in one groove, a plate under the current one. All segments are
+/// as wide as the widest, unless there is only room for what each of them needs.
 class SegmentedPicker : public ChoiceGroup {
     Q_OBJECT
 
 public:
     SegmentedPicker(const QString& name, const QStringList& titles, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void currentChanged() override;
@@ -22,8 +25,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// Makes all segments as wide as the widest.
-    void evenOut();
     [[nodiscard]] QRectF groove() const;
     /// The plate's place under the current segment; empty without one.
     [[nodiscard]] QRectF restingPlate() const;

@@ -1,9 +1,8 @@
 #include "app/settings/StylePicker.h"
 
 #include "app/settings/FormPaint.h"
+#include "app/settings/LinesLayout.h"
 #include "app/settings/StyleTile.h"
-
-#include <QHBoxLayout>
 
 namespace quillary {
 
@@ -14,7 +13,7 @@ constexpr int gap = 10;
 } // namespace
 
 StylePicker::StylePicker(const QString& name, QWidget* parent) : ChoiceGroup(name, parent) {
-    auto* layout = new QHBoxLayout(this);
+    auto* layout = new LinesLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     // Between the desktops: each tile has room for a focus ring around its own.
     layout->setSpacing(gap - 2 * FormPaint::ringReach);
@@ -23,7 +22,7 @@ StylePicker::StylePicker(const QString& name, QWidget* parent) : ChoiceGroup(nam
         layout->addWidget(tile);
         add(tile);
     }
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
 }
 
 } // namespace quillary

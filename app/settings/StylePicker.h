@@ -4,7 +4,8 @@
 
 namespace quillary {
 
-/// A row of tiles, one for each style in the order of its cases.
+/// A row of tiles, one for each style in the order of its cases; several rows where they are too wide for
+/// one.
 class StylePicker : public ChoiceGroup {
     Q_OBJECT
 

@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <cmath>
+
 namespace quillary {
 
 namespace {
@@ -34,7 +36,8 @@ StyleTile::~StyleTile() = default;
 QSize StyleTile::sizeHint() const {
     constexpr int ring = 2 * FormPaint::ringReach;
     const int below = nameGap + fontMetrics().height();
-    return previewSize.toSize() + QSize(ring, ring / 2 + below);
+    const QSize around = previewSize.toSize() + QSize(ring, ring / 2 + below);
+    return around.expandedTo({fontMetrics().size(Qt::TextSingleLine, text()).width() + ring, 0});
 }
 
 void StyleTile::drawPreview(QPainter& painter, const QRectF& preview) {
@@ -59,7 +62,7 @@ void StyleTile::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     constexpr int ring = FormPaint::ringReach;
-    const QRectF preview({(width() - previewSize.width()) / 2, ring}, previewSize);
+    const QRectF preview({std::floor((width() - previewSize.width()) / 2), ring}, previewSize);
     drawPreview(painter, preview);
     if (isDown()) {
         painter.setPen(Qt::NoPen);
@@ -74,7 +77,7 @@ void StyleTile::paintEvent(QPaintEvent* /*event*/) {
     FormPaint::drawFocusRing(painter, *this, preview, corner);
     painter.setPen(isChecked() ? colours.text : colours.secondaryText);
     const QRectF below(0, preview.bottom() + nameGap, width(), fontMetrics().height());
-    painter.drawText(below, Qt::AlignCenter, fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+    painter.drawText(below, Qt::AlignCenter, text());
 }
 
 } // namespace quillary

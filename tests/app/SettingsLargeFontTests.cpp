@@ -1,5 +1,6 @@
 #include "app/settings/ChoiceGroup.h"
 #include "app/settings/StepSlider.h"
+#include "app/settings/StyleTile.h"
 #include "tests/app/SettingsFixture.h"
 
 #include <QFont>
@@ -75,6 +76,9 @@ protected:
             const int needed = widget->hasHeightForWidth() ? widget->heightForWidth(widget->width())
                                                            : widget->minimumSizeHint().height();
             EXPECT_GE(widget->height(), needed) << name;
+            if (qobject_cast<const QRadioButton*>(widget) != nullptr) {
+                EXPECT_GE(widget->width(), widget->fontMetrics().horizontalAdvance(button->text())) << name;
+            }
             expectInReach(*widget, name);
         }
         EXPECT_GT(controls, 40);
@@ -132,13 +136,49 @@ TEST_P(SettingsLargeFontTest, aFontThatGrowsWhileTheWindowIsOpenCutsNothing) {
     expectAllControlsInReach();
 }
 
+using SettingsLargeFontFormTest = SettingsLargeFontDesktop;
+
+TEST_F(SettingsLargeFontFormTest, aFormWiderThanTheWindowScrollsSideways) {
+    setFont(40);
+    openAt(leastSize);
+    EXPECT_GT(view().widget()->width(), view().viewport()->width());
+    expectNoTextIsCut();
+    expectAllControlsInReach();
+}
+
+TEST_F(SettingsLargeFontFormTest, rowsThatComeBackAreInReachAtOnce) {
+    setFont(24);
+    openAt(leastSize);
+    const int height = view().widget()->height();
+    clickOn(switchIn("LEFT", "Show a Dock on this screen"));
+    EXPECT_LT(view().widget()->height(), height);
+    clickOn(switchIn("LEFT", "Show a Dock on this screen"));
+    EXPECT_EQ(view().widget()->height(), height);
+    expectNoTextIsCut();
+    expectAllControlsInReach();
+}
+
+TEST_F(SettingsLargeFontFormTest, aFormFromRightToLeftCutsNothing) {
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    setFont(24);
+    openAt(leastSize);
+    expectNoTextIsCut();
+    expectAllControlsInReach();
+    const auto& memory = switchIn("RAM on Dock", "Show which apps are eating memory");
+    EXPECT_LT(memory.mapTo(&view(), memory.rect().center()).x(), view().width() / 2);
+    const auto& glass = control<StyleTile>("LEFT", "Glass");
+    const auto& pill = control<StyleTile>("LEFT", "Pill");
+    EXPECT_GT(glass.x(), pill.x());
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
 std::string nameOf(const testing::TestParamInfo<PointsAndSize>& tested) {
     const auto& [points, size] = tested.param;
     return std::to_string(static_cast<int>(points)) + "ptAt" + std::to_string(size.width());
 }
 
 INSTANTIATE_TEST_SUITE_P(SettingsFonts, SettingsLargeFontTest,
-                         testing::Combine(testing::Values(12.0, 16.0),
+                         testing::Combine(testing::Values(12.0, 16.0, 24.0),
                                           testing::Values(defaultSize, leastSize)),
                          nameOf);
 
