@@ -40,6 +40,24 @@ void prepare(FakePlatform& system, DockManager& manager, const SettingsExhibit& 
     });
 }
 
+/// The application's font, for as long as the picture is drawn.
+class FontOf {
+public:
+    explicit FontOf(const SettingsExhibit& exhibit) : m_usual(QApplication::font()) {
+        if (exhibit.points > 0) {
+            QFont font = settingsFont();
+            font.setPointSizeF(exhibit.points);
+            QApplication::setFont(font);
+        }
+    }
+    ~FontOf() { QApplication::setFont(m_usual); }
+    FontOf(const FontOf&) = delete;
+    FontOf& operator=(const FontOf&) = delete;
+
+private:
+    QFont m_usual;
+};
+
 } // namespace
 
 std::vector<SettingsExhibit> settingsExhibits() {
@@ -53,6 +71,12 @@ std::vector<SettingsExhibit> settingsExhibits() {
         all.push_back({.name = name + "-end", .shade = shade, .scrolled = true, .partlyOff = true});
         all.push_back({.name = name + "-focus", .shade = shade, .scale = 2, .tabs = 3});
     }
+    for (const int points : {12, 16, 24}) {
+        all.push_back({.name = "light-" + std::to_string(points) + "pt",
+                       .form = SettingsWindow::Form::welcome,
+                       .points = static_cast<double>(points),
+                       .whole = true});
+    }
     return all;
 }
 
@@ -64,6 +88,7 @@ QFont settingsFont() {
 }
 
 QImage settingsPicture(const SettingsExhibit& exhibit) {
+    const FontOf font(exhibit);
     QApplication::setPalette(paletteOf(exhibit.shade));
     FakePlatform system;
     system.screens().connected = {screenNamed("Built-in Display", QRectF(0, 0, 1280, 900)),
@@ -74,6 +99,10 @@ QImage settingsPicture(const SettingsExhibit& exhibit) {
     settings.show(exhibit.form);
     QApplication::processEvents();
     auto& window = *qobject_cast<QScrollArea*>(settings.window());
+    if (exhibit.whole) {
+        window.resize(window.width(), window.widget()->height());
+        QApplication::processEvents();
+    }
     if (exhibit.scrolled) {
         window.verticalScrollBar()->setValue(window.verticalScrollBar()->maximum());
     }

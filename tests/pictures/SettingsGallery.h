@@ -23,6 +23,10 @@ struct SettingsExhibit {
     bool partlyOff = false;
     /// How often the tabulator was pressed; 0 shows no focus.
     int tabs = 0;
+    /// The size of the desktop's font; 0 is that of `settingsFont`.
+    double points = 0;
+    /// The window shows its whole form, however high; else it has its first size.
+    bool whole = false;
 };
 
 [[nodiscard]] std::vector<SettingsExhibit> settingsExhibits();
@@ -30,8 +34,9 @@ struct SettingsExhibit {
 /// The application's font for the pictures: the same on every machine.
 [[nodiscard]] QFont settingsFont();
 
-/// What the window of its first size shows of a form with two screens, at device pixels, without the window
-/// manager's frame. The palette is set for the whole application.
+/// What the window shows of a form with two screens, at device pixels, without the window manager's frame.
+/// The palette is set for the whole
+/// application.
 [[nodiscard]] QImage settingsPicture(const SettingsExhibit& exhibit);
 
 } // namespace quillary::test
