@@ -97,6 +97,8 @@ TEST_F(X11PanelShapeTest, clicksOutsideTheRegionReachTheWindowBelow) {
     EXPECT_EQ(below.clicks(), 1);
     panel->setInputRegion(QRegion());
     ASSERT_TRUE(eventually([&] { return shape(XCB_SHAPE_SK_INPUT).isEmpty(); }));
+    // openbox loses a click that comes right after another.
+    settle();
     display.click(QPoint(600, 790));
     EXPECT_TRUE(eventually([&] { return below.clicks() == 2; }));
     EXPECT_EQ(widget->presses, 1);
