@@ -17,9 +17,10 @@ constexpr QSize leastSize(520, 480);
 /// The settings window with the welcome banner and a large desktop font.
 class SettingsLargeFontDesktop : public SettingsDesktop {
 protected:
-    ~SettingsLargeFontDesktop() override {
+    void TearDown() override {
         settings.reset();
         QApplication::setFont(m_usual);
+        SettingsDesktop::TearDown();
     }
 
     static void setFont(double points) {
