@@ -7,7 +7,7 @@
 #include <vector>
 
 // GIO's connection; its headers stay out of ours.
-using GDBusConnection = struct _GDBusConnection; // NOLINT(bugprone-reserved-identifier)
+using GDBusConnection = struct _GDBusConnection; // NOLINT(clang-diagnostic-reserved-identifier)
 
 namespace quillary::SessionBus {
 

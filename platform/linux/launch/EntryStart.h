@@ -8,8 +8,8 @@
 #include <vector>
 
 // GIO's types; its headers stay out of ours.
-using GDesktopAppInfo = struct _GDesktopAppInfo; // NOLINT(bugprone-reserved-identifier)
-using GError = struct _GError;                   // NOLINT(bugprone-reserved-identifier)
+using GDesktopAppInfo = struct _GDesktopAppInfo; // NOLINT(clang-diagnostic-reserved-identifier)
+using GError = struct _GError;                   // NOLINT(clang-diagnostic-reserved-identifier)
 
 namespace quillary {
 

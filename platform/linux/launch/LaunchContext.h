@@ -5,8 +5,8 @@
 #include <string>
 
 // GIO's types; its headers stay out of ours.
-using GAppLaunchContext = struct _GAppLaunchContext; // NOLINT(bugprone-reserved-identifier)
-using GDesktopAppInfo = struct _GDesktopAppInfo;     // NOLINT(bugprone-reserved-identifier)
+using GAppLaunchContext = struct _GAppLaunchContext; // NOLINT(clang-diagnostic-reserved-identifier)
+using GDesktopAppInfo = struct _GDesktopAppInfo;     // NOLINT(clang-diagnostic-reserved-identifier)
 
 namespace quillary {
 

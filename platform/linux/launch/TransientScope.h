@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-using GDBusConnection = struct _GDBusConnection; // NOLINT(bugprone-reserved-identifier)
+using GDBusConnection = struct _GDBusConnection; // NOLINT(clang-diagnostic-reserved-identifier)
 
 namespace quillary {
 
