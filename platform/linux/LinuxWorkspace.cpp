@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
-#include <ranges>
 #include <utility>
 
 #include <glib.h>
@@ -209,10 +208,10 @@ QIcon LinuxWorkspace::icon(const std::string& path) const {
 std::vector<std::uint64_t> LinuxWorkspace::topDown(const WindowApplication& application) const {
     std::vector<std::uint64_t> result;
     const auto stack = m_windows.stackingOrder();
-    std::ranges::copy_if(std::views::reverse(stack), std::back_inserter(result),
-                         [&application](std::uint64_t id) { return contains(application.windows, id); });
-    std::ranges::copy_if(std::views::reverse(application.windows), std::back_inserter(result),
-                         [&stack](std::uint64_t id) { return !contains(stack, id); });
+    std::copy_if(stack.rbegin(), stack.rend(), std::back_inserter(result),
+                 [&application](std::uint64_t id) { return contains(application.windows, id); });
+    std::copy_if(application.windows.rbegin(), application.windows.rend(), std::back_inserter(result),
+                 [&stack](std::uint64_t id) { return !contains(stack, id); });
     return result;
 }
 

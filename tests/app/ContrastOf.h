@@ -14,7 +14,8 @@ namespace quillary::test {
 
 /// The relative luminance of a colour as WCAG 2.1 defines it, 0…1.
 inline double relativeLuminance(const QColor& colour) {
-    const auto linear = [](double part) {
+    const auto linear = [](float share) {
+        const auto part = static_cast<double>(share);
         return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
     };
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +

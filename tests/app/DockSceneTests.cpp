@@ -181,7 +181,8 @@ TEST_F(DockSceneTest, aLabelWiderThanThePanelIsCutToIt) {
 TEST_F(DockSceneTest, aCutLabelEndsWithinTheWindow) {
     texts.labelWidth = [](const QString&) { return 500.0; };
     shape(DockEdge::bottom, Magnification::big);
-    for (double size = 20; size < 60; size += 0.7) {
+    for (int step = 0; step < 58; ++step) {
+        const double size = 20 + 0.7 * step;
         configure([size](DockConfig& config) { config.iconSize = size; });
         const DockGeometry geometry = model().row().geometry;
         state.mouseAxis = geometry.rowOffset() + geometry.restCenters[0];

@@ -124,7 +124,8 @@ TEST_F(DockViewTest, theLabelNamesTheHoveredItemAtEveryMomentOfEnteringAndLeavin
         const auto& label = view->scene().label;
         return label ? "/" + label->text.toStdString() + ".app" : std::string();
     };
-    for (double along = geometry.rowOffset(); along < geometry.rowOffset() + geometry.restLen; along += 2) {
+    for (int step = 0; 2 * step < geometry.restLen; ++step) {
+        const double along = geometry.rowOffset() + 2 * step;
         model().setMouse(geometry.point(along, 40));
         // By the centres that magnification leads to.
         const auto scales = geometry.scales(along, model().cells());
