@@ -11,7 +11,7 @@
 namespace quillary {
 
 std::optional<std::string> readBoundedFile(const std::filesystem::path& path, std::size_t limit) {
-    // One byte more than allowed is asked for, to tell a file at the limit from a larger one.
+    // One byte more than allowed is read, to distinguish a file at the limit from a larger one.
     auto content = readFileStart(path, limit + 1);
     return content && content->size() <= limit ? std::move(content) : std::nullopt;
 }

@@ -18,7 +18,7 @@ const QImage& LabelText::image(const Look& look) {
     painter.setFont(look.font);
     const QRectF room(QPointF(), QSizeF(look.room) / look.ratio);
     // The padding at both sides leaves room for letters that reach beyond their width. A name is cut in its
-    // middle: its end may hold a memory figure or tell it from similar ones.
+    // middle: its end may hold a memory figure or the part that differs.
     const QString text =
         look.cut ? QFontMetricsF(look.font).elidedText(look.text, Qt::ElideMiddle, room.width() - 4)
                  : look.text;

@@ -7,7 +7,7 @@
 namespace quillary {
 
 /// The desktop environment of the session, by the names that XDG_CURRENT_DESKTOP lists: strings separated by
-/// colons, the most specific first (Desktop Entry Specification, "Recognized desktop entry keys",
+/// colons, the most specific first (Desktop Entry standard, "Recognized desktop entry keys",
 /// OnlyShowIn).
 class CurrentDesktop {
 public:

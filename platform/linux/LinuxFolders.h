@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <vector>
 
-/// The folders of the user and of the system (XDG Base Directory Specification). Paths in the variables must
+/// The folders of the user and of the system (XDG Base Directory standard). Paths in the variables must
 /// be absolute: a relative one counts as not set. The environment is read at each call, and nothing here
 /// looks at the file system, so a folder need not exist.
 namespace quillary::LinuxFolders {

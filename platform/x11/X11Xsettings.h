@@ -6,7 +6,7 @@
 
 namespace quillary {
 
-/// The icon theme that the screen's XSETTINGS manager names ("Net/IconThemeName", XSETTINGS specification
+/// The icon theme that the screen's XSETTINGS manager names ("Net/IconThemeName", XSETTINGS standard
 /// 0.5), valid UTF-8 otherwise untrusted. Empty when no manager runs or it names none. Four round trips.
 [[nodiscard]] std::string xsettingsIconTheme(X11Connection& connection);
 

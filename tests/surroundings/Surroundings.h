@@ -10,7 +10,7 @@ namespace quillary::test {
 /// any static object is made, so it also holds for a program started by hand and for the listing of its
 /// tests:
 ///
-/// - HOME and the folders of the XDG base directory specification lie in a new folder (mode 0700 each), which
+/// - HOME and the folders of the XDG Base Directory standard lie in a new folder (mode 0700 each), which
 ///   the process that made it removes at its exit; children that it forks do not;
 /// - both buses have addresses at which nothing listens, so that no library launches one;
 /// - there is no display, desktop, theme, input method or plugin folder, and the locale is C.UTF-8;

@@ -13,7 +13,7 @@
 
 namespace quillary {
 
-/// The values of a file of groups and keys (Desktop Entry Specification, "Basic format of the file"). Texts
+/// The values of a file of groups and keys (Desktop Entry standard, "Basic format of the file"). Texts
 /// are UTF-8 with escapes decoded. A key that is absent or damaged reads as an empty or false value.
 class KeyFile {
 public:

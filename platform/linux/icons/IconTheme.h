@@ -8,7 +8,7 @@ namespace quillary {
 class CurrentDesktop;
 }
 
-/// Which icon theme the program shows (Icon Theme Specification).
+/// Which icon theme the program shows (Icon Theme standard).
 namespace quillary::IconTheme {
 
 /// Sets Qt's icon theme: the first that is installed of the one the session names, the one Qt found itself,

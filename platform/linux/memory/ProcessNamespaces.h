@@ -4,7 +4,7 @@
 
 namespace quillary {
 
-/// The namespaces that tell containers apart (namespaces(7)), as /proc names them: "pid:[4026531836]".
+/// The namespaces that distinguish containers (namespaces(7)), as /proc names them: "pid:[4026531836]".
 /// Empty when they may not be read.
 struct ProcessNamespaces {
     std::string pid;

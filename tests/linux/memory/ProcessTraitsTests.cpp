@@ -14,7 +14,7 @@ TEST(ProcessTraits, folderOfAnApplicationIsWhereItWasInstalled) {
     EXPECT_EQ(installFolder("/home/ann/.local/share/Steam/ubuntu12_32/steam"),
               "/home/ann/.local/share/Steam/ubuntu12_32");
     EXPECT_EQ(installFolder("/home/ann/Downloads/godot/godot"), "/home/ann/Downloads/godot");
-    EXPECT_EQ(installFolder("/home/ann/work/Downloads/tool"), "/home/ann/work/Downloads");
+    EXPECT_EQ(installFolder("/home/ann/tools/Downloads/tool"), "/home/ann/tools/Downloads");
     EXPECT_EQ(installFolder("/tmp/.mount_Foo1234/foo"), "/tmp/.mount_Foo1234");
     EXPECT_EQ(installFolder("/snap/firefox/123/usr/lib/firefox/firefox"),
               "/snap/firefox/123/usr/lib/firefox");
